@@ -1,0 +1,1 @@
+// Stands in for a floor that holds headers only.

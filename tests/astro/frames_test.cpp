@@ -1,0 +1,276 @@
+#include "astro/frames.h"
+
+#include "astro/angles.h"
+#include "astro/calendar.h"
+#include "astro/time_scales.h"
+
+#include <gtest/gtest.h>
+
+#include <algorithm>
+#include <cmath>
+#include <numbers>
+
+namespace {
+
+constexpr double pi = std::numbers::pi;
+constexpr double radPerArcsec = pi / 648000.0;
+
+void expectNear(const Vec3& a, const Vec3& b, double tolerance)
+{
+    for (unsigned i = 0; i < 3; ++i)
+        EXPECT_NEAR(a[i], b[i], tolerance) << i;
+}
+
+/// The largest difference of two elements.
+double distance(const Mat3& a, const Mat3& b)
+{
+    double most = 0;
+    for (int i = 0; i < 3; ++i)
+        for (int j = 0; j < 3; ++j)
+            most = std::max(most, std::abs(a.m[i][j] - b.m[i][j]));
+    return most;
+}
+
+struct NutationCase
+{
+    double mjd;                   // TT
+    double eps0;                  // mean obliquity, radians
+    double dpsi, deps;            // arc seconds
+    double dpsiShort, depsShort;  // arc seconds
+};
+
+// ERFA 2.0: eraObl80, eraNut80 (all 106 terms of the IAU 1980 series), and for the short form the five largest terms of
+// that series with the arguments eraFalp03, eraFaf03, eraFad03, eraFaom03.
+constexpr NutationCase nutationCases[] = {
+    {33282, 0.4092062852, -3.305539, 8.316123, -3.2506, 8.3158},
+    {36934.25, 0.4091835910, 0.315980, -9.854720, 0.2662, -9.8530},
+    {41317.5, 0.4091563542, 14.306633, 4.883080, 14.1645, 4.8881},
+    {44239, 0.4091382002, -7.845822, -8.791977, -7.9264, -8.7970},
+    {46895.80625, 0.4091216910, -3.866770, 9.465100, -3.8045, 9.4874},
+    {48622.75, 0.4091109599, 17.255078, 1.019068, 17.1578, 1.0609},
+    {51544.5, 0.4090928042, -13.923385, -5.773808, -14.0315, -5.7669},
+    {53736, 0.4090791863, -1.989147, 8.374456, -1.9881, 8.4045},
+    {55197.375, 0.4090701053, 16.510535, 2.834327, 16.4822, 2.8474},
+    {58138, 0.4090518323, -10.833290, -6.872701, -10.8489, -6.8415},
+    {61041.625, 0.4090337893, 5.545617, 8.039039, 5.5525, 8.0702},
+    {69807.5, 0.4089793187, 15.157630, -5.349386, 15.1346, -5.2963},
+};
+
+/// The matrix element by element, as in the Explanatory Supplement to the Astronomical Almanac (1992), 3.222-4.
+///
+/// @param dpsi, deps  arc seconds
+Mat3 supplementNutation(double eps0, double dpsi, double deps)
+{
+    const double sinPsi = std::sin(dpsi * radPerArcsec), cosPsi = std::cos(dpsi * radPerArcsec);
+    const double sin0 = std::sin(eps0), cos0 = std::cos(eps0);
+    const double sinE = std::sin(eps0 + deps * radPerArcsec), cosE = std::cos(eps0 + deps * radPerArcsec);
+    Mat3 m;
+    m.assign(cosPsi, -sinPsi * cos0, -sinPsi * sin0,                                                 //
+             sinPsi * cosE, cosPsi * cosE * cos0 + sinE * sin0, cosPsi * cosE * sin0 - sinE * cos0,  //
+             sinPsi * sinE, cosPsi * sinE * cos0 - cosE * sin0, cosPsi * sinE * sin0 + cosE * cos0);
+    return m;
+}
+
+/// The deviation of `nutmat` from published angles, arc seconds. Those of the matrix and of the equation of the
+/// equinoxes, whichever is larger.
+double nutationDeviation(const NutationCase& c, bool full, double dpsi, double deps)
+{
+    double eqeq = 0;
+    const Mat3 N = nutmat(julcent(c.mjd), eqeq, full);
+    const double equinoxes = std::cos(c.eps0 + deps * radPerArcsec) * dpsi;
+    return std::max(distance(N, supplementNutation(c.eps0, dpsi, deps)) / radPerArcsec,
+                    std::abs(15 * eqeq - equinoxes));
+}
+
+TEST(Frames, FullNutationIsTheSeriesWithoutItsSmallTerms)
+{
+    double sum = 0;
+    for (const NutationCase& c : nutationCases) {
+        const double deviation = nutationDeviation(c, true, c.dpsi, c.deps);
+        EXPECT_LT(deviation, 0.009) << c.mjd;  // 56 terms of 0.0001 to 0.0007 are left out
+        sum += deviation;
+    }
+    EXPECT_LT(sum, std::size(nutationCases) * 0.003);
+}
+
+TEST(Frames, ShortNutationIsTheFiveLargestTerms)
+{
+    double sum = 0;
+    for (const NutationCase& c : nutationCases) {
+        // 0.0174 a century in the largest amplitude, and amplitudes to the nearest 0.001
+        const double deviation = nutationDeviation(c, false, c.dpsiShort, c.depsShort);
+        EXPECT_LT(deviation, 0.012) << c.mjd;
+        EXPECT_LT(nutationDeviation(c, false, c.dpsi, c.deps), 0.35) << c.mjd;
+        sum += deviation;
+    }
+    EXPECT_LT(sum, std::size(nutationCases) * 0.004);
+}
+
+TEST(Frames, NutationIsARotation)
+{
+    for (const bool full : {false, true}) {
+        double eqeq = 0;
+        const Mat3 N = nutmat(-0.73, eqeq, full);
+        EXPECT_LT(distance(N * mxtrn(N), mxidn()), 1e-15);
+    }
+}
+
+struct PrecessionCase
+{
+    double from, to;  // MJD, TT
+    Mat3 matrix;
+};
+
+// eraPrec76 of ERFA 2.0 turned by eraRz, eraRy, eraRz.
+// clang-format off
+const PrecessionCase precessionCases[] = {
+    {51544.5, 33282,
+     {0.9999257085750, 0.0111788912834, 0.0048589834755,
+      -0.0111788912947, 0.9999375138737, -0.0000271576986,
+      -0.0048589834495, -0.0000271623670, 0.9999881947013}},
+    {51544.5, 58138,
+     {0.9999903130849, -0.0040369498955, -0.0017540729424,
+      0.0040369498953, 0.9999918514783, -0.0000035406793,
+      0.0017540729428, -0.0000035404596, 0.9999984616066}},
+    {33282, 58138,
+     {0.9998623707442, -0.0152154330109, -0.0066128789595,
+      0.0152154329720, 0.9998842373333, -0.0000503182559,
+      0.0066128790491, -0.0000503064859, 0.9999781334109}},
+    {58138, 41317.5,
+     {0.9999369661703, 0.0102974978080, 0.0044749553148,
+      -0.0102974978161, 0.9999469790984, -0.0000230393236,
+      -0.0044749552961, -0.0000230429712, 0.9999899870719}},
+    {51544.5, 69807.5,
+     {0.9999256716792, -0.0111825826334, -0.0048580821857,
+      0.0111825826221, 0.9999374725991, -0.0000271662968,
+      0.0048580822118, -0.0000271616278, 0.9999881990801}},
+};
+// clang-format on
+
+TEST(Frames, PrecessionAgreesWithIau1976)
+{
+    for (const PrecessionCase& c : precessionCases) {
+        const double T1 = julcent(c.from), dT = julcent(c.to) - T1;
+        // 13 digits in the table, and 0.000345 for the 0.000344 of the resolution in a term of T1 dT dT
+        const double tolerance = 1e-13 + 1e-6 * radPerArcsec * std::abs(T1) * dT * dT;
+        EXPECT_LT(distance(pmatequ(T1, T1 + dT), c.matrix), tolerance) << c.from << ' ' << c.to;
+    }
+    EXPECT_LT(distance(pmatequ(0.18, 0.18), mxidn()), 1e-300);
+}
+
+TEST(Frames, TheEclipticPoleLiesBackFromTheEquatorialOneByTheObliquity)
+{
+    for (const NutationCase& c : nutationCases)
+        expectNear(eclequ(julcent(c.mjd), {0, 0, 1}), {0, -std::sin(c.eps0), std::cos(c.eps0)}, 1e-10);
+}
+
+struct AberrationCase
+{
+    double mjd;
+    Vec3 velocity;  // of the Earth, in units of the speed of light, mean equator of date
+};
+
+// eraEpv00 (barycentric) and eraPmat76 of ERFA 2.0.
+const AberrationCase aberrationCases[] = {
+    {33373, {1.849e-05, -8.957e-05, -3.884e-05}},     {44321.3, {3.323e-06, -9.135e-05, -3.961e-05}},
+    {48622.75, {-9.932e-05, -1.703e-05, -7.386e-06}}, {53920.6, {9.536e-05, 1.942e-05, 8.422e-06}},
+    {58138, {-8.783e-05, -4.576e-05, -1.983e-05}},    {61132.9, {2.103e-05, -8.909e-05, -3.862e-05}},
+};
+
+TEST(Frames, AberrationIsTheVelocityOfTheEarthOnACircle)
+{
+    for (const AberrationCase& c : aberrationCases) {
+        const Vec3 r(0.6, -0.8, 2.4);  // 2.6 long
+        // the eccentricity of the orbit, 0.0167 of 20.5 arc seconds, and 0.05 for the pull of the planets on the Sun
+        expectNear((aberrat(julcent(c.mjd), r) - r) / 2.6, c.velocity, 0.4 * radPerArcsec);
+    }
+}
+
+struct PlaceCase
+{
+    double lat, lon, h;  // radians, metres
+    Vec3 earthFixed;     // equatorial Earth radii
+};
+
+// eraGd2gce of ERFA 2.0, with the flattening that belongs to 0.00669438499959.
+const PlaceCase placeCases[] = {
+    {0.8441, -0.2, 0, {0.6523811932195, -0.1322442148427, 0.7437621089937}},
+    {-0.9, 2.5, 1500, {-0.4991419482538, 0.3728701648327, -0.7798702380929}},
+    {1.2, -2.9, -400, {-0.3528396659265, -0.0869415968915, 0.9284449471861}},
+    {0.1, 1, 8848, {0.5383667643295, 0.8384565574642, 0.0993068944856}},
+    {0, 0, 0, {1, 0, 0}},
+    {pi / 2, 0, 0, {0, 0, 0.996647186822}},
+};
+
+TEST(Frames, GeoPosLiesOnTheEllipsoid)
+{
+    const double mjd = 58138.37, eqeq = -0.66;
+    const Mat3 toEarth = zrot(lsidtim(mjd, 0, eqeq) * pi / 12);
+    for (const PlaceCase& c : placeCases) {
+        expectNear(mxvct(toEarth, GeoPos(mjd, eqeq, c.lat, c.lon, c.h)), c.earthFixed, 1e-12);
+        expectNear(mxvct(toEarth, GeoPos(mjd, eqeq, c.lat, c.lon, c.h, 0, 0)), c.earthFixed, 1e-12);
+    }
+}
+
+TEST(Frames, PolarMotionMovesTheObserver)
+{
+    // eraGd2gce, eraPom00 transposed, eraGmst82 - 0.5 s of ERFA 2.0; sidereal time differs by 8e-6 s at most
+    expectNear(GeoPos(58138.0, -0.5, -0.9, 2.5, 1500, 0.25, -0.4),
+               {-0.080635378832, -0.617796863248, -0.779870119978}, 6e-10);
+    EXPECT_EQ(distance(PoleMx(0, 0), mxidn()), 0);
+}
+
+TEST(Frames, HorizonAxesPointSouthEastAndUp)
+{
+    const double mjd = 58138.37, lat = 0.85, lon = 0.2;
+    const double S = lsidtim(mjd, lon * 180 / pi, 0) * pi / 12;
+    expectNear(EquHor(mjd, 0, lat, lon, {0, 0, 1}), {-std::cos(lat), 0, std::sin(lat)}, 1e-15);
+    expectNear(EquHor(mjd, 0, lat, lon, polcar({1, S + pi / 2, 0})), {0, 1, 0}, 1e-15);
+    expectNear(EquHor(mjd, 0, lat, lon, polcar({1, S, lat})), {0, 0, 1}, 1e-15);
+    const Vec3 r(0.3, -1.2, 0.7);
+    expectNear(HorEqu(mjd, 0.4, lat, lon, EquHor(mjd, 0.4, lat, lon, r)), r, 1e-15);
+}
+
+TEST(Frames, AppPosOfADirection)
+{
+    // Venus from Washington: Meeus, Astronomical Algorithms (2nd ed.), example 13.b; azimuth there from the south
+    const double mjd = 46895.80625, eqeq = -0.2317;
+    const double lat = ddd(38, 55, 17) * pi / 180, lon = -ddd(77, 3, 56) * pi / 180;
+    const Vec3 venus = polcar({1, ddd(23, 9, 16.641) * pi / 12, -ddd(6, 43, 11.61) * pi / 180});
+    double az = 0, el = 0, dist = 0;
+    AppPos(mjd, eqeq, lat, lon, 30, 0, venus, az, el, dist);
+    EXPECT_NEAR(az * 180 / pi, 68.0337 + 180 - 360, 1e-4);
+    EXPECT_NEAR(el * 180 / pi, 15.1249, 1e-4);
+    EXPECT_NEAR(dist, 1, 1e-15);
+
+    double ra = 0, dec = 0;
+    AppRADec(mjd, eqeq, lat, lon, az, el, ra, dec);
+    EXPECT_NEAR(ra, ddd(23, 9, 16.641) * pi / 12, 1e-14);
+    EXPECT_NEAR(dec, -ddd(6, 43, 11.61) * pi / 180, 1e-14);
+}
+
+TEST(Frames, AppPosTakesTheObserverOff)
+{
+    // Mars from Palomar on 2003 August 28, 3:17 UT: Meeus, example 40.a. One AU in radii of the Earth.
+    const double mjd = ::mjd(28, 8, 2003, 3 + 17.0 / 60), distance = 0.37276 * 149597870 / 6378.137;
+    const double lat = ddd(33, 21, 22) * pi / 180, lon = -116.8625 * pi / 180;
+    const Vec3 mars = polcar({distance, 339.530208 * pi / 180, -15.771083 * pi / 180});
+    double az = 0, el = 0, dist = 0, ra = 0, dec = 0;
+    AppPos(mjd, -0.9, lat, lon, 1706, 1, mars, az, el, dist);
+    AppRADec(mjd, -0.9, lat, lon, az, el, ra, dec);
+    EXPECT_NEAR(ra * 12 / pi, ddd(22, 38, 8.54), 0.01 / 3600);
+    EXPECT_NEAR(dec * 180 / pi, -ddd(15, 46, 30.0), 0.1 / 3600);
+    EXPECT_LT(dist, distance);
+}
+
+TEST(Frames, TheZenithIsNinetyDegreesHigh)
+{
+    const double lat = -0.4, lon = 1.9;
+    const Vec3 zenith = HorEqu(51000.2, 0.3, lat, lon, {0, 0, 5});
+    double az = 0, el = 0, dist = 0;
+    AppPos(51000.2, 0.3, lat, lon, 0, 0, zenith, az, el, dist);
+    EXPECT_NEAR(el, pi / 2, 3e-8);  // the arc tangent near its end: the root of the resolution
+    EXPECT_NEAR(dist, 5, 1e-14);
+}
+
+}  // namespace

@@ -1,0 +1,129 @@
+#include "astro/mat3.h"
+#include "astro/vec3.h"
+
+#include <gtest/gtest.h>
+
+#include <numbers>
+
+namespace {
+
+constexpr double pi = std::numbers::pi;
+
+void expectNear(const Vec3& a, const Vec3& b, double tolerance)
+{
+    for (unsigned i = 0; i < 3; ++i)
+        EXPECT_NEAR(a[i], b[i], tolerance) << i;
+}
+
+void expectEqual(const Mat3& a, const Mat3& b)
+{
+    for (int i = 0; i < 3; ++i)
+        for (int j = 0; j < 3; ++j)
+            EXPECT_DOUBLE_EQ(a.m[i][j], b.m[i][j]) << i << j;
+}
+
+TEST(Vec3, AnIndexAboveTwoAddressesTheFirstElement)
+{
+    Vec3 v(1, 2, 3);
+    v[7] = 5;
+    EXPECT_EQ(v[0], 5);
+    EXPECT_EQ(v[3], 5);
+    EXPECT_EQ(v[2], 3);
+}
+
+TEST(Vec3, Arithmetic)
+{
+    const Vec3 a(1, 2, 3), b(-4, 5, 0.5);
+    expectNear(a + b, {-3, 7, 3.5}, 0);
+    expectNear(a - b, {5, -3, 2.5}, 0);
+    expectNear(a * b, {-14, -12.5, 13}, 0);
+    expectNear(2.0 * a, {2, 4, 6}, 0);
+    expectNear(a * 2.0, {2, 4, 6}, 0);
+    EXPECT_EQ(dot(a, b), 7.5);
+    EXPECT_EQ(abs(Vec3(2, 3, 6)), 7);
+    Vec3 c = a;
+    c += b;
+    c -= a;
+    c *= 3;
+    expectNear(c, {-12, 15, 1.5}, 0);
+    c /= 3;
+    expectNear(c, b, 1e-15);
+}
+
+TEST(Vec3, DivisorsBelowTheGuardGiveZero)
+{
+    const Vec3 v(1, 2, 3);
+    for (const double divisor : {0.0, 9e-101, -2.0}) {
+        expectNear(v / divisor, {0, 0, 0}, 0);
+        Vec3 w = v;
+        w /= divisor;
+        expectNear(w, {0, 0, 0}, 0);
+    }
+    expectNear(v / 1e-100, {1e100, 2e100, 3e100}, 1e85);
+    expectNear(vnorm({0, 0, 0}), {0, 0, 0}, 0);
+    expectNear(vnorm({0, -5, 0}), {0, -1, 0}, 1e-16);
+}
+
+struct PolarCase
+{
+    Vec3 cartesian, polar;
+};
+
+const PolarCase polarCases[] = {
+    {{0, 0, 0}, {0, 0, 0}},      {{-1, 0, 0}, {1, pi, 0}},      {{0, -1, 0}, {1, 1.5 * pi, 0}},
+    {{0, 0, 1}, {1, 0, pi / 2}}, {{0, 0, -2}, {2, 0, -pi / 2}}, {{1, 1, -std::numbers::sqrt2}, {2, pi / 4, -pi / 4}},
+};
+
+TEST(Vec3, CartesianAndPolar)
+{
+    for (const PolarCase& c : polarCases) {
+        expectNear(carpol(c.cartesian), c.polar, 1e-15);
+        expectNear(polcar(c.polar), c.cartesian, 4e-16);
+    }
+}
+
+TEST(Vec3, Atan20StaysAboveMinusPi)
+{
+    EXPECT_EQ(atan20(0.0, 0.0), 0.0);
+    EXPECT_EQ(atan20(-0.0, -0.0), 0.0);
+    EXPECT_EQ(atan20(0.0, -0.0), 0.0);
+    EXPECT_EQ(atan20(-0.0, -1.0), pi);
+    EXPECT_EQ(atan20(-1.0, 0.0), -pi / 2);
+}
+
+TEST(Mat3, RotationsTurnTheFrame)
+{
+    const double a = 0.3, c = std::cos(a), s = std::sin(a);
+    const Vec3 x(1, 0, 0), y(0, 1, 0), z(0, 0, 1);
+    expectNear(mxvct(zrot(a), x), {c, -s, 0}, 0);
+    expectNear(mxvct(zrot(a), y), {s, c, 0}, 0);
+    expectNear(mxvct(xrot(a), y), {0, c, -s}, 0);
+    expectNear(mxvct(xrot(a), z), {0, s, c}, 0);
+    expectNear(mxvct(yrot(a), z), {-s, 0, c}, 0);
+    expectNear(mxvct(yrot(a), x), {c, 0, s}, 0);
+}
+
+TEST(Mat3, MultipliesInPlaceFromTheLeft)
+{
+    Mat3 A = xrot(0.4);
+    A *= zrot(1.1);
+    expectEqual(A, zrot(1.1) * xrot(0.4));
+    Mat3 square(1, 2, 3, 4, 5, 6, 7, 8, 10);
+    square *= square;
+    expectEqual(square, {30, 36, 45, 66, 81, 102, 109, 134, 169});
+}
+
+TEST(Mat3, PutMijCountsFromOneAndStoresNothingOutside)
+{
+    Mat3 A = mxcon(2);
+    for (const int wrong : {0, 4, -1}) {
+        A.PutMij(9, wrong, 1);
+        A.PutMij(9, 1, wrong);
+    }
+    A.PutMij(7, 1, 3);
+    expectEqual(A, {2, 2, 7, 2, 2, 2, 2, 2, 2});
+    expectEqual(mxtrn(A), {2, 2, 2, 2, 2, 2, 7, 2, 2});
+    expectEqual(A * mxidn(), A);
+}
+
+}  // namespace

@@ -1,0 +1,78 @@
+// The floors of the house: a file includes only its own floor and floors below.
+
+#include <algorithm>
+#include <filesystem>
+#include <fstream>
+#include <map>
+#include <set>
+#include <string>
+
+#include <gtest/gtest.h>
+
+namespace {
+
+namespace fs = std::filesystem;
+
+const std::map<std::string, std::set<std::string>>& mayInclude()
+{
+    static const std::map<std::string, std::set<std::string>> table = [] {
+        std::map<std::string, std::set<std::string>> t;
+        std::set<std::string> below;
+        for (const char* floor : {"astro", "app/record", "orbit", "engine", "elements", "engine/scan"}) {
+            below.insert(floor);
+            t[floor] = below;
+        }
+        for (const char* side : {"reports", "design"}) {
+            t[side] = below;
+            t[side].insert(side);
+        }
+        below.insert({"reports", "design"});
+        for (const char* floor : {"dialogs", "view", "app"}) {
+            below.insert(floor);
+            t[floor] = below;
+        }
+        return t;
+    }();
+    return table;
+}
+
+TEST(House, NoFileIncludesAFloorAboveItsOwn)
+{
+    int includes = 0;
+    for (const auto& [floor, allowed] : mayInclude()) {
+        if (!fs::exists(fs::path(SOURCE_DIR) / floor))
+            continue;
+        for (const auto& entry : fs::directory_iterator(fs::path(SOURCE_DIR) / floor)) {
+            const fs::path& file = entry.path();
+            if (file.extension() != ".h" && file.extension() != ".cpp")
+                continue;
+            std::ifstream in(file);
+            for (std::string line; std::getline(in, line);) {
+                const std::string start = "#include \"";
+                if (line.rfind(start, 0) != 0)
+                    continue;
+                const std::string name = line.substr(start.size(), line.rfind('"') - start.size());
+                const std::size_t slash = name.rfind('/');
+                if (slash == std::string::npos)
+                    continue;  // a file that the build makes, in its own folder
+                ++includes;
+                EXPECT_TRUE(allowed.contains(name.substr(0, slash))) << file << " includes " << name;
+            }
+        }
+    }
+    EXPECT_GE(includes, 20);  // the walk has seen the house
+}
+
+TEST(House, TheLowestFloorKnowsNeitherQtNorFiles)
+{
+    for (const auto& entry : fs::directory_iterator(fs::path(SOURCE_DIR) / "astro")) {
+        std::ifstream in(entry.path());
+        for (std::string line; std::getline(in, line);) {
+            EXPECT_EQ(line.rfind("#include <Q", 0), std::string::npos) << entry.path() << ": " << line;
+            EXPECT_EQ(line.rfind("#include <cstdio>", 0), std::string::npos) << entry.path() << ": " << line;
+            EXPECT_EQ(line.rfind("#include <fstream>", 0), std::string::npos) << entry.path() << ": " << line;
+        }
+    }
+}
+
+}  // namespace
