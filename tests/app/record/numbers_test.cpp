@@ -1,0 +1,122 @@
+#include "app/record/numbers.h"
+
+#include "scratch_dir.h"
+
+#include "app/record/files.h"
+
+#include <gtest/gtest.h>
+
+namespace {
+struct NumberCase
+{
+    const char* text;
+    double value;
+};
+
+constexpr NumberCase numberCases[] = {
+    {"51.6416", 51.6416}, {"  -.00002182", -2.182e-5},
+    {".5", 0.5},          {"1.5E-3", 1.5e-3},
+    {"12.25\n", 12.25},   {"7.0 \r\n", 7.0},
+    {"+3", 3.0},          {"", 0.0},
+    {"\n", 0.0},          {"   ", 0.0},
+    {"1,5", 0.0},         {"12x", 0.0},
+    {"nan", 0.0},         {"inf", 0.0},
+    {"-INF", 0.0},        {"1e999", 0.0},
+    {"0x10", 0.0},        {"1.2.3", 0.0},
+    {"1e300", 1e300},     {"\xff\xfe", 0.0},
+};
+
+TEST(Atof, TakesWholeTextsOnlyAndNeverThoseThatAreNoNumbers)
+{
+    for (const NumberCase& c : numberCases) {
+        SCOPED_TRACE(c.text);
+        EXPECT_EQ(Atof(c.text), c.value);
+    }
+}
+
+TEST(Atof, ReadsPointsUnderALocaleOfCommas)
+{
+    const CommaLocale comma;
+    if (!comma.present)
+        GTEST_SKIP() << "no de_DE.UTF-8 on this machine";
+    EXPECT_EQ(Atof("1.5"), 1.5);
+    EXPECT_EQ(Atof("1,5"), 0.0);
+}
+
+TEST(WholeNumber, ReadsLeadingDigitsAndStopsAtTheRange)
+{
+    EXPECT_EQ(wholeNumber("  25544U"), 25544);
+    EXPECT_EQ(wholeNumber("-5"), -5);
+    EXPECT_EQ(wholeNumber("+7 8"), 7);
+    EXPECT_EQ(wholeNumber(" \n"), 0);
+    EXPECT_EQ(wholeNumber("abc"), 0);
+    EXPECT_EQ(wholeNumber("-"), 0);
+    EXPECT_EQ(wholeNumber("2147483648"), 2147483647);
+    EXPECT_EQ(wholeNumber("-99999999999999999999999"), -2147483647 - 1);
+}
+
+struct LineCase
+{
+    const char* what;
+    std::string line;
+    int n;
+    int result;
+    double v[3];  // -1 where nothing is stored
+};
+
+TEST(Fscanf, TakesOneLineOfBlankSeparatedNumbers)
+{
+    const LineCase cases[] = {
+        {"three numbers", "1.5 -2 3e2\n", 3, 1, {1.5, -2, 300}},
+        {"runs of blanks", "   1.5    2   3\n", 3, 1, {1.5, 2, 3}},
+        {"more than asked for", "1 2 3 4 5\n", 2, 1, {1, 2, -1}},
+        {"too few, stored all the same", "1 2\n", 3, 0, {1, 2, -1}},
+        {"a trailing blank leaves the line end as a number", "1 2 \n", 3, 1, {1, 2, 0}},
+        {"a line end alone is a number", "\n", 1, 1, {0, -1, -1}},
+        {"only the blank separates", "1\t2 3\n", 3, 0, {0, 3, -1}},
+        {"no line at all", "", 1, 0, {-1, -1, -1}},
+        {"cut at 79 characters", std::string(75, ' ') + "1 23456 7\n", 2, 1, {1, 23, -1}},
+    };
+    const ScratchDir here;
+    for (const LineCase& c : cases) {
+        SCOPED_TRACE(c.what);
+        ScratchDir::write("line", c.line);
+        const FilePtr file = openForReading("line");
+        double v[3] = {-1, -1, -1};
+        EXPECT_EQ(Fscanf(file.get(), c.n, v), c.result);
+        for (int i = 0; i < 3; ++i)
+            EXPECT_EQ(v[i], c.v[i]);
+    }
+}
+
+TEST(Decdot, SparesTheBracket)
+{
+    char text[] = "1,5 (12,3)";
+    decdot(text);
+    EXPECT_STREQ(text, "1.5 (12,3)");
+    decdot0(text);
+    EXPECT_STREQ(text, "1.5 (12.3)");
+}
+
+TEST(Formatted, WritesPointsUnderALocaleOfCommas)
+{
+    const CommaLocale comma;
+    if (!comma.present)
+        GTEST_SKIP() << "no de_DE.UTF-8 on this machine";
+    char text[32];
+    EXPECT_EQ(formatted(text, "%6.2lf (%3.1lf)", 1.25, 2.5), "  1.25 (2,5)");
+    TextWriter writer(text);
+    writer.add("a,b").addFormatted(" %.1lf", 0.5).addFormatted0("(h):%.1lf", 1.5);
+    EXPECT_STREQ(text, "a,b 0.5(h):1.5");
+}
+
+TEST(Formatted, CutsToTheArray)
+{
+    char text[6];
+    EXPECT_EQ(formatted(text, "%lf", 1e300), "10000");
+    TextWriter writer(text);
+    writer.add("abc").addFormatted("%i", 12345).add("x").addFormatted("%i", 1);
+    EXPECT_EQ(writer.text(), "abc12");
+    EXPECT_STREQ(text, "abc12");
+}
+}  // namespace
