@@ -1,0 +1,38 @@
+// orbit/force_model.h: the right-hand side of the equations of motion of the numeric propagator.
+//
+// SI units. The state is in the mean equator and equinox of date, which is taken as inertial.
+#pragma once
+
+#include "app/record/winp_data.h"
+#include "astro/vec3.h"
+#include "orbit/jacchia.h"
+
+/// The slot that is being integrated.
+extern int nmrksx;
+
+/// Sun and Moon as the force model has them: metres, mean equator of date.
+extern Vec3 spos, mpos;
+
+/// Derivatives of a state (m, m/s) of slot `nmrksx` of `indata`; t in seconds from `cstm` of that slot.
+///
+/// Gravity of degree 20, 15, 10 or 6 by distance, Sun and Moon, radiation pressure with a cylindrical shadow, drag,
+/// lift, thrust. Below the ground the satellite has landed: it turns with the Earth, the derivatives of z and of the
+/// velocity are 0.
+void RKFun(double t, const double* y, double* dy);
+
+/// The same on another record.
+void RKfun(double t, const double* y, double* dy, const WinpData* in);
+
+/// Acceleration by the Earth's gravity field up to degree and order n (0 to 20, others are held there).
+///
+/// @param r  metres, Earth-fixed; within 3e-8 m of the centre it is held off by taking r squared as 1
+/// @param a  receives m/s^2, Earth-fixed
+///
+/// Cunningham, Celest. Mech. 2, 207 (1970); Montenbruck and Gill, Satellite Orbits, 3.2.
+void HarmAcc(const Vec3& r, int n, Vec3& a);
+
+/// Acceleration by a body at s on a satellite at r, relative to the Earth.
+Vec3 ThirdBody(double gm, const Vec3& r, const Vec3& s);
+
+/// Sun (with aberration) and Moon t seconds after `cstm` of slot k: metres, mean equator of date.
+void UpSunMoon(double t, const WinpData* in, int k, Vec3& sun, Vec3& moon);

@@ -1,0 +1,206 @@
+#include "orbit/integrator.h"
+
+#include <gtest/gtest.h>
+
+#include <cmath>
+#include <limits>
+#include <numbers>
+
+namespace {
+
+/// Shows the settings.
+class OpenRKF45 : public RKF45
+{
+public:
+    using RKF45::maxit;
+    using RKF45::relerr;
+    using RKF45::RKF45;
+    using RKF45::tol;
+};
+
+int evaluations = 0;
+
+void growth(double, const double* y, double* dy)
+{
+    ++evaluations;
+    dy[0] = y[0];
+}
+
+void constantRate(double, const double*, double* dy)
+{
+    ++evaluations;
+    dy[0] = 2.0;
+}
+
+void jump(double t, const double*, double* dy)
+{
+    ++evaluations;
+    dy[0] = t < 0.5 ? 1.0 : 2.0;
+}
+
+/// Nothing that a smaller step could smooth.
+void noise(double, const double*, double* dy)
+{
+    ++evaluations;
+    dy[0] = 1.0 + evaluations * evaluations % 7;
+}
+
+void brokenNumber(double, const double*, double* dy)
+{
+    ++evaluations;
+    dy[0] = std::numeric_limits<double>::infinity();
+}
+
+/// Kepler's problem in a plane with GM 1.
+void twoBody(double, const double* y, double* dy)
+{
+    const double r2 = y[0] * y[0] + y[1] * y[1];
+    const double r3 = r2 * std::sqrt(r2);
+    dy[0] = y[2];
+    dy[1] = y[3];
+    dy[2] = -y[0] / r3;
+    dy[3] = -y[1] / r3;
+}
+
+constexpr double tolerances[] = {1e-6, 1e-8, 1e-10, 1e-12};
+
+TEST(Integrator, OneStepOfTheExponentialMeetsItsTolerance)
+{
+    for (const double tol : tolerances)
+        for (const int relative : {0, 1})
+            for (const double h : {0.4, -0.4}) {
+                OpenRKF45 rk(1);
+                rk.SetTolerance(tol, relative);
+                double y = 1.0, t, next;
+                rk.RKF45Step(0.0, h, &y, growth, t, next, &y);
+                EXPECT_GT(t * h, 0);
+                EXPECT_LE(std::abs(t), 0.4);
+                EXPECT_GT(next * h, 0);
+                EXPECT_NEAR(y, std::exp(t), tol * std::exp(t)) << tol << ' ' << h;
+            }
+}
+
+// The step error is of the lower order and so an upper bound; ten revolutions are some hundred to ten thousand steps,
+// and an error in the period grows with the square of their number: ten thousand tolerances, in proportion to it.
+TEST(Integrator, KeplerEllipseComesBackAfterTenRevolutions)
+{
+    constexpr double e = 0.7;
+    const double end = 20.0 * std::numbers::pi;  // ten periods of an ellipse with the axis 1
+    double before = 1.0;
+    for (const double tol : tolerances) {
+        RKF45 rk(4);
+        rk.SetTolerance(tol, 0);
+        const double start[4] = {1 - e, 0, 0, std::sqrt((1 + e) / (1 - e))};
+        double y[4] = {start[0], start[1], start[2], start[3]};
+        double t = 0, h = 0.1;
+        int steps = 0;
+        while (t < end && steps < 40000) {
+            rk.RKF45Step(t, std::min(h, end - t), y, twoBody, t, h, y);
+            ++steps;
+        }
+        const double error = std::abs(y[0] - start[0]) + std::abs(y[1] - start[1]);
+        EXPECT_LT(error, 1e4 * tol) << tol;
+        EXPECT_LT(error, before / 20.0) << tol;  // a hundredth of the tolerance, less room for chance
+        EXPECT_LT(steps, 40000);
+        before = error;
+    }
+}
+
+TEST(Integrator, RejectedTryCostsFiveEvaluations)
+{
+    OpenRKF45 rk(1);
+    rk.SetTolerance(1e-10, 1);
+    double y = 1.0, t, next;
+    evaluations = 0;
+    rk.RKF45Step(0.0, 0.01, &y, growth, t, next, &y);
+    EXPECT_EQ(evaluations, 6);
+    EXPECT_EQ(t, 0.01);
+
+    y = 1.0;
+    evaluations = 0;
+    rk.RKF45Step(0.0, 1.0, &y, growth, t, next, &y);
+    EXPECT_GT(evaluations, 6);
+    EXPECT_EQ((evaluations - 6) % 5, 0);
+    EXPECT_LT(t, 1.0);
+    EXPECT_NEAR(y, std::exp(t), 1e-10 * y);
+}
+
+TEST(Integrator, IterationLimitTakesTheStepUntested)
+{
+    for (const int limit : {1, 3}) {
+        OpenRKF45 rk(1);
+        rk.SetTolerance(1e-50, 1);
+        rk.SetMaxIter(limit);
+        double y = 1.0, t, next;
+        evaluations = 0;
+        rk.RKF45Step(0.0, 1.0, &y, noise, t, next, &y);
+        EXPECT_EQ(evaluations, 6 + 5 * (limit - 1));
+        EXPECT_GT(t, 0.0);
+        EXPECT_LT(next, t);
+
+        y = 1.0;
+        evaluations = 0;
+        rk.RKF45Step(0.0, 1.0, &y, growth, t, next, &y);
+        EXPECT_LE(evaluations, 6 + 5 * (limit - 1));
+    }
+}
+
+TEST(Integrator, SettingsAreHeldToSense)
+{
+    OpenRKF45 rk(6);
+    EXPECT_EQ(rk.maxit, 0);
+    EXPECT_EQ(rk.relerr, 1);
+    EXPECT_EQ(rk.tol, 1e-6);
+    rk.SetMaxIter(-5);
+    EXPECT_EQ(rk.maxit, 5);
+    rk.SetMaxIter(std::numeric_limits<int>::min());
+    EXPECT_EQ(rk.maxit, std::numeric_limits<int>::max());
+    rk.SetTolerance(-1e-8, 7);
+    EXPECT_EQ(rk.tol, 1e-8);
+    EXPECT_EQ(rk.relerr, 1);
+    for (const double tol : {0.0, 1e-300, std::numeric_limits<double>::quiet_NaN()}) {
+        rk.SetTolerance(tol, 0);
+        EXPECT_EQ(rk.tol, 1e-50);
+        EXPECT_EQ(rk.relerr, 0);
+    }
+}
+
+// The error of a straight line is that of rounding; the proposal is bounded by the floor of the error at 1e-15
+// tolerances, 0.9 times the fifth root of 1e15.
+TEST(Integrator, ProposalGrowsAtMostNineHundredfold)
+{
+    OpenRKF45 rk(1);
+    rk.SetTolerance(1e-3, 0);
+    double y = 0.0, t, next;
+    rk.RKF45Step(5.0, 1e-3, &y, constantRate, t, next, &y);
+    EXPECT_NEAR(y, 2e-3, 1e-15);
+    EXPECT_GT(next, 0.5);
+    EXPECT_LE(next, 0.9 * 1e-3 * 1000.0001);
+}
+
+TEST(Integrator, StateOfZeroIsNoDivisor)
+{
+    double y = 0.0, t, next;
+    OpenRKF45 rk(1);
+    rk.RKF45Step(0.0, 1.0, &y, growth, t, next, &y);
+    EXPECT_EQ(y, 0.0);
+    EXPECT_EQ(t, 1.0);
+    EXPECT_TRUE(std::isfinite(next));
+}
+
+// Without an iteration limit: a discontinuity, a tolerance below the rounding, numbers that are not finite.
+TEST(Integrator, StepEndsAtTheResolutionOfItsTime)
+{
+    for (const RightHandSide f : {growth, jump, noise, brokenNumber})
+        for (const double start : {0.0, 0.3, 1e9}) {
+            OpenRKF45 rk(1);
+            rk.SetTolerance(1e-50, 1);
+            double y = 1.0, t, next;
+            evaluations = 0;
+            rk.RKF45Step(start, 1.0, &y, f, t, next, &y);
+            EXPECT_GE(t, start);
+            EXPECT_LT(evaluations, 2000);
+        }
+}
+
+}  // namespace
