@@ -1,0 +1,235 @@
+#include "engine/aos_list.h"
+
+#include "app/record/clock.h"
+#include "app/record/files.h"
+#include "app/record/keep.h"
+#include "app/record/numbers.h"
+#include "app/record/text.h"
+#include "app/record/winp_data.h"
+#include "app/record/wout_data.h"
+#include "engine/pass_search.h"
+#include "engine/report_lines.h"
+#include "engine/sun_moon_transit.h"
+
+#include <iterator>
+#include <string>
+
+namespace {
+
+constexpr double oneHourDays = 0.041666666666666664;
+constexpr double fastRevPerDay = 14.0;
+constexpr int hitResult = 1;  // of nextpass: a pass or an event
+constexpr int linesPerGroup = 10;
+constexpr int stampRoom = 77;
+constexpr int transitTextRoom = 64;
+
+void addStamp(TextWriter& line, const WinpData& in, const Pass& pass, int k, int timeOnly)
+{
+    char stamp[stampRoom] = {};
+    aosstr(pass.tm[k] + in.tzone / 24.0, pass.b[k], pass.a[k], stamp, timeOnly);
+    line.add(fieldText(stamp));
+}
+
+void putFormatted(WoutData* out, const TextWriter& line)
+{
+    PutNxtLn(out, std::string(line.text()).c_str());
+}
+
+void putPlace(WoutData* out, const WinpData& in)
+{
+    char text[128];
+    putFormatted(out, TextWriter(text).add(" Geographic Location: ").add(fieldText(in.geoname)));
+    putFormatted(out, TextWriter(text).addFormatted(" Lat.: %g   Long.: %g   Height: %g", in.lat, in.lng, in.height));
+    PutSpace(out);
+}
+
+void putEventKind(WoutData* out, const WinpData& in)
+{
+    char text[128];
+    TextWriter line(text);
+    if (in.iridflg == event::transit && in.occflg == 1)
+        line.add(" >>> Sun Transit");
+    else if (in.iridflg == event::transit && in.occflg == 2)
+        line.add(" >>> Moon Transit");
+    else if (in.iridflg == event::transit && in.occflg == 3)
+        line.addFormatted(" >>> Occultation  R.A.: %g  Decl.: %g", in.occra, in.occdec);
+    else if (in.iridflg == event::flare)
+        line.addFormatted(in.flarmod == 1 ? " >>> Flares. Yaw: %g  Pitch: %g" : " >>> Flares. R.A.: %g  Decl.: %g",
+                          in.occra, in.occdec);
+    else
+        return;
+    putFormatted(out, line);
+}
+
+void putSatellites(WoutData* out, const WinpData& in)
+{
+    char text[128];
+    putFormatted(out, TextWriter(text).add(" Satellite: ").add(fieldText(in.fsname[in.prs])));
+    if (relativeMode(in)) {
+        const int second = in.prs + 1 < in.satn ? in.prs + 1 : 0;
+        putFormatted(out, TextWriter(text).add(" ").add(fieldText(in.fsname[second])));
+    }
+    putFormatted(out, TextWriter(text).add(" ").add(std::string(71, '=')));
+}
+
+void putConditions(WoutData* out, const WinpData& in)
+{
+    char text[128];
+    TextWriter line(text);
+    if (relativeMode(in))
+        line.add(" ");
+    else
+        line.addFormatted(" min.Sat.Elev.: %g   max.Sun Elev.: %g", in.satel, in.sunel);
+    if (in.visflg)
+        line.add(in.moonflg ? "   Moonshine passes only" : "   visible passes only");
+    putFormatted(out, line);
+    putFormatted(out, TextWriter(text).addFormatted(" Year: %4i  +++ Timezone: %g +++", in.year, in.tzone));
+    if (heldSpan(in.dur) != in.dur)
+        putFormatted(out, TextWriter(text).addFormatted(" *** Time span held to %g days ***", heldSpan(in.dur)));
+    PutSpace(out);
+}
+
+void putHeading(WoutData* out, const WinpData& in)
+{
+    putPlace(out, in);
+    putEventKind(out, in);
+    putSatellites(out, in);
+    putConditions(out, in);
+    if (relativeMode(in))
+        PutNxtLnT(out, "       Start (Long.,Lat.)     End (Long.,Lat.)");
+    else if (in.iridflg > event::plain)
+        PutNxtLnT(out, "     Event Time (Azim.,Elev.)   Distance");
+    else
+        PutNxtLnT(out, "    Start (Azim.,Elev.)    Maximum (Azim.,Elev.)  End (Azim.,Elev.)");
+}
+
+/// The line of an event; false if the automatic width drops it.
+bool addEvent(TextWriter& line, WinpData* in, const Pass& pass, bool automatic)
+{
+    addEventStamp(line, *in, pass);
+    line.addFormatted(" %8.1lf km", pass.b[2]);
+    if (!transitsOfDisk(*in))
+        return true;
+    int result = hitResult;
+    char width[transitTextRoom] = {};
+    SunMoonTr(in, pass.tm[1], in->prs, pass.b[2], automatic, result, width);
+    line.add(fieldText(width));
+    return result == hitResult;
+}
+
+void putSelectable(WinpData* in, WoutData* out, const TextWriter& line, double passStart)
+{
+    if (in->naos % linesPerGroup == 0)
+        PutSpace(out);
+    PutNxtLnT(out, std::string(line.text()).c_str());
+    if (in->naos < static_cast<int>(std::size(in->aostm)))
+        in->aostm[in->naos++] = passStart;
+}
+
+void putPasses(WinpData* in, WoutData* out, bool automatic)
+{
+    const double end = startMjd(in) + heldSpan(in->dur);
+    double t = startMjd(in);
+    Pass pass;
+    while (t <= end) {
+        const int result = nextpass(in, in->prs, t, end, pass.tm, pass.a, pass.b);
+        if (result == 0)
+            return;
+        char text[192];
+        TextWriter line(text);
+        line.add(".");
+        bool listed = result == hitResult;
+        if (in->iridflg == event::plain)
+            addPassStamps(line, *in, pass);
+        else if (listed)
+            listed = addEvent(line, in, pass, automatic);
+        if (listed)
+            putSelectable(in, out, line, pass.tm[0]);
+        t = timeAfterPass(*in, in->prs, pass);
+    }
+}
+
+void composeList(WinpData* in, WoutData* out)
+{
+    const bool automatic = automaticWidth(*in);
+    if (automatic)
+        in->maxdst = automaticWidthKm;
+    if (in->iridflg > event::plain && in->maxdst == 0.0) {
+        putLines(out, {"", " *** Need distance > 0 for occultations or flares ***",
+                       " *** except for Sun or Moon Transits ***", ""});
+        return;
+    }
+    if (in->iridflg == event::transit && in->occflg == 1)
+        in->sunel = anySunElevationDeg;
+    putHeading(out, *in);
+    putPasses(in, out, automatic);
+    if (in->naos < 1)
+        putLines(out, {"", " *** No suitable pass found within time interval ***", ""});
+}
+
+void writeList(WinpData* in, const WoutData& out)
+{
+    const ReportFile file(in->savename, takeSaveMode(in));
+    if (!file)
+        return;
+    std::fputs("\n\n\n", outptr);
+    for (int line = 0; line < out.nlines; ++line) {
+        const std::string text(lineText(out, line));
+        std::fputs((text + "\n").c_str(), outptr);
+    }
+}
+
+}  // namespace
+
+double timeAfterPass(const WinpData& in, int isat, const Pass& pass)
+{
+    const double next = pass.tm[2] + oneMinuteDays;
+    return in.n0[isat] > fastRevPerDay && in.rlm == 0 ? next + oneHourDays : next;
+}
+
+void addPassStamps(TextWriter& line, const WinpData& in, const Pass& pass)
+{
+    for (int k = 0; k < 3; ++k)
+        if (k != 1 || !relativeMode(in))
+            addStamp(line, in, pass, k, k);
+}
+
+void addEventStamp(TextWriter& line, const WinpData& in, const Pass& pass)
+{
+    addStamp(line, in, pass, 1, 0);
+}
+
+bool chooseEventKind(WinpData* in)
+{
+    if (in->occflg)
+        in->iridflg = event::transit;
+    if (in->flarflg && in->flarmod > 0)
+        in->iridflg = event::flare;
+    return in->iridflg > event::plain;
+}
+
+bool transitsOfDisk(const WinpData& in)
+{
+    return in.iridflg == event::transit && (in.occflg == 1 || in.occflg == 2);
+}
+
+bool automaticWidth(const WinpData& in)
+{
+    return transitsOfDisk(in) && in.maxdst <= 0.0;
+}
+
+void aospass(WinpData* in, WoutData* out)
+{
+    in->naos = 0;
+    out->nlines = 0;
+    const Keep keptDistance(in->maxdst);
+    const Keep keptSunLimit(in->sunel);
+    if (in->satn < 1) {
+        putLines(out, {"", " *** No satellite has been selected ***", "", " Use the Input / Select Satellite menu",
+                       " (and don't forget to press the SELECT button)", ""});
+        return;
+    }
+    composeList(in, out);
+    if (in->tofile == 1)
+        writeList(in, *out);
+}

@@ -1,0 +1,50 @@
+// The table of the passes or events of the prime satellite, and what it shares with the scan of a whole file.
+#pragma once
+
+struct WinpData;
+struct WoutData;
+class TextWriter;
+
+/// A pass as `nextpass` gives it: start, maximum and end; or an event at index 1, with its distance or magnitude in
+/// `b[2]`.
+struct Pass
+{
+    double tm[3] = {};  // MJD UTC
+    double a[3] = {};   // elevation, degrees
+    double b[3] = {};   // azimuth, degrees
+};
+
+/// Where the search for the pass after this one starts: behind one of a fast satellite an hour is left out.
+double timeAfterPass(const WinpData& in, int isat, const Pass& pass);
+
+/// Appends the time stamps of start, maximum and end, the first one with the date; in relative mode of start and end.
+void addPassStamps(TextWriter& line, const WinpData& in, const Pass& pass);
+
+/// Appends the time stamp of the event, with the date.
+void addEventStamp(TextWriter& line, const WinpData& in, const Pass& pass);
+
+/// Sets `iridflg` by the occultation and flare switches: transit with `occflg`, flare with a known surface. Without
+/// these switches it stays.
+///
+/// @return  whether the search goes by the largest distance `maxdst`
+bool chooseEventKind(WinpData* in);
+
+/// Whether transits of the Sun or Moon are looked for.
+bool transitsOfDisk(const WinpData& in);
+
+/// Whether the search finds its width itself: transits of the Sun or Moon without a largest distance.
+bool automaticWidth(const WinpData& in);
+
+/// The largest distance that a search with automatic width works with.
+constexpr double automaticWidthKm = 35.0;
+
+/// The limit `sunel` in a search for Sun transits: every elevation of the Sun lies below.
+constexpr double anySunElevationDeg = 90.0;
+
+/// Composes the AOS list of the prime satellite over `dur` days from the start date, and writes it to the save file if
+/// `tofile` is 1.
+///
+/// `naos` and `aostm` describe the selectable lines afterwards. A refusal is a text of the list. `iridflg` says what is
+/// looked for, see `chooseEventKind`. The limits `sunel` and `maxdst` are as before at the end. A span `dur` longer
+/// than `longestSpanDays` is held to that.
+void aospass(WinpData* in, WoutData* out);

@@ -1,0 +1,36 @@
+#include "engine/epoch_state.h"
+
+#include "app/record/keep.h"
+#include "engine/position.h"
+
+void resetForces(WinpData* in, int k)
+{
+    in->deltv[k] = 0;
+    in->yaw[k] = 0;
+    in->pitch[k] = 0;
+    in->ionf[k] = false;
+    in->suns[k] = true;
+    in->epu[k] = false;
+    in->F107[k] = in->dF107;
+    in->FB107[k] = in->dFB107;
+    in->Kp[k] = in->dKp;
+    in->Cd[k] = in->dCd;
+    in->Cr[k] = in->dCr;
+    in->Am[k] = in->dAm;
+}
+
+void EpochState(WinpData* in, int k, bool reset)
+{
+    const Keep plain(in->rlm, 0);
+    in->sgpsat = noSlot;
+    GetSatPos(in->mjdep[k], in, satpos, k, 0);
+    in->numflg[k] = 0;
+    in->epr0[k] = in->csr0[k];
+    in->epr1[k] = in->csr1[k];
+    in->epr2[k] = in->csr2[k];
+    in->epv0[k] = in->csv0[k];
+    in->epv1[k] = in->csv1[k];
+    in->epv2[k] = in->csv2[k];
+    if (reset)
+        resetForces(in, k);
+}

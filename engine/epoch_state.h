@@ -1,0 +1,15 @@
+// The state vector of a satellite at its epoch.
+#pragma once
+
+#include "app/record/winp_data.h"
+
+/// Fills the epoch state of slot `k` from its orbit model and makes the slot analytic (numflg 0).
+///
+/// @param reset  also brings thrust and force parameters of the slot to their defaults
+///
+/// A slot that is numeric on entry is integrated to its epoch first. Uses the record `satpos`; the current state of the
+/// slot is that of the epoch afterwards.
+void EpochState(WinpData* in, int k, bool reset);
+
+/// Thrust off, and the force parameters of slot `k` at the defaults of the record.
+void resetForces(WinpData* in, int k);

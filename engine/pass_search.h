@@ -1,0 +1,52 @@
+// When a satellite fulfils the visibility conditions: one instant, the next pass, the last one.
+#pragma once
+
+struct WinpData;
+struct SatPosData;
+
+/// Whether the command looks at two satellites that see each other instead of an observer and a satellite: `rlm` is
+/// set, at least two satellites are selected, and neither occultations nor flares are looked for.
+bool relativeMode(const WinpData& in);
+
+/// The search step near the horizon, and the margin behind a pass.
+constexpr double oneMinuteDays = 0.0006944444444444445;
+
+/// A search over a longer span than this would not end in an acceptable time.
+constexpr double longestSpanDays = 100000.0;
+
+/// A span of days held to `longestSpanDays`; a span that is no number counts as longer.
+double heldSpan(double days);
+
+/// Whether the state in `sp` fulfils the visibility conditions; non-zero if so.
+///
+/// `GetSatPos` must have run for this slot and time. In relative mode the two satellites must see each other over the
+/// limb of a sphere of 6378.137 km, and with `visflg` both must be sunlit; `satel` and the limit `sunel` play no part.
+int cksatok(WinpData* in, SatPosData* sp, int isat);
+
+/// Steps forward from `t` by one minute while the conditions hold.
+///
+/// @return  the first time at which they fail, or the first one beyond `tlimit`
+double gpassend(WinpData* in, SatPosData* sp, int isat, double t, double tlimit);
+
+/// The same backward: `tlimit` lies before `t`.
+double gpassbeg(WinpData* in, SatPosData* sp, int isat, double t, double tlimit);
+
+/// Finds the first pass of slot `isat` between `t0` and the later `t1`, on `satpos`.
+///
+/// A pass in progress at `t0` starts there, and one that goes on at `t1` ends there. With `pasjmp` set the pass in
+/// which `t0` lies is left first. With an event kind (`iridflg` above 0) the pass is closed by `GetIrid`; then
+/// `tm[1]`, `a[1]`, `b[1]` describe the event and `b[2]` is its distance in km or its magnitude.
+/// `occra` becomes 0 with `iridflg` 3.
+///
+/// @param tm  3 values: start, greatest elevation and end, MJD UTC
+/// @param a   3 values: elevation at these times, degrees; at both ends in relative mode the latitude of the prime
+/// @param b   3 values: azimuth, degrees; at both ends in relative mode the longitude of the prime
+/// @return    0 no pass, 1 a pass or an event, 2 a pass without an event
+int nextpass(WinpData* in, int isat, double t0, double t1, double* tm, double* a, double* b);
+
+/// Finds the last pass of slot `isat` before `t0` and not before `t1`, on `satpos`: `nextpass` with time reversed.
+///
+/// Index 0 is the later end of the pass and index 2 the earlier one. Events are not looked for.
+///
+/// @return  0 no pass, 1 a pass
+int lastpass(WinpData* in, int isat, double t0, double t1, double* tm, double* a, double* b);

@@ -1,0 +1,309 @@
+#include "engine/position_stages.h"
+
+#include <algorithm>
+#include <cmath>
+#include <numbers>
+
+#include "app/record/clock.h"
+#include "astro/angles.h"
+#include "astro/calendar.h"
+#include "astro/frames.h"
+#include "astro/sun_moon.h"
+#include "astro/time_scales.h"
+#include "engine/event_geometry.h"
+#include "engine/held_values.h"
+
+namespace {
+
+constexpr double auInEarthRadii = 23454.79106062;
+constexpr double lightSpeedKmPerS = 299792.458;
+constexpr double siderealDayS = 86164.09054;
+
+// Conversions between geocentric and geodetic latitude by the tangent. Close to the poles the two are taken as one.
+constexpr double tangentLimit = 1.53589;
+constexpr double radiiRatioSquared = 1.00674;
+
+double geocentricOf(double lat)
+{
+    return std::abs(lat) < tangentLimit ? std::atan(std::tan(lat) / radiiRatioSquared) : lat;
+}
+
+double geodeticOf(double lat)
+{
+    return std::abs(lat) < tangentLimit ? std::atan(std::tan(lat) * radiiRatioSquared) : lat;
+}
+
+/// The horizon of a satellite lies below its horizontal plane by this angle, for a spherical Earth.
+double horizonDip(const Vec3& r)
+{
+    const double R = abs(r);
+    return R > earthRadiusKm ? std::numbers::pi / 2 - std::asin(earthRadiusKm / R) : 0.0;
+}
+
+/// Elevation (with the horizon dip) and azimuth of a body in Earth radii at the sub-satellite point, radians.
+void seenFromSatellite(const Scene& s, const Vec3& body, double& az, double& el)
+{
+    const double height = std::max(s.sp->hgt[s.isat], 0.0) * 1000.0;
+    double distance = 0;
+    AppPos(s.ut1, s.eqeq, s.subLat, s.subLng, height, 1, body, az, el, distance);
+    el += horizonDip(s.r);
+}
+
+/// Latitude and height above the ellipsoid of a position in the true equator of date; four rounds.
+void geodeticPlace(const Vec3& r, double latGeocentric, double& lat, double& heightKm)
+{
+    constexpr double e2 = 0.0066943799901413165;
+    const double p2 = r[0] * r[0] + r[1] * r[1];
+    double dz = e2 * r[2];
+    double N = 0;
+    for (int round = 0; round < 4; ++round) {
+        const double Z = r[2] + dz;
+        const double s = std::sqrt(p2 + Z * Z);
+        const double sine = s < 1e-5 ? std::sin(latGeocentric) : Z / s;
+        N = earthRadiusKm / std::sqrt(1.0 - e2 * sine * sine);
+        dz = e2 * N * sine;
+    }
+    const double Z = r[2] + dz;
+    lat = atan20(Z, std::sqrt(p2));
+    heightKm = std::sqrt(p2 + Z * Z) - N;
+}
+
+/// Apparent radius in degrees of the Moon at a distance in Earth radii.
+double moonRadius(double distance)
+{
+    constexpr double moonRadiusEarthRadii = 0.272493;
+    if (distance > 0.1) {
+        const double ratio = moonRadiusEarthRadii / distance;
+        return ratio > 1.0 ? 0.265 : std::asin(ratio) * degPerRad;
+    }
+    return std::asin(0.00452121) * degPerRad;
+}
+
+void findMoonAtObserver(Scene& s)
+{
+    double distance = 0;
+    AppPos(s.ut1, s.eqeq, s.lat, s.lng, s.height, 1, s.moon, s.sp->omoonaz, s.sp->omoonel, distance);
+    s.sp->moonrad = moonRadius(distance);
+    if (s.in->sunmplt)
+        s.sp->moonph = dot(vnorm(s.moon - s.sun), vnorm(s.moon));
+}
+
+/// The direction that occultations look for, true equator of date.
+Vec3 occultationTarget(const Scene& s)
+{
+    const double ra = DmsDegF(held(s.in->occra, heldDegrees)) * radPerHour;
+    const double dec = DmsDegF(held(s.in->occdec, heldDegrees)) * radPerDeg;
+    const Vec3 target = polcar(Vec3(1.0, ra, dec));
+    return s.epochChosen ? mxvct(mxtrn(s.toEpoch), target) : target;
+}
+
+}  // namespace
+
+double wrapPi(double x)
+{
+    while (x > std::numbers::pi)
+        x -= twoPi;
+    while (x < -std::numbers::pi)
+        x += twoPi;
+    return x;
+}
+
+void setTimes(Scene& s, double mjd)
+{
+    s.mjd = held(mjd, heldTimeDays);
+    s.ut1 = s.mjd;
+    if (s.in->IERSflg)
+        s.ut1 += held(s.in->Ut1Utc, heldSeconds) / 86400.0;
+    int day = 0;
+    int month = 0;
+    int year = 0;
+    double hour = 0;
+    caldat(s.mjd, day, month, year, hour);
+    s.T = julcent(s.mjd + SetTtUt(s.in, year) / 86400.0);
+}
+
+void setNutation(Scene& s)
+{
+    s.nutation = nutmat(s.T, s.eqeq, s.in->IERSflg);
+    s.greenwich = lsidtim(s.ut1, 0.0, s.eqeq) * radPerHour;
+}
+
+void placeSun(Scene& s)
+{
+    Sun200 series;
+    const Vec3 mean = eclequ(s.T, series.position(s.T));
+    s.sun = aberrat(s.T, mxvct(s.nutation, mean)) * auInEarthRadii;
+}
+
+bool moonWanted(const Scene& s)
+{
+    return s.in->moonflg || s.in->occflg == 2 || s.in->eclflg || s.in->numflg[s.isat];
+}
+
+void placeMoon(Scene& s)
+{
+    Moon200 series;
+    s.moon = mxvct(s.nutation, eclequ(s.T, series.position(s.T)));
+}
+
+void setEpochMatrix(Scene& s)
+{
+    const double year = held(s.in->yrepoch, heldYears);
+    s.epochChosen = year != 0.0;
+    if (s.epochChosen)
+        s.toEpoch = pmatequ(s.T, (year - 2000.0) / 100.0);
+}
+
+void turnToTrueOfDate(Scene& s)
+{
+    s.r = mxvct(s.nutation, s.r);
+    s.v = mxvct(s.nutation, s.v);
+    if (s.epochChosen)
+        s.toEpoch = s.toEpoch * mxtrn(s.nutation);
+    if (!s.relative) {
+        s.sp->rsat = s.r;
+        s.sp->vsat = s.v;
+    }
+}
+
+void placeObserver(Scene& s)
+{
+    s.lngDeg = held(s.in->lng, heldDegrees);
+    s.lat = held(s.in->lat, heldDegrees) * radPerDeg;
+    s.lng = s.lngDeg * radPerDeg;
+    s.height = held(s.in->height, heldHeightMetres);
+    const double xp = held(s.in->IERSxp, heldArcSeconds);
+    const double yp = held(s.in->IERSyp, heldArcSeconds);
+    s.observer = GeoPos(s.ut1, s.eqeq, s.lat, s.lng, s.height, xp, yp) * earthRadiusKm;
+    s.sight = s.r - s.observer;
+    s.toObserver = vnorm(s.sight) * -1.0;
+}
+
+void findObserverVelocity(Scene& s)
+{
+    const double R = std::max(0.001 * s.height + earthRadiusKm, 0.0);
+    const double speed = twoPi * R * std::cos(geocentricOf(s.lat)) / siderealDayS;
+    const double local = lsidtim(s.ut1, s.lngDeg, s.eqeq) * radPerHour;
+    s.observerVelocity = mxvct(zrot(-local), Vec3(0.0, speed, 0.0));
+}
+
+void findApparentPlace(Scene& s)
+{
+    Vec3 apparent = s.sight;
+    if (s.in->IERSflg)
+        apparent -= s.v * (abs(s.sight) / lightSpeedKmPerS);
+    if (s.epochChosen)
+        apparent = mxvct(s.toEpoch, apparent);
+    const Vec3 polar = carpol(apparent);
+    s.sp->ra[s.isat] = DegFDms(polar[1] / radPerHour);
+    s.sp->dec[s.isat] = DegFDms(polar[2] * degPerRad);
+}
+
+void findRangeRate(Scene& s)
+{
+    const Vec3 u = vnorm(s.sight);
+    s.sp->rrate[s.isat] = dot(s.v, u) - dot(s.observerVelocity, u);
+}
+
+void findSubSolarPoint(Scene& s)
+{
+    const Vec3 polar = carpol(s.sun);
+    s.sp->sslng = wrapPi(polar[1] - s.greenwich) * degPerRad;
+    s.sp->sslat = geodeticOf(polar[2]) * degPerRad;
+}
+
+void findAzimuthElevation(Scene& s)
+{
+    double az = 0;
+    double el = 0;
+    double dst = 0;
+    AppPos(s.ut1, s.eqeq, s.lat, s.lng, s.height, 1, s.r / earthRadiusKm, az, el, dst);
+    if (az < 0.0)
+        az += twoPi;
+    s.sp->az[s.isat] = az * degPerRad;
+    s.sp->el[s.isat] = el * degPerRad;
+    s.sp->dst[s.isat] = dst * earthRadiusKm;
+}
+
+void findBeta(Scene& s)
+{
+    const Vec3 n = vnorm(s.r) * vnorm(s.v);
+    const double sine = std::clamp(dot(n, vnorm(s.sun)), -1.0, 1.0);
+    s.sp->beta[s.isat] = std::asin(sine) * degPerRad;
+}
+
+void findSubSatellitePoint(Scene& s)
+{
+    Vec3 fixed = mxvct(zrot(s.greenwich), s.r);
+    const double xp = held(s.in->IERSxp, heldArcSeconds);
+    const double yp = held(s.in->IERSyp, heldArcSeconds);
+    if (xp != 0.0 || yp != 0.0)
+        fixed = mxvct(PoleMx(xp, yp), fixed);
+    const Vec3 polar = carpol(fixed);
+    s.subLng = wrapPi(polar[1]);
+    s.subLatGeocentric = polar[2];
+    s.subLat = polar[2];
+    double heightKm = 0;
+    if (abs(s.r) > 0.1)
+        geodeticPlace(s.r, s.subLatGeocentric, s.subLat, heightKm);
+    s.sp->lat[s.isat] = s.subLat * degPerRad;
+    s.sp->lng[s.isat] = s.subLng * degPerRad;
+    s.sp->hgt[s.isat] = heightKm;
+}
+
+void findSunAtObserver(Scene& s)
+{
+    double el = 0;
+    double distance = 0;
+    AppPos(s.ut1, s.eqeq, s.lat, s.lng, s.height, 1, s.sun, s.sp->osunaz, el, distance);
+    s.sp->osunel = el * degPerRad;
+}
+
+void findSunAtSatellite(Scene& s)
+{
+    seenFromSatellite(s, s.sun, s.sp->sunaz[s.isat], s.sunElevation);
+    s.sp->sunel[s.isat] = s.sunElevation * degPerRad;
+}
+
+void findMoonAtSatellite(Scene& s)
+{
+    double az = 0;
+    seenFromSatellite(s, s.moon, az, s.moonElevation);
+    s.sp->moonel[s.isat] = s.moonElevation * degPerRad;
+}
+
+void findSolarEclipse(Scene& s)
+{
+    const SolarEclipse eclipse = solarEclipse(s.sun, s.moon, s.r / earthRadiusKm);
+    s.in->ecltyp = eclipse.type;
+    s.in->smang = eclipse.distanceDeg;
+    s.in->eclmag = eclipse.magnitude;
+    s.in->eclpow = eclipse.remaining;
+    s.eclipseIncrement = eclipse.increment;
+}
+
+void findMagnitude(Scene& s)
+{
+    const bool moonlight = s.in->moonflg && s.sunElevation < 0.0 && s.moonElevation > 0.0;
+    s.source = moonlight ? moonAsSource(s.sun, s.moon, s.r) : sunAsSource(s.sun);
+    const double rangeKm = s.sp->dst[s.isat];
+    const double el = s.sp->el[s.isat];
+    const double length = std::clamp(s.in->chlen, 1e-30, 1e30);
+    s.baseMagnitude = sphereMagnitude(s.source, s.observer, s.r, rangeKm, s.eclipseIncrement, length);
+    if (s.in->atmx && rangeKm > 0.0 && el > 0.01 && el < 33.0)
+        s.baseMagnitude += extinction(el);
+    s.sp->mag = s.baseMagnitude;
+}
+
+void findTransitPoint(Scene& s)
+{
+    Vec3 target = s.sun;
+    if (s.in->occflg == 2) {
+        findMoonAtObserver(s);
+        target = s.moon;
+    } else if (s.in->occflg == 3) {
+        target = occultationTarget(s);
+    }
+    Vec3 r = s.r / earthRadiusKm;
+    GetOccTrans(s.ut1, s.in, s.sp, s.isat, s.eqeq, r, target);
+}

@@ -1,0 +1,90 @@
+// The stages of GetSatPos: what they hand on, and each quantity's one piece of code. For the engine alone.
+#pragma once
+
+#include "app/record/winp_data.h"
+#include "astro/mat3.h"
+#include "astro/vec3.h"
+#include "engine/magnitude.h"
+#include "engine/satpos_data.h"
+
+/// Equatorial radius of the Earth in the engine.
+constexpr double earthRadiusKm = 6378.137;
+
+/// What the stages hand on; made anew in each call. A stage reads what stages named before it have filled.
+struct Scene
+{
+    WinpData* in = nullptr;
+    SatPosData* sp = nullptr;
+    int isat = 0;
+    bool prime = false;     // the slot is that of the prime satellite
+    bool relative = false;  // the observer stands at the second satellite
+
+    double mjd = 0;            // UTC
+    double ut1 = 0;            // MJD
+    double T = 0;              // Julian centuries of TT from J2000
+    Mat3 nutation = mxidn();   // mean to true equator of date
+    double eqeq = 0;           // equation of the equinoxes, seconds of time
+    double greenwich = 0;      // apparent sidereal time, radians
+    bool epochChosen = false;  // coordinates on show are those of a fixed equinox
+    Mat3 toEpoch = mxidn();    // mean of date, later true of date, to the equator of that epoch
+    Vec3 sun;                  // true equator of date, Earth radii
+    Vec3 moon;                 // the same; zero unless a stage needs it
+
+    Vec3 r;  // satellite, km: mean equator of date, then true of date
+    Vec3 v;  // km/s
+
+    double lat = 0;         // observer, radians
+    double lng = 0;         // radians
+    double lngDeg = 0;      // degrees
+    double height = 0;      // metres
+    Vec3 observer;          // true equator of date, km
+    Vec3 observerVelocity;  // km/s
+    Vec3 sight;             // from the observer to the satellite, km
+    Vec3 toObserver;        // unit vector from the satellite
+
+    double subLat = 0;            // sub-satellite point, radians
+    double subLng = 0;            // radians
+    double subLatGeocentric = 0;  // radians
+    double sunElevation = 0;      // at the satellite, horizon dip included, radians
+    double moonElevation = 0;     // the same; with moonflg
+
+    double eclipseIncrement = 0;     // magnitudes
+    double baseMagnitude = noFlare;  // of the magnitude stage
+    LightSource source;              // of the magnitude stage
+};
+
+/// An angle in radians, brought to -pi to pi.
+double wrapPi(double x);
+
+// Time, Sun, Moon and frames.
+void setTimes(Scene& s, double mjd);
+void setNutation(Scene& s);
+void placeSun(Scene& s);
+void placeMoon(Scene& s);
+bool moonWanted(const Scene& s);
+void setEpochMatrix(Scene& s);
+
+// The satellite.
+void propagate(Scene& s);
+void turnToTrueOfDate(Scene& s);
+
+// The view from the observer.
+void placeObserver(Scene& s);
+void findObserverVelocity(Scene& s);
+void findApparentPlace(Scene& s);
+void findRangeRate(Scene& s);
+void findSubSolarPoint(Scene& s);
+void findAzimuthElevation(Scene& s);
+void findBeta(Scene& s);
+
+// The satellite's own place and light.
+void findSubSatellitePoint(Scene& s);
+void findSunAtObserver(Scene& s);
+void findSunAtSatellite(Scene& s);
+void findMoonAtSatellite(Scene& s);
+void findSolarEclipse(Scene& s);
+void findMagnitude(Scene& s);
+
+// Events.
+void findTransitPoint(Scene& s);
+void findFlare(Scene& s);
