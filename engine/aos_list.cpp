@@ -145,11 +145,15 @@ void putPasses(WinpData* in, WoutData* out, bool automatic)
             listed = addEvent(line, in, pass, automatic);
         if (listed)
             putSelectable(in, out, line, pass.tm[0]);
-        t = timeAfterPass(*in, in->prs, pass);
+        const double next = timeAfterPass(*in, in->prs, pass);
+        if (!(next > t))  // a time too far off for steps of a minute
+            return;
+        t = next;
     }
 }
 
-void composeList(WinpData* in, WoutData* out)
+/// False for a refusal, which is a text in `out` but no list.
+bool composeList(WinpData* in, WoutData* out)
 {
     const bool automatic = automaticWidth(*in);
     if (automatic)
@@ -157,7 +161,7 @@ void composeList(WinpData* in, WoutData* out)
     if (in->iridflg > event::plain && in->maxdst == 0.0) {
         putLines(out, {"", " *** Need distance > 0 for occultations or flares ***",
                        " *** except for Sun or Moon Transits ***", ""});
-        return;
+        return false;
     }
     if (in->iridflg == event::transit && in->occflg == 1)
         in->sunel = anySunElevationDeg;
@@ -165,6 +169,7 @@ void composeList(WinpData* in, WoutData* out)
     putPasses(in, out, automatic);
     if (in->naos < 1)
         putLines(out, {"", " *** No suitable pass found within time interval ***", ""});
+    return true;
 }
 
 void writeList(WinpData* in, const WoutData& out)
@@ -229,7 +234,6 @@ void aospass(WinpData* in, WoutData* out)
                        " (and don't forget to press the SELECT button)", ""});
         return;
     }
-    composeList(in, out);
-    if (in->tofile == 1)
+    if (composeList(in, out) && in->tofile == 1)
         writeList(in, *out);
 }

@@ -44,7 +44,7 @@ constexpr double anySunElevationDeg = 90.0;
 /// Composes the AOS list of the prime satellite over `dur` days from the start date, and writes it to the save file if
 /// `tofile` is 1.
 ///
-/// `naos` and `aostm` describe the selectable lines afterwards. A refusal is a text of the list. `iridflg` says what is
-/// looked for, see `chooseEventKind`. The limits `sunel` and `maxdst` are as before at the end. A span `dur` longer
-/// than `longestSpanDays` is held to that.
+/// `naos` and `aostm` describe the selectable lines afterwards. A refusal is a text in `out` and is not written.
+/// `iridflg` says what is looked for, see `chooseEventKind`. The limits `sunel` and `maxdst` are as before at the end.
+/// A span `dur` longer than `longestSpanDays` is held to that.
 void aospass(WinpData* in, WoutData* out);

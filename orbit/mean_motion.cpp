@@ -30,7 +30,8 @@ double getsax(int sgp, double n0, double ecc, double inc)
     const double a1 = keplerAxis(n);
     const double k = -oblatenessRate(a1, ecc, inc);
     const double a = sgp == 0 ? keplerAxis(n / (1.0 - k)) : (1.0 + k * (1.0 - k) / 3.0) * a1;
-    return std::max(0.001, a);  // in this order a NaN gives the floor
+    constexpr double leastKm = 0.001;
+    return std::isfinite(a) ? std::max(leastKm, a) : leastKm;
 }
 
 double getn0(double a, double ecc, double inc)

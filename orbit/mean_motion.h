@@ -7,7 +7,7 @@
 /// @param n0   revolutions per day, raised to 0.0001 if below
 /// @param ecc  eccentricity, below 1
 /// @param inc  inclination, degrees
-/// @return     km, never below 0.001, also where the formula gives no number (an eccentricity above 1)
+/// @return     km, never below 0.001, which also stands for no finite number (an eccentricity above 1, n0 of 1e300)
 double getsax(int sgp, double n0, double ecc, double inc);
 
 /// Mean motion of an orbit with the given semi-major axis, under the Earth's oblateness to the first order.

@@ -24,6 +24,7 @@ constexpr double shortStepS = 0.1;      // a proposal below it is not followed
 constexpr double vanishedStepS = 1e-6;  // the resolution of a Modified Julian Date
 constexpr double closeEnoughS = 0.001;
 constexpr int corrections = 4;
+constexpr double finestTolerance = std::numeric_limits<double>::epsilon() / 2;
 constexpr double longestJumpS = 36525.0 * 86400.0;  // a century: some minutes of computing for a low orbit
 
 /// A numeric integration on its way.
@@ -33,7 +34,7 @@ struct Flight
     double dt;                 // where s has to arrive
     double hmax;               // longest step, with the sign of dt
     double h;                  // next step
-    int held = 0;              // 1 while steps go untested
+    bool held = false;         // steps go untested
     bool unreachable = false;  // without an iteration limit, a step has vanished
 };
 
@@ -120,11 +121,10 @@ void holdStep(Flight& f, const WinpData& in)
     // for ever.
     f.unreachable = f.unreachable || in.mxit == 0;
     f.h = std::copysign(in.mxit == 0 ? least : std::min(shortStepS, least), f.dt);
-    rkf.SetMaxIter(1);
-    if (++f.held > 1) {
-        f.held = 0;
-        rkf.SetMaxIter(in.mxit);
-    }
+    // A tolerance below the resolution of a double is never met: testing for it again would only cost time.
+    const bool testAgain = f.held && std::abs(in.RKFtol) >= finestTolerance;
+    f.held = !testAgain;
+    rkf.SetMaxIter(testAgain ? in.mxit : 1);
 }
 
 void fly(Flight& f, const WinpData* in, int k, bool refresh)

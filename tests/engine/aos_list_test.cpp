@@ -247,6 +247,14 @@ TEST(AosList, GoesToTheSaveFileByTheSaveRule)
     std::ostringstream content;
     content << std::ifstream(name).rdbuf();
     EXPECT_EQ(content.str(), once + once);
+
+    WinpData refused = in;
+    refused.newsave = 1;
+    refused.iridflg = event::flare;
+    refused.maxdst = 0.0;
+    EXPECT_EQ(listOf(refused).size(), 4u);
+    EXPECT_EQ(std::filesystem::file_size(name), content.str().size()) << "a refusal costs no old list";
+    EXPECT_EQ(refused.newsave, 1);
     std::filesystem::remove(name);
 
     assignField(in.savename, "/no/such/directory/list.txt");
@@ -263,6 +271,16 @@ TEST(AosList, HoldsASpanThatIsNoNumber)
         ASSERT_GT(lines.size(), 7u);
         EXPECT_EQ(lines[7], " *** Time span held to 100000 days ***");
     }
+}
+
+TEST(AosList, EndsWhereNoStepMovesThePassesOn)
+{
+    WinpData in = stationOverVienna();
+    in.satel = -91.0;  // a pass without end
+    in.sunel = 91.0;
+    in.dur = 1.0;
+    in.tzone = 1e300;
+    EXPECT_EQ(tableLines(listOf(in)).size(), 1u);
 }
 
 TEST(EventKind, FollowsTheSwitches)

@@ -62,6 +62,7 @@ TEST(MeanMotion, HoldsItsLimits)
     EXPECT_EQ(getn0(nan, 0.0, 0.0), 1000.0);
     EXPECT_EQ(getsax(1, 15.0, 1.5, 0.0), 0.001);
     EXPECT_EQ(getsax(1, 1e30, 0.0, 0.0), 0.001);
+    EXPECT_EQ(getsax(0, 1e300, 0.0, 0.0), 0.001);
     EXPECT_EQ(getsax(1, nan, 0.0, 0.0), 0.001);
 }
 
