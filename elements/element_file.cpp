@@ -1,0 +1,55 @@
+#include "elements/element_file.h"
+
+#include "app/record/vector_registers.h"
+#include "elements/exact_entry.h"
+#include "elements/omm_forms.h"
+
+#include <QByteArray>
+#include <sys/stat.h>
+
+namespace {
+/// Reads from where the file stands; up to `limit` bytes, or to its end.
+QByteArray bytesOf(std::FILE* file, std::size_t limit)
+{
+    QByteArray bytes(static_cast<qsizetype>(limit), Qt::Uninitialized);
+    bytes.truncate(static_cast<qsizetype>(std::fread(bytes.data(), 1, limit, file)));
+    return bytes;
+}
+
+/// The size of a file that can be read twice; 0 for a pipe or a device.
+std::size_t sizeOf(std::FILE* file)
+{
+    struct stat status
+    {};
+    const bool known = ::fstat(::fileno(file), &status) == 0 && S_ISREG(status.st_mode) && status.st_size > 0;
+    return known ? static_cast<std::size_t>(status.st_size) : 0;
+}
+
+FilePtr streamOf(const std::string& text)
+{
+    FilePtr stream(::fmemopen(nullptr, text.size() + 1, "w+"));
+    if (stream && std::fwrite(text.data(), 1, text.size(), stream.get()) != text.size())
+        stream.reset();
+    if (stream)
+        std::rewind(stream.get());
+    return stream;
+}
+}  // namespace
+
+FilePtr openElementFile(const char* name)
+{
+    FilePtr file = openForReading(name);
+    const std::size_t size = file ? sizeOf(file.get()) : 0;
+    if (size == 0)
+        return file;
+    const OmmForm form = ommFormOf(bytesOf(file.get(), std::min(size, ommHeadLength)));
+    std::rewind(file.get());
+    if (form == OmmForm::none)
+        return file;
+    const std::vector<OmmMessage> messages = ommMessages(form, bytesOf(file.get(), size));
+    releaseVectorRegisters();
+    std::string text;
+    for (const OmmMessage& message : messages)
+        appendExact(text, entryOf(message));
+    return streamOf(text);
+}

@@ -1,0 +1,59 @@
+// A small HTTP client: one host, one GET into a file, one signal at the end.
+#pragma once
+
+#include <QNetworkAccessManager>
+#include <QNetworkReply>
+#include <QObject>
+#include <QPointer>
+#include <QString>
+
+class QIODevice;
+
+/// Fetches one text document at a time. Redirects are followed, to https as well; an answer other than success is an
+/// error, and nothing of it is written. An empty document is an error too.
+class Http : public QObject
+{
+    Q_OBJECT
+
+public:
+    explicit Http(QObject* parent = nullptr);
+    ~Http() override;
+
+    /// The host of the next `get`, with "https://" in front for that protocol. Port 80 stands for the usual one of the
+    /// protocol.
+    void setHost(const QString& name, quint16 portNumber = 80);
+
+    /// Starts to fetch a document and returns. `to` is an open device; if it dies before the end the transfer fails.
+    void get(const QString& path, QIODevice* to);
+
+    /// A transfer that brings nothing for this long has failed; 60 seconds unless set.
+    void setSilenceLimit(int milliseconds);
+
+    /// What went wrong in the last transfer, for a reader.
+    QString errorString() const { return lastError; }
+
+Q_SIGNALS:
+    /// The transfer has ended.
+    void done(bool error);
+
+private Q_SLOTS:
+    void store();
+    void finish();
+
+private:
+    bool succeeded() const;
+    bool isCut() const;
+    void remember(const QByteArray& piece);
+    QString failure();
+
+    QNetworkAccessManager network;
+    QPointer<QNetworkReply> reply;
+    QPointer<QIODevice> target;
+    QString host;
+    quint16 port = 80;
+    QString lastError;
+    qint64 stored = 0;  // bytes in the target
+    QByteArray head;    // the first of them
+    QByteArray tail;    // and the last
+    int silenceMs = 60000;
+};

@@ -1,0 +1,13 @@
+// Writing satellites as Orbit Mean-Elements Messages in the form CSV.
+#pragma once
+
+#include "app/record/winp_data.h"
+
+#include <cstdio>
+
+/// Writes the line of keywords into a file that is empty.
+void writeOmmHeader(std::FILE* file);
+
+/// Writes the elements of a slot. Figures have as many digits as they need to come back the same, the epoch has
+/// microseconds. What the record does not hold is written as the services write what they do not know.
+void writeOmmLine(std::FILE* file, const WinpData& in, int slot);

@@ -1,0 +1,345 @@
+#include "elements/omm_message.h"
+
+#include "app/record/numbers.h"
+#include "app/record/text.h"
+#include "astro/calendar.h"
+#include "elements/catalogue_number.h"
+
+#include <algorithm>
+#include <charconv>
+#include <cmath>
+#include <cstdlib>
+#include <optional>
+
+namespace {
+/// In the order of `OmmField`.
+constexpr std::array<std::string_view, ommFieldCount> keywords{
+    "OBJECT_NAME",     "OBJECT_ID",      "CENTER_NAME",  "REF_FRAME",    "TIME_SYSTEM",    "MEAN_ELEMENT_THEORY",
+    "EPOCH",           "MEAN_MOTION",    "ECCENTRICITY", "INCLINATION",  "RA_OF_ASC_NODE", "ARG_OF_PERICENTER",
+    "MEAN_ANOMALY",    "EPHEMERIS_TYPE", "NORAD_CAT_ID", "REV_AT_EPOCH", "BSTAR",          "MEAN_MOTION_DOT",
+    "MEAN_MOTION_DDOT"};
+
+constexpr double greatestWhole = 999'999'999;
+constexpr int mantissaDigits = 5;
+constexpr int greatestExponent = 9;
+constexpr long long nanosecondsPerSecond = 1'000'000'000;
+constexpr int secondDigits = 9;
+
+constexpr std::string_view blanks = " \t\r\n\v\f";
+
+std::string_view trimmed(std::string_view text)
+{
+    const std::size_t begin = text.find_first_not_of(blanks);
+    if (begin == std::string_view::npos)
+        return {};
+    return text.substr(begin, text.find_last_not_of(blanks) + 1 - begin);
+}
+
+char capital(char c)
+{
+    return c >= 'a' && c <= 'z' ? static_cast<char>(c - 'a' + 'A') : c;
+}
+
+bool isDigit(char c)
+{
+    return c >= '0' && c <= '9';
+}
+
+/// Case does not matter.
+bool startsWith(std::string_view text, std::string_view capitals)
+{
+    return text.size() >= capitals.size() &&
+           std::equal(capitals.begin(), capitals.end(), text.begin(), [](char a, char b) { return a == capital(b); });
+}
+
+bool equals(std::string_view text, std::string_view capitals)
+{
+    return text.size() == capitals.size() && startsWith(text, capitals);
+}
+
+/// The finite number that the whole text says.
+std::optional<double> numberOf(std::string_view text)
+{
+    if (text.size() > 1 && text[0] == '+')
+        text.remove_prefix(1);
+    double value = 0;
+    const auto [end, error] = std::from_chars(text.data(), text.data() + text.size(), value);
+    const bool whole = error == std::errc() && end == text.data() + text.size();
+    return whole && std::isfinite(value) ? std::optional(value) : std::nullopt;
+}
+
+/// Reads the fields one by one and keeps the first reason to refuse.
+class Values
+{
+public:
+    explicit Values(const OmmMessage& from) : message(from) {}
+
+    double required(OmmField field)
+    {
+        if (message[field].empty())
+            refuse("no ", field, "");
+        return optional(field);
+    }
+
+    /// 0 if it is absent.
+    double optional(OmmField field)
+    {
+        const std::string& text = message[field];
+        if (text.empty())
+            return 0;
+        const std::optional<double> value = numberOf(text);
+        if (!value)
+            refuse("", field, " is no number");
+        return value.value_or(0);
+    }
+
+    int whole(OmmField field, int absent)
+    {
+        if (message[field].empty())
+            return absent;
+        const double value = optional(field);
+        if (value != std::floor(value) || value < 0 || value > greatestWhole)
+            refuse("", field, " is out of range");
+        return refusal.empty() ? truncToInt(value) : absent;
+    }
+
+    void refuse(std::string_view before, OmmField field, std::string_view behind)
+    {
+        if (refusal.empty())
+            refusal.append(before).append(keywordOf(field)).append(behind);
+    }
+
+    const OmmMessage& message;
+    std::string refusal;
+};
+
+/// A text from a message that goes into a line.
+std::string plainText(std::string_view text)
+{
+    std::string plain(text);
+    std::replace_if(
+        plain.begin(), plain.end(), [](char c) { return (c >= 0 && c < ' ') || c == '\x7f'; }, ' ');
+    return plain;
+}
+
+void expect(Values& values, OmmField field, std::string_view wanted, bool right)
+{
+    const std::string& text = values.message[field];
+    if (text.empty() || right)
+        return;
+    values.refuse("", field, " is " + plainText(text.substr(0, 20)) + ", not " + std::string(wanted));
+}
+
+void expectSgp4AboutTheEarth(Values& values)
+{
+    const OmmMessage& message = values.message;
+    const std::string& theory = message[OmmField::meanElementTheory];
+    const bool sgp4 = startsWith(theory, "SGP") || startsWith(theory, "SDP") || equals(theory, "TLE");
+    expect(values, OmmField::centerName, "EARTH", equals(message[OmmField::centerName], "EARTH"));
+    expect(values, OmmField::timeSystem, "UTC", equals(message[OmmField::timeSystem], "UTC"));
+    expect(values, OmmField::refFrame, "TEME", startsWith(message[OmmField::refFrame], "TEME"));
+    expect(values, OmmField::meanElementTheory, "SGP4", sgp4 && !equals(theory, "SGP4-XP"));
+}
+
+/// YYNNNAAA of 1998-067A or 98067A; empty for other texts.
+std::string shortDesignator(std::string_view id)
+{
+    constexpr std::size_t yearDigits = 4, hyphen = 4, longestRest = 6;
+    std::string text(id);
+    if (text.size() > hyphen && text[hyphen] == '-' && std::all_of(id.begin(), id.begin() + yearDigits, isDigit))
+        text = text.substr(2, 2) + text.substr(hyphen + 1);
+    const bool alike = text.size() > 2 && text.size() <= 2 + longestRest && isDigit(text[0]) && isDigit(text[1]) &&
+                       std::all_of(text.begin() + 2, text.end(),
+                                   [](char c) { return isDigit(c) || (capital(c) >= 'A' && capital(c) <= 'Z'); });
+    return alike ? text : std::string();
+}
+
+/// Takes texts of an epoch from the left.
+class EpochText
+{
+public:
+    explicit EpochText(std::string_view text) : rest(text) {}
+
+    /// A number of exactly so many digits.
+    int digits(std::size_t count)
+    {
+        const bool there = rest.size() >= count && std::all_of(rest.begin(), rest.begin() + count, isDigit);
+        good = good && there;
+        const int value = there ? wholeNumber(rest.substr(0, count)) : 0;
+        rest.remove_prefix(std::min(count, rest.size()));
+        return value;
+    }
+
+    /// Whether this character follows, which is taken then.
+    bool take(char c)
+    {
+        const bool there = !rest.empty() && rest[0] == c;
+        rest.remove_prefix(there ? 1 : 0);
+        return there;
+    }
+
+    void expect(char c) { good = take(c) && good; }
+
+    std::size_t digitsAhead() const
+    {
+        return static_cast<std::size_t>(std::find_if_not(rest.begin(), rest.end(), isDigit) - rest.begin());
+    }
+
+    /// Decimals as a number of nanoseconds; those behind the ninth are cut off.
+    long long nanoseconds()
+    {
+        const std::size_t count = digitsAhead();
+        const std::size_t taken = std::min<std::size_t>(count, secondDigits);
+        std::string decimals(rest.substr(0, taken));
+        decimals.resize(secondDigits, '0');
+        rest.remove_prefix(count);
+        return wholeNumber(decimals);
+    }
+
+    bool atEnd() const { return rest.empty(); }
+    bool isGood() const { return good; }
+
+private:
+    std::string_view rest;
+    bool good = true;
+};
+
+/// Days from the start of the year to the start of a month of 1 to 13.
+int daysBefore(int month, int year)
+{
+    const double start = month > 12 ? mjd(1, 1, year + 1, 0.0) : mjd(1, month, year, 0.0);
+    return truncToInt(start - mjd(1, 1, year, 0.0));
+}
+
+/// 2018-01-20 or 2018-020; 0 for no date.
+int readDayOfYear(EpochText& epoch, int& year)
+{
+    year = epoch.digits(4);
+    epoch.expect('-');
+    const bool ordinal = epoch.digitsAhead() == 3;
+    const int month = ordinal ? 1 : epoch.digits(2);
+    if (!ordinal)
+        epoch.expect('-');
+    const int day = epoch.digits(ordinal ? 3 : 2);
+    if (!epoch.isGood() || year < 1 || month < 1 || month > 12)
+        return 0;
+    const int before = daysBefore(month, year);
+    const int length = daysBefore(ordinal ? 13 : month + 1, year) - before;
+    return day <= length && day > 0 ? before + day : 0;
+}
+
+/// Nanoseconds of the day; -1 for no time. The second 60 is that of a leap second.
+long long readTimeOfDay(EpochText& epoch)
+{
+    const int hour = epoch.digits(2);
+    epoch.expect(':');
+    const int minute = epoch.digits(2);
+    epoch.expect(':');
+    const int second = epoch.digits(2);
+    const long long decimals = epoch.take('.') ? epoch.nanoseconds() : 0;
+    if (!epoch.isGood() || hour > 23 || minute > 59 || second > 60)
+        return -1;
+    return (hour * 3600LL + minute * 60LL + second) * nanosecondsPerSecond + decimals;
+}
+
+/// 2018-01-20T12:00:00.000000 or 2018-020T12:00:00: with as many decimals as there are, a blank or a T between, and
+/// a Z behind or none.
+bool readEpoch(std::string_view text, ExactEntry& entry)
+{
+    EpochText epoch(text);
+    const int dayOfYear = readDayOfYear(epoch, entry.year);
+    if (!epoch.take('T'))
+        epoch.expect(' ');
+    const long long nanoseconds = readTimeOfDay(epoch);
+    epoch.take('Z');
+    if (dayOfYear == 0 || nanoseconds < 0 || !epoch.atEnd())
+        return false;
+    // 86.4 ns each: the decimals of an epoch of two lines come out as they were
+    constexpr long long unitsPerDay = 1'000'000'000'000;
+    const long long units = nanoseconds * 5 / 432;
+    char day[40];
+    entry.day =
+        numberOf(formatted(day, "%lld.%012lld", dayOfYear + units / unitsPerDay, units % unitsPerDay)).value_or(1);
+    return true;
+}
+
+int numberOfObject(Values& values)
+{
+    const std::string& text = values.message[OmmField::noradCatId];
+    if (text.size() == 5 && !isDigit(text[0]) && catalogueNumber(text) > 0)
+        return catalogueNumber(text);
+    return values.whole(OmmField::noradCatId, 0);
+}
+}  // namespace
+
+std::string_view keywordOf(OmmField field)
+{
+    return keywords[static_cast<std::size_t>(field)];
+}
+
+OmmField fieldOf(std::string_view keyword)
+{
+    const auto* const found = std::find(keywords.begin(), keywords.end(), keyword);
+    return static_cast<OmmField>(found - keywords.begin());
+}
+
+void OmmMessage::set(OmmField field, std::string_view value)
+{
+    if (field == OmmField::count)
+        return;
+    values[static_cast<std::size_t>(field)] = trimmed(value);
+    any = true;
+}
+
+void OmmMessage::clear()
+{
+    for (std::string& value : values)
+        value.clear();
+    any = false;
+}
+
+double asExponentField(double value)
+{
+    char text[32];
+    const auto [end, error] =
+        std::to_chars(text, text + sizeof text, value, std::chars_format::scientific, mantissaDigits - 1);
+    const std::string_view printed(text, static_cast<std::size_t>(end - text));
+    const std::size_t power = printed.find('e');
+    if (error != std::errc() || power == std::string_view::npos || numberOf(printed) != value)
+        return value;  // no such field holds it
+    const int exponent = wholeNumber(printed.substr(power + 1)) + 1;
+    if (std::abs(exponent) > greatestExponent)
+        return value;
+    std::string digits(printed.substr(0, power));
+    std::erase(digits, '.');
+    return wholeNumber(digits) * 1e-5 * std::pow(10.0, exponent);
+}
+
+ExactEntry entryOf(const OmmMessage& message)
+{
+    ExactEntry entry;
+    Values values(message);
+    entry.name = plainText(message[OmmField::objectName]);
+    entry.designator = shortDesignator(message[OmmField::objectId]);
+    entry.norad = numberOfObject(values);
+    expectSgp4AboutTheEarth(values);
+    if (message[OmmField::epoch].empty())
+        values.refuse("no ", OmmField::epoch, "");
+    else if (!readEpoch(message[OmmField::epoch], entry))
+        values.refuse("", OmmField::epoch, " is no date");
+    entry.n0 = values.required(OmmField::meanMotion);
+    entry.ecc = values.required(OmmField::eccentricity);
+    entry.inc = values.required(OmmField::inclination);
+    entry.ra = values.required(OmmField::raOfAscNode);
+    entry.aper = values.required(OmmField::argOfPericenter);
+    entry.m0 = values.required(OmmField::meanAnomaly);
+    entry.ephemerisType = values.whole(OmmField::ephemerisType, 0);
+    entry.revolution = values.whole(OmmField::revAtEpoch, -1);
+    entry.bstar = asExponentField(values.optional(OmmField::bstar));
+    entry.n6dot = asExponentField(values.optional(OmmField::meanMotionDdot));
+    entry.ndot = values.optional(OmmField::meanMotionDot);
+    if (entry.ecc < 0)
+        values.refuse("", OmmField::eccentricity, " is negative");
+    entry.refusal = values.refusal;
+    return entry;
+}

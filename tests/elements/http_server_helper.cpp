@@ -1,0 +1,41 @@
+#include "elements/http_server_helper.h"
+
+#include <QHostAddress>
+
+HttpServer::HttpServer()
+{
+    QObject::connect(&server, &QTcpServer::newConnection, &server, [this] { take(); });
+    server.listen(QHostAddress::LocalHost);
+}
+
+void HttpServer::document(const QByteArray& path, const QByteArray& body, const QByteArray& status)
+{
+    answer(path, "HTTP/1.1 " + status + "\r\nContent-Length: " + QByteArray::number(body.size()) +
+                     "\r\nConnection: close\r\n\r\n" + body);
+}
+
+void HttpServer::take()
+{
+    QTcpSocket* const socket = server.nextPendingConnection();
+    QObject::connect(socket, &QTcpSocket::readyRead, socket, [this, socket] { serve(socket); });
+    QObject::connect(socket, &QTcpSocket::disconnected, socket, &QObject::deleteLater);
+}
+
+void HttpServer::serve(QTcpSocket* socket)
+{
+    constexpr char handshake = 0x16;
+    if (socket->peek(1) == QByteArray(1, handshake)) {
+        ++greetings;
+        socket->disconnectFromHost();
+        return;
+    }
+    if (!socket->peek(65536).contains("\r\n\r\n"))
+        return;
+    const QByteArray path = socket->readAll().split(' ').value(1);
+    ++count;
+    if (path == silent)
+        return;
+    socket->write(
+        answers.value(path, "HTTP/1.1 404 Not Found\r\nContent-Length: 9\r\nConnection: close\r\n\r\nnot found"));
+    socket->disconnectFromHost();
+}

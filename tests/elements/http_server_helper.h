@@ -1,0 +1,38 @@
+// A local HTTP server that answers what a test tells it.
+#pragma once
+
+#include <QByteArray>
+#include <QHash>
+#include <QTcpServer>
+#include <QTcpSocket>
+
+/// Serves on a free port of the loopback interface, from the event loop of the test.
+class HttpServer
+{
+public:
+    HttpServer();
+
+    /// The bytes that answer a path; the connection is closed behind them.
+    void answer(const QByteArray& path, const QByteArray& bytes) { answers[path] = bytes; }
+    /// The same with a status line and the length of the document.
+    void document(const QByteArray& path, const QByteArray& body, const QByteArray& status = "200 OK");
+    /// A request for this path is heard and never answered.
+    void silence(const QByteArray& path) { silent = path; }
+
+    quint16 port() const { return server.serverPort(); }
+    int requests() const { return count; }
+    /// How often TLS was spoken to the server, which does not: it closes the connection.
+    int handshakes() const { return greetings; }
+    /// No one listens on the port any more.
+    void stop() { server.close(); }
+
+private:
+    void take();
+    void serve(QTcpSocket* socket);
+
+    QTcpServer server;
+    QHash<QByteArray, QByteArray> answers;
+    QByteArray silent;
+    int count = 0;
+    int greetings = 0;
+};

@@ -1,0 +1,177 @@
+// Saving satellites as Orbit Mean-Elements Messages, and catalogue numbers of six digits.
+#include "elements/writer.h"
+
+#include "elements/search_helper.h"
+#include "scratch_dir.h"
+
+#include "app/record/text.h"
+#include "elements/catalogue_number.h"
+
+#include <QFile>
+#include <gtest/gtest.h>
+#include <limits>
+
+namespace {
+constexpr int k = workSlot;
+
+/// ATLAS CENTAUR 2 in the first slots of a record that saves into this file.
+std::unique_ptr<WinpData> recordOf(const char* file, int satellites)
+{
+    FileSearch search(atlas);
+    EXPECT_EQ(search.next(), 1);
+    for (int i = 0; i < satellites; ++i)
+        ShiftElm(search.in.get(), i, k);
+    search.in->satn = satellites;
+    assignField(search.in->tlesave, file);
+    return std::move(search.in);
+}
+
+struct NumberCase
+{
+    int number;
+    const char* columns;
+};
+
+// leading letters as the services publish them: I and O are left out
+constexpr NumberCase numberCases[] = {
+    {5, "    5"},      {99999, "99999"},  {100000, "A0000"}, {148493, "E8493"}, {179999, "H9999"},
+    {180000, "J0000"}, {182931, "J2931"}, {229999, "N9999"}, {230000, "P0000"}, {234018, "P4018"},
+    {301928, "W1928"}, {310000, "X0000"}, {339999, "Z9999"},
+};
+
+TEST(CatalogueNumber, HasALetterForItsLeadingDigits)
+{
+    for (const NumberCase& c : numberCases) {
+        SCOPED_TRACE(c.columns);
+        EXPECT_EQ(catalogueText(c.number), c.columns);
+        EXPECT_EQ(catalogueNumber(c.columns), c.number);
+    }
+    EXPECT_EQ(catalogueText(340000), "40000");  // its last five digits
+    EXPECT_EQ(catalogueText(799500012), "00012");
+    EXPECT_EQ(catalogueText(std::numeric_limits<int>::min()), "-9999");
+    for (const char* none : {"I0000", "O0000", "a0000", "A000", "A 000", "A000B", "?0000", "     ", ""}) {
+        SCOPED_TRACE(none);
+        EXPECT_EQ(catalogueNumber(none), 0);
+    }
+}
+
+TEST(CatalogueNumber, OfSixDigitsIsFoundAndSaved)
+{
+    const ScratchDir here;
+    std::string lines = atlasLines;
+    lines.replace(2, 5, "W1928").replace(72, 5, "W1928");
+    FileSearch search("NEW OBJECT\n" + lines);
+    ASSERT_EQ(search.byNumber(301928), 1);
+    EXPECT_EQ(search.name(), "NEW OBJECT");
+    EXPECT_EQ(search.in->norad[k], 301928);
+    EXPECT_EQ(search.byNumber(1928), 0);
+    ASSERT_EQ(search.byNumber(301928), 1);
+    ShiftElm(search.in.get(), 0, k);
+    search.in->satn = 1;
+    assignField(search.in->tlesave, "out.tle");
+    ASSERT_EQ(SaveTle(search.in.get()), 0);
+    const std::string saved = ScratchDir::read("out.tle");
+    EXPECT_EQ(saved.substr(41, 7), "1 W1928");
+    EXPECT_EQ(saved.substr(111, 7), "2 W1928");
+    EXPECT_EQ(FileSearch::of("out.tle").byNumber(301928), 1);
+}
+
+TEST(CatalogueNumber, BeyondTheColumnsIsLeftOutOrShortened)
+{
+    const ScratchDir here;
+    const auto in = recordOf("out.tle", 2);
+    in->norad[1] = 340012;
+    EXPECT_EQ(leftOut(*in).numbers, std::vector<int>{1});
+    ASSERT_EQ(SaveTle(in.get()), 0);
+    const std::string one = ScratchDir::read("out.tle");
+    EXPECT_EQ(one.size(), 41U + 70 + 70);
+    in->newtle = 1;
+    ASSERT_EQ(SaveTle(in.get(), true), 0);
+    EXPECT_EQ(ScratchDir::read("out.tle").substr(one.size() + 41, 7), "1 40012");
+    assignField(in->tlesave, "out.csv");  // which has room for it
+    EXPECT_TRUE(leftOut(*in).numbers.empty());
+}
+
+TEST(OmmCsv, IsWrittenLikeThoseOfTheServices)
+{
+    const ScratchDir here;
+    const auto in = recordOf("OUT.CSV", 2);
+    assignField(in->fsname[1], "A \"B\", C");
+    in->norad[1] = 799500012;
+    in->aflg[1] = 0;
+    ASSERT_TRUE(savesMessages(*in));
+    ASSERT_EQ(SaveTle(in.get()), 0);
+    const std::string header = "OBJECT_NAME,OBJECT_ID,EPOCH,MEAN_MOTION,ECCENTRICITY,INCLINATION,RA_OF_ASC_NODE,"
+                               "ARG_OF_PERICENTER,MEAN_ANOMALY,EPHEMERIS_TYPE,CLASSIFICATION_TYPE,NORAD_CAT_ID,"
+                               "ELEMENT_SET_NO,REV_AT_EPOCH,BSTAR,MEAN_MOTION_DOT,MEAN_MOTION_DDOT\r\n";
+    const std::string start = ",1963-047A,2018-01-20T10:54:52.602336,14.02251561,0.0587298,30.3567,49.3864,"
+                              "116.6761,249.5182,";
+    const std::string drag = ",999,0,1.3161e-05,1.92e-06,0\r\n";
+    EXPECT_EQ(ScratchDir::read("OUT.CSV"), header + "ATLAS CENTAUR 2" + start + "0,U,694" + drag +
+                                               "\"A \"\"B\"\", C\"" + start + "9,U,799500012" + drag);
+    ASSERT_EQ(SaveTle(in.get()), 0);  // behind it, and read as one file
+    FileSearch search = FileSearch::opened("OUT.CSV");
+    for (const int more : {2, 2, 2, 1})
+        EXPECT_EQ(search.next(), more);
+    EXPECT_EQ(search.name(), "A \"B\", C            ");
+    EXPECT_EQ(search.in->norad[k], 799500012);
+    EXPECT_EQ(search.in->aflg[k], 0);
+}
+
+TEST(OmmCsv, BringsEveryElementBack)
+{
+    const ScratchDir here;
+    const auto in = recordOf("out.csv", 1);
+    const double third = 1.0 / 3;
+    in->mjdep[0] = 61236.0 + third;
+    in->n0[0] = 14.0 + third;
+    in->ecc[0] = third;
+    in->inc[0] = 50 + third;
+    in->ra[0] = 360 - third;
+    in->aper[0] = -third;
+    in->m0[0] = 100 + third;
+    in->bstar[0] = -third * 1e-7;
+    in->ndot[0] = third * 1e-12;
+    in->n6dot[0] = 1e-30;
+    ASSERT_EQ(SaveTle(in.get()), 0);
+    FileSearch back = FileSearch::opened("out.csv");
+    ASSERT_EQ(back.next(), 1);
+    EXPECT_NEAR(back.in->mjdep[k], in->mjdep[0], 1.2e-11);  // one microsecond
+    for (const auto field : {&WinpData::n0, &WinpData::ecc, &WinpData::inc, &WinpData::ra, &WinpData::aper,
+                             &WinpData::m0, &WinpData::bstar, &WinpData::ndot, &WinpData::n6dot})
+        EXPECT_EQ((back.in.get()->*field)[k], (in.get()->*field)[0]);
+}
+
+TEST(OmmCsv, WritesEpochsToTheMicrosecond)
+{
+    const ScratchDir here;
+    const std::pair<double, const char*> cases[] = {
+        {58118.999999999998, ",2018-01-01T00:00:00.000000,"},  // rounds to the next day
+        {51544.5, ",2000-01-01T12:00:00.000000,"},
+        {15020.0, ",1900-01-01T00:00:00.000000,"},
+        {1e300, ",9999-12-31T00:00:00.000000,"},
+        {-1e300, ",0001-01-01T00:00:00.000000,"},
+        {std::numeric_limits<double>::quiet_NaN(), ",1858-11-17T00:00:00.000000,"},
+    };
+    for (const auto& [epoch, text] : cases) {
+        const auto in = recordOf("out.csv", 1);
+        in->mjdep[0] = epoch;
+        ASSERT_EQ(SaveTle(in.get()), 0);
+        EXPECT_NE(ScratchDir::read("out.csv").find(text), std::string::npos) << ScratchDir::read("out.csv");
+    }
+}
+
+TEST(OmmCsv, LeavesNumericSatellitesOut)
+{
+    const ScratchDir here;
+    const auto in = recordOf("out.csv", 3);
+    in->numflg[1] = 1;
+    EXPECT_EQ(leftOut(*in).numeric, std::vector<int>{1});
+    ASSERT_EQ(SaveTle(in.get()), 0);
+    FileSearch search = FileSearch::opened("out.csv");
+    EXPECT_EQ(search.next(), 2);
+    EXPECT_EQ(search.next(), 1);
+    assignField(in->tlesave, "out.tle");
+    EXPECT_TRUE(leftOut(*in).numeric.empty());
+}
+}  // namespace

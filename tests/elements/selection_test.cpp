@@ -1,0 +1,169 @@
+#include "elements/selection.h"
+
+#include "elements/search_helper.h"
+#include "scratch_dir.h"
+
+#include "app/record/keep.h"
+#include "app/record/text.h"
+
+#include <gtest/gtest.h>
+
+namespace {
+/// The record of the process, at its defaults for a test.
+class Selection : public testing::Test
+{
+protected:
+    Selection() { setDefaults(indata); }
+    ~Selection() override
+    {
+        satfle = nullptr;
+        setDefaults(indata);
+    }
+
+    static void select(int n)
+    {
+        indata->satn = n;
+        for (int i = 0; i < n; ++i) {
+            indata->norad[i] = i;
+            assignField(indata->fsname[i], std::string(1, static_cast<char>('A' + i)));
+        }
+    }
+
+    static std::string names()
+    {
+        std::string all;
+        for (int i = 1; i <= indata->satn; ++i)
+            all += vsSatName(i).toStdString();
+        return all;
+    }
+};
+
+TEST_F(Selection, ListsItsFileAndNames)
+{
+    assignField(indata->tlename, "/data/visual.txt");
+    EXPECT_EQ(vsSatList(), QStringLiteral("TLE filename: /data/visual.txt\n\n*** No Satellites Selected ***"));
+    select(2);
+    EXPECT_EQ(vsSatList(), QStringLiteral("TLE filename: /data/visual.txt\n\nSelected Satellites:\n\n  A\n  B"));
+    vsResetSatList();
+    EXPECT_EQ(indata->satn, 0);
+    EXPECT_EQ(indata->sgpsat, noSlot);
+}
+
+TEST_F(Selection, TheEleventhTakesThePlaceOfTheTenth)
+{
+    select(9);
+    indata->norad[workSlot] = 25544;
+    vsSatSel();
+    EXPECT_EQ(indata->satn, 10);
+    EXPECT_EQ(indata->norad[9], 25544);
+    indata->norad[workSlot] = 20580;
+    vsSatSel();
+    EXPECT_EQ(indata->satn, 10);
+    EXPECT_EQ(indata->norad[9], 20580);
+    EXPECT_EQ(indata->norad[8], 8);
+}
+
+TEST_F(Selection, SearchesTheOpenFile)
+{
+    const ScratchDir here;
+    ScratchDir::write("set.tle", atlas + "ATLAS 2\n" + atlasLines);
+    const FilePtr file = openForReading("set.tle");
+    satfle = file.get();
+    QString s = QStringLiteral("atlas");
+    int n = 17;
+    vsFindSat(s, n, 0, 0, 1);
+    EXPECT_EQ(n, 0);  // 71361 revolutions are no recent launch
+    EXPECT_EQ(s, QStringLiteral("\n+++ No match found for atlas +++"));
+    s = QStringLiteral("atlas");
+    vsFindSat(s, n, 0, 0, 0);
+    EXPECT_EQ(n, 2);
+    EXPECT_TRUE(s.startsWith(QStringLiteral("ATLAS CENTAUR 2     \n====")));
+    s = QStringLiteral("atlas");
+    vsReComp(s, n, 0, 1, 0, 0);
+    EXPECT_EQ(n, 1);
+    EXPECT_TRUE(s.startsWith(QStringLiteral("ATLAS 2\n====")));
+    s.clear();
+    n = 12345;
+    vsFindSat(s, n, 1, 1, 0);
+    EXPECT_EQ(s, QStringLiteral("\n+++ No match found for NORAD# 12345 +++"));
+
+    int mode = 0, norad = 0, satn = 0, low = 0, rec = 1;
+    vsLastSat(s, mode, norad, satn, low, rec);
+    EXPECT_TRUE(s.isEmpty());
+    EXPECT_EQ(mode, 1);
+    EXPECT_EQ(norad, 12345);
+    EXPECT_EQ(satn, 0);
+    EXPECT_EQ(low, 1);
+    EXPECT_EQ(rec, 0);
+}
+
+TEST_F(Selection, WithoutAFileFindsNothing)
+{
+    QString s = QStringLiteral("atlas");
+    int n = 1;
+    vsFindSat(s, n, 0, 0, 0);
+    EXPECT_EQ(n, 0);
+    EXPECT_TRUE(vsSatName(0).isEmpty());
+}
+
+struct RemovalCase
+{
+    const char* what;
+    int satn, prime;
+    const char* marked;  // one character each, x is removed
+    const char* left;
+    int primeAfter;
+};
+
+constexpr RemovalCase removalCases[] = {
+    {"the prime one passes it on to the one before", 4, 2, "..x.", "ABD", 1},
+    {"the first one as prime stays first", 3, 0, "x..", "BC", 0},
+    {"above the prime one", 4, 1, "..xx", "AB", 1},
+    {"below the prime one", 4, 3, "x.x.", "BD", 1},
+    {"all", 3, 2, "xxx", "", 0},
+    {"none", 3, 2, "...", "ABC", 2},
+    {"the last of ten", 10, 9, ".........x", "ABCDEFGHI", 8},
+    {"marks above the selection", 2, 1, "...xx", "AB", 1},
+};
+
+TEST_F(Selection, RemovesTheMarkedOnes)
+{
+    for (const RemovalCase& c : removalCases) {
+        SCOPED_TRACE(c.what);
+        select(c.satn);
+        indata->prs = c.prime;
+        std::array<bool, maxSatellites> marked{};
+        for (std::size_t i = 0; c.marked[i]; ++i)
+            marked[i] = c.marked[i] == 'x';
+        removeSatellites(indata, marked);
+        EXPECT_EQ(names(), c.left);
+        EXPECT_EQ(indata->prs, c.primeAfter);
+    }
+}
+
+struct FileNameCase
+{
+    std::string elementFile, name, completed;
+};
+
+TEST_F(Selection, CompletesDefaultNamesBesideTheElementFile)
+{
+    const std::string deep = "/" + std::string(98, 'd') + "/";
+    const FileNameCase cases[] = {
+        {"/data/tle/visual.txt", "*satsave.txt", "/data/tle/satsave.txt"},
+        {"./visual.txt", "*vorlix.tle", "./vorlix.tle"},
+        {"/data/tle/visual.txt", "chosen.txt", "chosen.txt"},
+        {"visual.txt", "*satsave.txt", "/satsave.txt"},
+        {"", "*satsave.txt", "/satsave.txt"},
+        {deep + "v", "*satsave.txt", deep + "sats"},
+        {"/data/x", "", ""},
+    };
+    for (const FileNameCase& c : cases) {
+        SCOPED_TRACE(c.elementFile);
+        assignField(indata->tlename, c.elementFile);
+        assignField(indata->savename, c.name);
+        vsFileName(indata->savename);
+        EXPECT_EQ(fieldText(indata->savename), c.completed);
+    }
+}
+}  // namespace
