@@ -1,0 +1,27 @@
+// Walking through all entries of an element file.
+#pragma once
+
+#include "app/record/winp_data.h"
+#include "elements/reader.h"
+
+#include <cstdio>
+
+/// Brings one entry after the other to the work slot. The search text becomes "*".
+class Entries
+{
+public:
+    Entries(WinpData* in, std::FILE* file);
+
+    /// Reads the next entry; false if there is none.
+    bool next();
+
+    /// Whether the reader said that nothing follows the entry read last.
+    bool atLast() const { return !more; }
+
+private:
+    WinpData* record;
+    std::FILE* elements;
+    bool started = false;
+    bool more = true;
+    char report[entryTextRoom] = {};
+};

@@ -1,0 +1,16 @@
+// Which satellites of the element file pass next.
+#pragma once
+
+struct WinpData;
+
+/// Selects up to ten satellites of `tlename` whose passes start soonest from the real-time clock on (`RT_MJD`), at
+/// least 0.0018 and at most 0.1 days ahead.
+///
+/// The selection is replaced, earliest first, and the first satellite becomes prime; if none is found only `prs`
+/// becomes 0. `rlm` is off afterwards. The kind `iridflg` must not be Iridium.
+///
+/// @return  number of satellites selected, 0 none found, -1 the element file cannot be opened
+int Nxt4Pass(WinpData* in);
+
+/// The same from the time `t`, MJD UTC, on.
+int nextSatellites(WinpData* in, double t);
