@@ -1,0 +1,287 @@
+#include "reports/pass_details.h"
+
+#include "app/record/files.h"
+#include "app/record/keep.h"
+#include "app/record/numbers.h"
+#include "app/record/text.h"
+#include "app/record/winp_data.h"
+#include "astro/angles.h"
+#include "astro/calendar.h"
+#include "astro/frames.h"
+#include "elements/selection.h"
+#include "engine/aos_list.h"
+#include "engine/held_values.h"
+#include "engine/pass_search.h"
+#include "engine/position.h"
+#include "reports/step_lines.h"
+
+#include <QString>
+#include <string>
+
+namespace {
+
+constexpr double oneSecondDays = 1.1574074074074073e-5;
+constexpr double shortestWholeSecondDays = 1.157407407e-5;  // a step of one second, its last digits left open
+constexpr int mostSavedSteps = 16250;
+
+// of a time stamp
+constexpr std::size_t dateOnly = 7;
+constexpr std::size_t dateAndMinutes = 13;
+constexpr std::size_t dateAndSeconds = 16;
+
+double greatestElevation = -100.0;  // of the listing under way, degrees, without refraction
+
+/// The start of a pass, moved on to the next full minute or second as the time step asks.
+double alignedStart(double t, double step)
+{
+    int day = 0, month = 0, year = 0, h = 0, m = 0;
+    double hours = 0, s = 0;
+    caldat(t, day, month, year, hours);
+    dms(hours, h, m, s);
+    if (step == oneMinuteDays)
+        return mjd(day, month, year, ddd(h, s > 0.0 ? m + 1 : m, 0.0));
+    if (step >= oneSecondDays)
+        return mjd(day, month, year, ddd(h, m, truncToInt(s) + 1));
+    return t;
+}
+
+int civilYear(const WinpData& in, double t)
+{
+    int day = 0, month = 0, year = 0;
+    double hours = 0;
+    caldat(t + in.tzone / 24.0, day, month, year, hours);
+    return year;
+}
+
+void addNames(TextWriter& text, const WinpData& in, int mode)
+{
+    if (mode != passform::display)
+        text.add("\n\n\n");
+    text.add(fieldText(in.fsname[in.prs]));
+    if (relativeMode(in))
+        text.add("\n").add(fieldText(in.fsname[in.prs + 1 < in.satn ? in.prs + 1 : 0]));
+    text.add("\n").add(std::string(54, '_')).add("\n");
+}
+
+void addColumnHeading(TextWriter& text, const WinpData& in)
+{
+    text.add("\n").add(std::string(29, ' '));
+    if (groundPointWanted(in))
+        text.add(" Ctr.Line  long.    lat.");
+    else if (relativeMode(in))
+        text.add("       Azim.  Elev.              lat.   long");
+    else
+        text.add("         Azim.  Elev.                 R.A.   Decl");
+    text.add("\n");
+}
+
+void addHeading(TextWriter& text, const WinpData& in, double t, int mode)
+{
+    addNames(text, in, mode);
+    text.addFormatted("Year: %4i  +++> Timezone %g <+++", civilYear(in, t), in.tzone);
+    if (in.visflg)
+        text.add(in.moonflg ? "  Moonshine" : "  visible");
+    text.add("\n");
+    if (mode != passform::groundTrack)
+        addColumnHeading(text, in);
+}
+
+/// Hours, minutes and seconds with one decimal; the seconds never read 60.
+void addTenths(TextWriter& text, double civil)
+{
+    int day = 0, month = 0, year = 0, h = 0, m = 0;
+    double hours = 0, s = 0;
+    caldat(civil, day, month, year, hours);
+    dms(hours, h, m, s);
+    if (s >= 59.95) {
+        s = 0.0;
+        h = m < 59 ? h : h + 1;
+        m = m < 59 ? m + 1 : 0;
+    }
+    text.addFormatted(" %2i:%02i:%4.1lf", h, m, s);
+}
+
+void addTime(TextWriter& text, const WinpData& in, double t)
+{
+    if (in.tmstep == oneMinuteDays) {
+        addStepTime(text, in, t, dateAndMinutes);
+    } else if (in.tmstep >= shortestWholeSecondDays) {
+        addStepTime(text, in, t, dateAndSeconds);
+    } else {
+        addStepTime(text, in, t, dateOnly);
+        addTenths(text, t + in.tzone / 24.0);
+    }
+}
+
+/// Azimuth and elevation, right ascension and declination; in relative mode the place of the second satellite.
+void addDirection(TextWriter& text, WinpData* in, int mode)
+{
+    const double az = satpos->az[in->prs];
+    const double el = ElvRefr(in, satpos->el[in->prs]);
+    const bool fourDigits = in->ra4d == 1 && !relativeMode(*in);
+    if (mode == passform::save || fourDigits)
+        text.addFormatted("    %8.3lf  %8.3lf", az, el);
+    else
+        text.addFormatted("     %7.2lf  %7.2lf", az, el);
+    text.addFormatted(fourDigits ? "     %9.4lf  %9.4lf" : "        %7.2lf  %7.2lf", satpos->ra[in->prs],
+                      satpos->dec[in->prs]);
+}
+
+void addCentralLine(TextWriter& text, const WinpData& in, int mode)
+{
+    constexpr std::size_t angleRoom = 32;
+    if (satpos->occlat[in.prs] >= noGroundPoint) {
+        text.add("   No Intersection");
+    } else if (mode == passform::save) {
+        addGroundPoint(text, in.prs);
+    } else {
+        char angle[angleRoom];
+        prpang(angle, in.ra4d, in.ddmm, satpos->occlng[in.prs]);
+        text.add("      ").add(fieldText(angle));
+        prpang(angle, in.ra4d, in.ddmm, satpos->occlat[in.prs]);
+        text.add("  ").add(fieldText(angle));
+    }
+}
+
+void addColumns(TextWriter& text, WinpData* in, int mode)
+{
+    if (mode == passform::groundTrack)
+        addSubPoint(text, in->prs);
+    else if (groundPointWanted(*in))
+        addCentralLine(text, *in, mode);
+    else
+        addDirection(text, in, mode);
+}
+
+/// The step behind its heading; false if the satellite does not fulfil the conditions any more.
+bool addStep(TextWriter& text, WinpData* in, double t, int mode)
+{
+    GetSatPos(t, in, satpos, in->prs, 0);
+    if (!cksatok(in, satpos, in->prs))
+        return false;
+    addTime(text, *in, t);
+    addColumns(text, in, mode);
+    if (satpos->el[in->prs] > greatestElevation) {
+        greatestElevation = satpos->el[in->prs];
+        in->tmaxel = t;
+    }
+    return true;
+}
+
+/// Unit vector to the apparent place of the prime satellite, in the frame of `yrepoch`.
+Vec3 apparentDirection(WinpData* in, double t)
+{
+    GetSatPos(t, in, satpos, in->prs, 0);
+    const double ra = DmsDegF(satpos->ra[in->prs]) * 15.0 * radPerDeg;
+    const double dec = DmsDegF(satpos->dec[in->prs]) * radPerDeg;
+    return polcar(Vec3(1.0, ra, dec));
+}
+
+/// Azimuth and elevation of a direction for the observer, radians.
+void horizontal(const WinpData& in, double t, const Vec3& direction, double& az, double& el)
+{
+    double ut1 = held(t, heldTimeDays);
+    if (in.IERSflg)
+        ut1 += held(in.Ut1Utc, heldSeconds) / 86400.0;
+    double distance = 0;
+    AppPos(ut1, 0.0, in.lat * radPerDeg, in.lng * radPerDeg, in.height, 0, direction, az, el, distance);
+}
+
+void addPole(TextWriter& text, const WinpData& in, double az, double el, const Vec3& pole)
+{
+    const Vec3 polar = carpol(pole);
+    const double azDeg = az < 0.0 ? az * degPerRad + 360.0 : az * degPerRad;
+    text.add("Apparent Pole of orbit (Azim   Elev   R.A.  Decl)\n");
+    text.addFormatted("           %7.2lf %7.2lf", azDeg, el * degPerRad);
+    text.addFormatted(in.ra4d == 1 ? "    %9.4lf  %9.4lf" : "    %7.2lf  %7.2lf", DegFDms(polar[1] / radPerHour),
+                      DegFDms(polar[2] * degPerRad));
+}
+
+/// The listing from its second step on.
+void writeFurtherSteps(WinpData* in, double t, int mode)
+{
+    char text[passDetailsRoom];
+    int written = 1;
+    while (written < mostSavedSteps && GetPassDTxt(in, t, text, mode) == 1) {
+        std::fputs(text, outptr);
+        ++written;
+    }
+    if (mode != passform::save || written < 2)
+        return;
+    GetPoleTxt(in, text);
+    std::fputs(text, outptr);
+}
+
+}  // namespace
+
+int GetPassDTxt(WinpData* in, double& t, char* text, int mode)
+{
+    const Keep sunLimit(in->sunel, in->occflg == 1 ? anySunElevationDeg : in->sunel);
+    TextWriter step(text, passDetailsRoom);
+    if (t == 0.0) {
+        in->tmaxel = 0.0;
+        greatestElevation = -100.0;
+        t = alignedStart(in->aostm[in->aossel], in->tmstep);
+        addHeading(step, *in, t, mode);
+    } else {
+        step.add("\n");
+    }
+    const bool listed = addStep(step, in, t, mode);
+    t += in->tmstep;
+    if (t == 0.0)
+        t = 1.0;  // not to be taken for a first step
+    return listed ? 1 : 0;
+}
+
+void GetPoleTxt(WinpData* in, char* text)
+{
+    constexpr double quarterMinuteDays = 0.00017361111111111112;
+    TextWriter lines(text, passDetailsRoom);
+    lines.add("\n\n");
+    if (relativeMode(*in))
+        return;
+    const double t = in->tmaxel;
+    const Vec3 before = apparentDirection(in, t - quarterMinuteDays);
+    const Vec3 after = apparentDirection(in, t + quarterMinuteDays);
+    Vec3 pole = before * after;
+    if (abs(pole) == 0.0)
+        return;
+    double az = 0, el = 0;
+    horizontal(*in, t, pole, az, el);
+    if (el < 0.0) {
+        pole *= -1.0;
+        horizontal(*in, t, pole, az, el);
+    }
+    addPole(lines, *in, az, el, pole);
+}
+
+int vsGetPassDTxt(double& t, QString& text, bool pole)
+{
+    char lines[passDetailsRoom];
+    int result = 0;
+    if (pole)
+        GetPoleTxt(indata, lines);
+    else
+        result = GetPassDTxt(indata, t, lines, passform::display);
+    text = textQString(fieldText(lines));
+    return result;
+}
+
+bool vsSavePassDt(int mode)
+{
+    char first[passDetailsRoom];
+    double t = 0.0;
+    const bool listed = GetPassDTxt(indata, t, first, mode) == 1;
+    if (indata->newsave)
+        vsFileName(indata->savename);
+    // an old file is given up only for something new
+    const ReportFile file(indata->savename, indata->newsave && listed ? "w" : "a");
+    if (!file)
+        return false;
+    if (!listed)
+        return true;
+    indata->newsave = 0;
+    std::fputs(first, outptr);
+    writeFurtherSteps(indata, t, mode);
+    return true;
+}

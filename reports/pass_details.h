@@ -1,0 +1,45 @@
+// One pass of the last table step by step: for the display, for the save file, and as a ground track.
+#pragma once
+
+class QString;
+struct WinpData;
+
+/// Forms of the listing.
+namespace passform {
+enum Mode
+{
+    display = 0,
+    save = 1,        // without degree signs
+    groundTrack = 2  // longitude, latitude and height of the satellite
+};
+}
+
+constexpr int passDetailsRoom = 512;
+
+/// Composes one step of the pass `aossel` of the table, the first one behind its heading.
+///
+/// @param t     time of the step, MJD UTC; must be 0.0 at the first call of a listing, and is moved on by `tmstep`
+/// @param text  at least `passDetailsRoom` characters
+/// @return      1 if the visibility conditions hold; 0 ends the listing, and the text is to be dropped
+///
+/// `tmaxel` becomes the time of the greatest elevation so far. Uses the record `satpos`. With Sun transits the limit
+/// `sunel` plays no part.
+int GetPassDTxt(WinpData* in, double& t, char* text, int mode);
+
+/// Composes the apparent pole of the orbit: that of the great circle through the places of the satellite around
+/// `tmaxel`, as they stand in the frame of `yrepoch`. The one above the horizon counts.
+///
+/// @param text  at least `passDetailsRoom` characters; two newlines alone in relative mode
+void GetPoleTxt(WinpData* in, char* text);
+
+/// For a window: a step of the display form, or the lines of the pole.
+///
+/// @return  whether a listing goes on: the result of `GetPassDTxt`, 0 for the pole
+int vsGetPassDTxt(double& t, QString& text, bool pole);
+
+/// Writes the listing to the save file, with `passform::save` also the pole behind two steps or more.
+///
+/// The file starts anew if `newsave` is set, which then becomes 0; a file that cannot be opened leaves `newsave`.
+///
+/// @return  false if the file cannot be opened
+bool vsSavePassDt(int mode);

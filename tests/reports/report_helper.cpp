@@ -1,0 +1,48 @@
+#include "reports/report_helper.h"
+
+#include "app/record/files.h"
+#include "app/record/text.h"
+#include "elements/reader.h"
+
+#include <fstream>
+#include <iterator>
+
+#include <gtest/gtest.h>
+
+void observeFromVienna(WinpData* in)
+{
+    setDefaults(in);
+    in->sgpsat = noSlot;
+    assignField(in->geoname, "Vienna");
+    in->lat = 48.25;
+    in->lng = 16.5;
+    in->height = 200.0;
+    in->tzone = 1.0;
+    in->year = 2018;
+    in->month = 1;
+    in->day = 20;
+    in->hour = 1;
+    in->mjd = 58138.0;
+    in->visflg = 0;
+    in->sunel = 90.0;
+    in->yrepoch = 0.0;
+    assignField(in->tlename, TEST_DATA "/elements/visual_2018.txt");
+}
+
+void addSatellite(WinpData* in, int norad)
+{
+    const FilePtr file = openForReading(in->tlename);
+    ASSERT_TRUE(file);
+    char report[entryTextRoom];
+    in->srcmd = 1;
+    in->norad[workSlot] = norad;
+    ASSERT_GT(tleread(in, file.get(), report, 0), 0) << norad;
+    ShiftElm(in, in->satn++, workSlot);
+}
+
+std::string expectedText(const char* name)
+{
+    std::ifstream file(std::string(TEST_DATA "/reports/") + name, std::ios::binary);
+    EXPECT_TRUE(file) << name;
+    return {std::istreambuf_iterator<char>(file), {}};
+}
