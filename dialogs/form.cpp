@@ -1,0 +1,229 @@
+#include "dialogs/form.h"
+
+#include <QBoxLayout>
+#include <QCheckBox>
+#include <QComboBox>
+#include <QCoreApplication>
+#include <QDialog>
+#include <QFormLayout>
+#include <QGroupBox>
+#include <QKeySequence>
+#include <QLabel>
+#include <QLineEdit>
+#include <QPushButton>
+#include <QRadioButton>
+#include <QTextEdit>
+
+#include "app/record/field_numbers.h"
+
+namespace form {
+
+namespace {
+
+QString text(const char* english)
+{
+    return QCoreApplication::translate("form", english);
+}
+
+void describe(QWidget* widget, const QString& name, const Help& help)
+{
+    widget->setObjectName(name);
+    widget->setWhatsThis(help.whatsThis);
+    widget->setToolTip(help.tip);
+}
+
+/// "latLabel" for "latEdit".
+QString labelName(const char* field)
+{
+    QString name = QString::fromLatin1(field);
+    for (const char* kind : {"Edit", "Box"})
+        if (name.endsWith(QLatin1String(kind)))
+            name.chop(static_cast<int>(qstrlen(kind)));
+    return name + "Label";
+}
+
+template <class Field>
+Field* addRow(QFormLayout* rows, const char* name, const QString& label, const Help& help)
+{
+    auto* field = new Field;
+    describe(field, QString::fromLatin1(name), help);
+    auto* caption = new QLabel(label);
+    describe(caption, labelName(name), help);
+    rows->addRow(caption, field);
+    caption->setBuddy(field);
+    return field;
+}
+
+void append(QLayout* to, QWidget* widget)
+{
+    if (auto* rows = qobject_cast<QFormLayout*>(to))
+        rows->addRow(widget);
+    else
+        to->addWidget(widget);
+}
+
+template <class Button>
+Button* add(QLayout* to, const char* name, const QString& caption, const char* shortcut, const Help& help)
+{
+    auto* button = new Button;
+    describe(button, QString::fromLatin1(name), help);
+    button->setText(caption);
+    if (shortcut)
+        button->setShortcut(QKeySequence(QString::fromLatin1(shortcut)));
+    append(to, button);
+    return button;
+}
+
+}  // namespace
+
+QLineEdit* addEdit(QFormLayout* rows, const char* name, const QString& label, const Help& help)
+{
+    auto* edit = addRow<QLineEdit>(rows, name, label, help);
+    // room for the longest number that is shown without an exponent, so that no layout squeezes the field
+    edit->setMinimumWidth(edit->fontMetrics().horizontalAdvance("-000.000000000000"));
+    return edit;
+}
+
+QComboBox* addChoice(QFormLayout* rows, const char* name, const QString& label, const Help& help)
+{
+    return addRow<QComboBox>(rows, name, label, help);
+}
+
+QLabel* labelOf(const QLineEdit* edit)
+{
+    const auto labels = edit->parentWidget()->findChildren<QLabel*>(QString(), Qt::FindDirectChildrenOnly);
+    for (QLabel* label : labels)
+        if (label->buddy() == edit)
+            return label;
+    return nullptr;
+}
+
+QCheckBox* addBox(QLayout* to, const char* name, const QString& caption, const char* shortcut, const Help& help)
+{
+    return add<QCheckBox>(to, name, caption, shortcut, help);
+}
+
+QRadioButton* addRadio(QLayout* to, const char* name, const QString& caption, const char* shortcut, const Help& help)
+{
+    return add<QRadioButton>(to, name, caption, shortcut, help);
+}
+
+QPushButton* addButton(QLayout* to, const char* name, const QString& caption, const char* shortcut, const Help& help)
+{
+    return add<QPushButton>(to, name, caption, shortcut, help);
+}
+
+QBoxLayout* columns(QLayout* left, QLayout* right)
+{
+    constexpr int gapPixels = 18;
+    auto* both = new QHBoxLayout;
+    both->addLayout(left);
+    both->addSpacing(gapPixels);
+    both->addLayout(right);
+    return both;
+}
+
+QGroupBox* addGroup(QLayout* to, const char* name, const QString& title, QLayout* inside, const Help& help)
+{
+    auto* group = new QGroupBox(title);
+    describe(group, QString::fromLatin1(name), help);
+    group->setLayout(inside);
+    append(to, group);
+    return group;
+}
+
+QLabel* addText(QLayout* to, const char* name, const QString& line)
+{
+    auto* label = new QLabel(line);
+    label->setObjectName(QString::fromLatin1(name));
+    append(to, label);
+    return label;
+}
+
+QTextEdit* addTextView(QLayout* to, const char* name, const Help& help)
+{
+    auto* view = new QTextEdit;
+    describe(view, QString::fromLatin1(name), help);
+    view->setReadOnly(true);
+    append(to, view);
+    return view;
+}
+
+void addOkCancel(QDialog* dialog, QBoxLayout* row)
+{
+    auto* ok =
+        addButton(row, "okButton", text("&OK"), "Alt+O", {text("Accepts the values on show and closes the dialog.")});
+    ok->setDefault(true);
+    auto* cancel = addButton(row, "cancelButton", text("&Cancel"), "Alt+C",
+                             {text("Closes the dialog. What was changed in its fields is forgotten.")});
+    QObject::connect(ok, &QPushButton::clicked, dialog, &QDialog::accept);
+    QObject::connect(cancel, &QPushButton::clicked, dialog, &QDialog::reject);
+}
+
+void finish(QDialog* dialog, QLayout* content)
+{
+    auto* buttons = new QHBoxLayout;
+    addOkCancel(dialog, buttons);
+    finish(dialog, content, buttons);
+}
+
+void finish(QDialog* dialog, QLayout* content, QBoxLayout* buttons)
+{
+    buttons->insertStretch(0);
+    auto* column = new QVBoxLayout(dialog);
+    column->addLayout(content, 1);
+    column->addLayout(buttons);
+}
+
+void setTabOrder(std::initializer_list<QWidget*> widgets)
+{
+    QWidget* before = nullptr;
+    for (QWidget* widget : widgets) {
+        if (before)
+            QWidget::setTabOrder(before, widget);
+        before = widget;
+    }
+}
+
+void setShown(QWidget* widget, bool shown)
+{
+    widget->setVisible(shown);
+    widget->setEnabled(shown);
+    if (const auto* edit = qobject_cast<QLineEdit*>(widget))
+        if (QLabel* label = labelOf(edit))
+            setShown(label, shown);
+}
+
+void setEditEnabled(QLineEdit* edit, bool enabled)
+{
+    edit->setEnabled(enabled);
+    if (QLabel* label = labelOf(edit))
+        label->setEnabled(enabled);
+}
+
+void setNumber(QLineEdit* edit, double value)
+{
+    edit->setText(shownNumber(value));
+}
+
+void setNumber(QLineEdit* edit, int value)
+{
+    edit->setText(QString::number(value));
+}
+
+void setPrinted(QLineEdit* edit, const char* format, double value)
+{
+    edit->setText(printedNumber(format, value));
+}
+
+double number(const QLineEdit* edit)
+{
+    return typedNumber(edit->text());
+}
+
+int integer(const QLineEdit* edit)
+{
+    return typedInteger(edit->text());
+}
+
+}  // namespace form

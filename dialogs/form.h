@@ -1,0 +1,89 @@
+// What the dialogs are made of: rows, boxes, groups and the OK and Cancel row. Each widget gets its object name, its
+// label buddy, its tip, its What's This text and its shortcut in one place, so that all dialogs look and behave alike.
+#pragma once
+
+#include <initializer_list>
+
+#include <QString>
+
+class QBoxLayout;
+class QCheckBox;
+class QComboBox;
+class QDialog;
+class QFormLayout;
+class QGroupBox;
+class QLabel;
+class QLayout;
+class QLineEdit;
+class QPushButton;
+class QRadioButton;
+class QTextEdit;
+class QWidget;
+
+namespace form {
+
+/// The help of a widget: `whatsThis` answers Shift+F1, `tip` shows under the pointer and may be empty.
+struct Help
+{
+    QString whatsThis;
+    QString tip = {};
+};
+
+/// A row of a form: a label in front of a line edit. The label is the edit's buddy, shares its help and is called after
+/// it: "latLabel" for "latEdit".
+QLineEdit* addEdit(QFormLayout* rows, const char* name, const QString& label, const Help& help);
+
+/// The same with a list to choose from: "siteLabel" for "siteBox".
+QComboBox* addChoice(QFormLayout* rows, const char* name, const QString& label, const Help& help);
+
+/// The label whose buddy is the given edit.
+QLabel* labelOf(const QLineEdit* edit);
+
+/// The buttons below go to the end of the layout, each on a row of its own in a form. `shortcut` is set after the text
+/// and may be null: then the mnemonic of the text stands alone.
+QCheckBox* addBox(QLayout* to, const char* name, const QString& text, const char* shortcut, const Help& help);
+QRadioButton* addRadio(QLayout* to, const char* name, const QString& text, const char* shortcut, const Help& help);
+QPushButton* addButton(QLayout* to, const char* name, const QString& text, const char* shortcut, const Help& help);
+
+/// Two halves beside each other.
+QBoxLayout* columns(QLayout* left, QLayout* right);
+
+/// A frame with a title around the layout.
+QGroupBox* addGroup(QLayout* to, const char* name, const QString& title, QLayout* inside, const Help& help);
+
+/// A line of text that belongs to no edit.
+QLabel* addText(QLayout* to, const char* name, const QString& text);
+
+/// A read-only text; it takes the room that is left.
+QTextEdit* addTextView(QLayout* to, const char* name, const Help& help);
+
+/// Puts okButton (default, Alt+O) and cancelButton (Alt+C) at the end of a row.
+void addOkCancel(QDialog* dialog, QBoxLayout* row);
+
+/// Ends a dialog: the content, and below it the row of the OK and Cancel buttons.
+void finish(QDialog* dialog, QLayout* content);
+
+/// The same with a row of the caller's own; its buttons stand to the right.
+void finish(QDialog* dialog, QLayout* content, QBoxLayout* buttons);
+
+/// The order in which Tab walks through the widgets.
+void setTabOrder(std::initializer_list<QWidget*> widgets);
+
+/// Shown means visible and enabled, not shown means hidden and disabled. The label of an edit goes with it.
+void setShown(QWidget* widget, bool shown);
+
+/// Enables or disables an edit together with its label.
+void setEditEnabled(QLineEdit* edit, bool enabled);
+
+/// Shows a number with six significant digits.
+void setNumber(QLineEdit* edit, double value);
+void setNumber(QLineEdit* edit, int value);
+
+/// Shows a number by a printf format for one double.
+void setPrinted(QLineEdit* edit, const char* format, double value);
+
+/// The number in an edit, 0 where the text is none.
+double number(const QLineEdit* edit);
+int integer(const QLineEdit* edit);
+
+}  // namespace form

@@ -1,0 +1,94 @@
+#include "dialogs/st_pass_dialog.h"
+
+#include <QHBoxLayout>
+#include <QMessageBox>
+#include <QPushButton>
+#include <QTextCursor>
+#include <QTextEdit>
+#include <QVBoxLayout>
+
+#include "app/record/text.h"
+#include "app/record/winp_data.h"
+#include "dialogs/form.h"
+#include "reports/pass_details.h"
+
+namespace {
+
+constexpr int mostShownSteps = 6250;
+
+/// The whole listing of the chosen pass, and the pole of its track.
+QString listing()
+{
+    QString all;
+    QString lines;
+    double t = 0.0;
+    for (int step = 0; step < mostShownSteps && vsGetPassDTxt(t, lines, false) == 1; ++step)
+        all += lines;
+    vsGetPassDTxt(t, lines, true);
+    return all + lines;
+}
+
+}  // namespace
+
+StPassDialog::StPassDialog(QWidget* parent) : QDialog(parent)
+{
+    setWindowTitle(tr("Pass Details"));
+    auto* column = new QVBoxLayout;
+    passEdit = form::addTextView(
+        column, "passEdit",
+        {tr("The pass step by step: where the satellite stands at each time, and the apparent pole of its track.")});
+    passEdit->setLineWrapMode(QTextEdit::NoWrap);
+    auto* buttons = new QHBoxLayout;
+    saveButton =
+        form::addButton(buttons, "saveButton", tr("&Save"), "Alt+S",
+                        {tr("The angles will be without the degree sign. Longitude and latitude are always in "
+                            "decimal degrees and with 5 decimal points. This should make further processing "
+                            "by other programs easier."),
+                         tr("Saves the Pass Details information on the Vorlix Save-File.")});
+    gtrackButton =
+        form::addButton(buttons, "gtrackButton", tr("&G-Track"), nullptr,
+                        {tr("Time, latitude and longitude will be copied to the save file. They can then be "
+                            "used by other programs for producing map overlays etc."),
+                         tr("Copy groundtrack on save file.")});
+    closeButton = form::addButton(buttons, "closeButton", tr("&Close"), "Alt+C", {tr("Closes the window.")});
+    closeButton->setDefault(true);
+    form::finish(this, column, buttons);
+
+    constexpr int marginPixels = 10, rightMarginPixels = 12, buttonRowPixels = 48;
+    layout()->setContentsMargins(marginPixels, marginPixels, rightMarginPixels, 0);
+    layout()->setSpacing(0);
+    buttons->setSpacing(marginPixels / 2);
+    buttons->addStrut(buttonRowPixels);
+    resize(491, 477);
+
+    connect(closeButton, &QPushButton::clicked, this, &QDialog::accept);
+    connect(saveButton, &QPushButton::clicked, this, &StPassDialog::saveSlot);
+    connect(gtrackButton, &QPushButton::clicked, this, &StPassDialog::gtrackSlot);
+}
+
+void StPassDialog::setParams(int size)
+{
+    QFont font = passEdit->font();  // proportional: the headings count on narrow blanks
+    if (size > 0)
+        font.setPointSize(size);
+    passEdit->setFont(font);
+    passEdit->insertPlainText(listing());
+    passEdit->moveCursor(QTextCursor::Start);
+    closeButton->setFocus();
+}
+
+void StPassDialog::saveSlot()
+{
+    save(passform::save);
+}
+
+void StPassDialog::gtrackSlot()
+{
+    save(passform::groundTrack);
+}
+
+void StPassDialog::save(int mode)
+{
+    if (vsSavePassDt(mode))
+        QMessageBox::information(this, tr("Vorlix"), tr("Saved on File ") + fieldQString(indata->savename));
+}

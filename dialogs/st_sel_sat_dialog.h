@@ -1,0 +1,66 @@
+// Searches the element file that is open in `satfle` and adds entries to the selection, at once.
+#pragma once
+
+#include <QDialog>
+
+class QBoxLayout;
+class QCheckBox;
+class QLabel;
+class QLineEdit;
+class QPushButton;
+class QTextEdit;
+class QVBoxLayout;
+
+class StSelSatDialog : public QDialog
+{
+    Q_OBJECT
+
+public:
+    explicit StSelSatDialog(QWidget* parent = nullptr);
+
+public Q_SLOTS:
+    /// Opens with the search of the last time.
+    virtual void setParams();
+
+    /// Shows the list of the selected satellites.
+    virtual void dSatList();
+
+    /// Adds the entry found.
+    virtual void selectSlot();
+
+    /// Searches on from where the file stands.
+    virtual void moreSlot();
+
+    /// Empties the selection.
+    virtual void newsSlot();
+
+    /// Searches from the start of the file.
+    virtual void findSlot();
+
+    virtual void idsnSlot();
+    virtual void noradSlot();
+    virtual void lowSlot();
+
+    /// Shows a report, and the search fields as the search left them.
+    virtual void dSatInfo(QString s1);
+
+private:
+    void addSearch(QVBoxLayout* column);
+    void addButtons(QBoxLayout* row);
+    void connectSlots();
+    void search(bool more);
+
+    QTextEdit* satinfEdit = nullptr;
+    QPushButton* closeButton = nullptr;
+    QPushButton* newButton = nullptr;
+    QPushButton* findButton = nullptr;
+    QPushButton* moreButton = nullptr;
+    QPushButton* selectButton = nullptr;
+    QLineEdit* noradEdit = nullptr;
+    QLineEdit* satnameEdit = nullptr;
+    QCheckBox* noradBox = nullptr;
+    QCheckBox* lowBox = nullptr;
+    QCheckBox* recentBox = nullptr;
+    QCheckBox* idsnBox = nullptr;
+    QLabel* nameLabel = nullptr;
+};

@@ -1,0 +1,57 @@
+#include "dialogs/st_switch_dialog.h"
+
+#include <QCheckBox>
+#include <QHBoxLayout>
+#include <QPushButton>
+#include <QRadioButton>
+#include <QVBoxLayout>
+
+#include "dialogs/form.h"
+#include "elements/selection.h"
+
+StSwitchDialog::StSwitchDialog(QWidget* parent) : QDialog(parent)
+{
+    setWindowTitle(tr("Select Prime Satellite"));
+    auto* column = new QVBoxLayout;
+    auto* inside = new QVBoxLayout;
+    for (std::size_t i = 0; i < satButtons.size(); ++i)
+        satButtons[i] = form::addRadio(inside, qPrintable(QString("satButton%1").arg(i + 1)), QString(), nullptr,
+                                       {tr("Makes this satellite the prime satellite. The legend and the predictions "
+                                           "are about the prime satellite.")});
+    form::addGroup(column, "buttonGroup1", tr("selected satellites:"), inside,
+                   {tr("The selected satellites. One of them is the prime satellite.")});
+    relativeBox = form::addBox(column, "relativeBox", tr("&Relative Satellite Mode"), "Alt+R",
+                               {tr("If marked, the other satellites are shown and predicted as seen from the prime "
+                                   "satellite. At least two satellites have to be selected."),
+                                tr("Show relative satellite positions")});
+    column->addStretch();
+    auto* buttons = new QHBoxLayout;
+    auto* closeButton = form::addButton(buttons, "closeButton", tr("&Close"), "Alt+C",
+                                        {tr("Takes the choice over and closes the dialog.")});
+    closeButton->setDefault(true);
+    form::finish(this, column, buttons);
+    connect(closeButton, &QPushButton::clicked, this, &QDialog::accept);
+}
+
+void StSwitchDialog::setParams(int prs, int rlm, int satn)
+{
+    relativeBox->setChecked(rlm == 1);
+    for (int i = 0; i < static_cast<int>(satButtons.size()); ++i) {
+        QRadioButton* button = satButtons[static_cast<std::size_t>(i)];
+        button->setChecked(i == prs);
+        form::setShown(button, i < satn);
+        if (i < satn) {
+            const QString digit = i < 9 ? QString("&%1 ").arg(i + 1) : QString("1&0 ");
+            button->setText(digit + vsSatName(i + 1).replace('&', "&&"));
+        }
+    }
+}
+
+void StSwitchDialog::getParams(int& prs, int& rlm)
+{
+    prs = 0;
+    for (int i = 0; i < static_cast<int>(satButtons.size()); ++i)
+        if (satButtons[static_cast<std::size_t>(i)]->isChecked())
+            prs = i;
+    rlm = relativeBox->isChecked() ? 1 : 0;
+}
