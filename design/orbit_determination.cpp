@@ -9,6 +9,7 @@
 #include "astro/calendar.h"
 #include "astro/frames.h"
 #include "engine/epoch_state.h"
+#include "engine/held_values.h"
 #include "orbit/mean_motion.h"
 
 namespace {
@@ -44,12 +45,13 @@ struct Frame
 
 Frame frameOf(const WinpData& in)
 {
-    const double T = julcent(in.mjd);
+    const double T = julcent(held(in.mjd, heldTimeDays));
     double eqeq = 0;
     Frame frame;
     frame.nutation = nutmat(T, eqeq, in.IERSflg);
-    if (in.yrepoch != 0.0)
-        frame.fromEpoch = frame.nutation * pmatequ((in.yrepoch - 2000.0) / 100.0, T);
+    const double year = held(in.yrepoch, heldYears);
+    if (year != 0.0)
+        frame.fromEpoch = frame.nutation * pmatequ((year - 2000.0) / 100.0, T);
     return frame;
 }
 
@@ -101,7 +103,8 @@ struct Fit
 
 Fit fitOf(const WinpData& in, const Frame& frame)
 {
-    const double t1 = in.IERSflg ? in.mjd + in.Ut1Utc / 86400.0 : in.mjd;
+    const double t = held(in.mjd, heldTimeDays);
+    const double t1 = in.IERSflg ? t + held(in.Ut1Utc, heldSeconds) / 86400.0 : t;
     Fit fit;
     fit.days = in.deltm / 86400.0;
     fit.one = sightOf(in, {in.az1, in.el1, in.az1flg != 0}, t1, frame);

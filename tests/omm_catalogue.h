@@ -3,6 +3,7 @@
 
 #include <array>
 #include <cstdio>
+#include <cstdlib>
 #include <sstream>
 #include <string>
 #include <utility>
@@ -33,7 +34,10 @@ inline std::string decimal(const std::string& field)
     std::string digits = text.substr(sign);
     while (digits.size() > 1 && digits[0] == '0' && digits[1] != '.')
         digits.erase(0, 1);
-    return (text[0] == '-' ? "-" : "") + (digits[0] == '.' ? "0" + digits : digits);
+    std::string result = text[0] == '-' ? "-" : "";
+    if (digits[0] == '.')
+        result += '0';
+    return result += digits;
 }
 
 /// Of 13161-4: 0.13161E-4.
@@ -41,8 +45,12 @@ inline std::string exponential(const std::string& field)
 {
     const std::string mantissa = trimmed(columns(field, 1, 6));
     const bool negative = mantissa[0] == '-';
-    const std::string exponent = columns(field, 7, 7) == "-" ? "-" + columns(field, 8, 8) : columns(field, 8, 8);
-    return (negative ? "-0." + mantissa.substr(1) : "0." + mantissa) + "E" + exponent;
+    std::string result = negative ? "-0." : "0.";
+    result += negative ? mantissa.substr(1) : mantissa;
+    result += 'E';
+    if (columns(field, 7, 7) == "-")
+        result += '-';
+    return result += columns(field, 8, 8);
 }
 
 /// The date of 18020.45477549. Its last decimal is 864 microseconds.
@@ -76,7 +84,7 @@ inline Message message(const std::string& name, const std::string& one, const st
             {"CLASSIFICATION_TYPE", columns(one, 8, 8)},
             {"NORAD_CAT_ID", std::to_string(std::stoi(columns(one, 3, 7)))},
             {"ELEMENT_SET_NO", decimal(columns(one, 65, 68))},
-            {"REV_AT_EPOCH", std::to_string(std::stoi("0" + trimmed(columns(two, 64, 68))))},
+            {"REV_AT_EPOCH", std::to_string(std::atoi(trimmed(columns(two, 64, 68)).c_str()))},
             {"BSTAR", exponential(columns(one, 54, 61))},
             {"MEAN_MOTION_DOT", decimal(columns(one, 34, 43))},
             {"MEAN_MOTION_DDOT", exponential(columns(one, 45, 52))}};

@@ -12,6 +12,7 @@
 #include "astro/mat3.h"
 #include "elements/element_file.h"
 #include "engine/event_geometry.h"
+#include "engine/held_values.h"
 #include "engine/pass_search.h"
 #include "engine/position.h"
 #include "engine/report_lines.h"
@@ -122,7 +123,7 @@ Target::Target(WinpData* record) : in(record)
     const double wanted = 2.0 * in->tm / minutesPerDay;
     halfWidth = heldSpan(wanted) / 2.0;
     held = heldSpan(wanted) != wanted;
-    nutmat(julcent(in->mjd), eqeq, false);
+    nutmat(julcent(::held(in->mjd, heldTimeDays)), eqeq, false);
     place(in->mjd);
     moving = in->rdf && in->tm > movingTargetMinutes;
     useDirection = in->drf && !in->odm && belowZenithLimit();
