@@ -1,0 +1,92 @@
+// The disk of the Sun or the Moon, for transits.
+
+#include "view/vorlix_view.h"
+
+#include <cmath>
+
+#include <QPainter>
+
+#include "astro/angles.h"
+#include "engine/satpos_data.h"
+#include "view/disk_geometry.h"
+#include "view/painting.h"
+
+namespace {
+
+constexpr int transitOfSun = 1;  // value of occflg
+
+Horizontal sunOf(const SatPosData& sp)
+{
+    return {sp.osunaz, sp.osunel * radPerDeg};
+}
+
+Horizontal moonOf(const SatPosData& sp)
+{
+    return {sp.omoonaz, sp.omoonel};
+}
+
+void joinAll(QPainter& painter, const std::vector<QPoint>& points, std::size_t count)
+{
+    for (std::size_t i = 1; i < count; ++i)
+        painter.drawLine(points[i - 1], points[i]);
+}
+
+/// The lit half of the limb is a line, the dark one is dotted; near new Moon all of it is.
+void drawMoon(QPainter& painter, const DiskFrame& disk, double radius, int mgrey)
+{
+    constexpr double newMoon = -0.995;
+    constexpr std::size_t litPoints = 37;  // 0 to 180 degrees
+    const bool lit = satps->moonph > newMoon;
+    const double start = litStart(sunOf(*satps), moonOf(*satps));
+    const std::vector<QPoint> limb = limbPoints(disk, radius, start);
+    if (lit)
+        joinAll(painter, limb, litPoints);
+
+    const QColor base = painter.pen().color();
+    painter.setPen(mgrey == 2 ? strongLineColour : base);
+    for (std::size_t i = lit ? litPoints : 1; i < limb.size(); ++i)
+        painter.drawPoint(limb[i]);
+    painter.setPen(base);
+
+    if (!lit)
+        return;
+    const std::vector<QPoint> terminator = terminatorPoints(disk, radius, start, satps->moonph);
+    joinAll(painter, terminator, terminator.size());
+}
+
+void drawNorth(QPainter& painter, const DiskFrame& disk, double radius, const Horizontal& body)
+{
+    const QPoint end = limbPoint(disk, 0.35 * radius, northAngle(body, indata->lat));
+    painter.setPen(coastColour);
+    painter.drawLine(disk.centre, end);
+    painter.drawText(end, VorlixView::tr("N"));
+}
+
+}  // namespace
+
+DiskFrame VorlixView::diskFrame() const
+{
+    return {{cenx, ceny}, xscale, yscale};
+}
+
+void VorlixView::PltSunM(QPainter& painter)
+{
+    const DiskFrame disk = diskFrame();
+    const bool moon = indata->occflg != transitOfSun && indata->satn != 0;
+    const double radius = (moon ? satps->moonrad : sunRadiusDegrees) * yscale;
+    painter.setPen(contrastColour(indata->mgrey));
+    if (moon) {
+        drawMoon(painter, disk, radius, indata->mgrey);
+    } else {
+        const std::vector<QPoint> limb = limbPoints(disk, radius, 0.0);
+        joinAll(painter, limb, limb.size());
+    }
+    if (indata->satn >= 1 && indata->mgrid >= 1)
+        drawNorth(painter, disk, radius, moon ? moonOf(*satps) : sunOf(*satps));
+}
+
+QPoint VorlixView::PxCdSun(int i, int occflg) const
+{
+    const Horizontal body = occflg == transitOfSun ? sunOf(*satps) : moonOf(*satps);
+    return pixelOf(diskFrame(), body, satps->az[i], satps->el[i]);
+}

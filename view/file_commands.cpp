@@ -1,0 +1,154 @@
+// Commands around files: names, saving, the address of an update.
+
+#include "view/vorlix_view.h"
+
+#include <QInputDialog>
+#include <QMessageBox>
+
+#include "app/record/keep.h"
+#include "app/record/text.h"
+#include "elements/download.h"
+#include "elements/selection.h"
+#include "elements/writer.h"
+#include "reports/orbit_track.h"
+#include "view/message_boxes.h"
+
+namespace {
+/// Name and number of the satellites in these slots, one in a line.
+QString namesOf(const std::vector<int>& slotNumbers)
+{
+    QString names;
+    for (const int i : slotNumbers)
+        names += QStringLiteral("\n%1 (%2)").arg(vsSatName(i + 1).trimmed()).arg(indata->norad[i]);
+    return names;
+}
+
+bool agreesToShorten(QWidget* parent, const std::vector<int>& slotNumbers)
+{
+    const QString text =
+        VorlixView::tr("Two Line Elements have no room for these catalogue numbers:%1\n\n"
+                       "Save them with the last five digits only? Otherwise these satellites are left "
+                       "out. A file of the form OMM CSV holds them whole.");
+    return QMessageBox::question(parent, VorlixView::tr("TLE File Save"), text.arg(namesOf(slotNumbers)),
+                                 QMessageBox::Yes | QMessageBox::No, QMessageBox::No) == QMessageBox::Yes;
+}
+
+/// What the message of a save says behind the name of the file.
+QString remark(const std::vector<int>& leftOutSlots)
+{
+    return leftOutSlots.empty() ? QString() : VorlixView::tr("\n\nLeft out:") + namesOf(leftOutSlots);
+}
+}  // namespace
+
+QString VorlixView::getTLEname() const
+{
+    const QString name = fieldQString(indata->tlename);
+    return name.startsWith(QLatin1Char('*')) ? QString() : name;
+}
+
+void VorlixView::setTLEname(const QString& name)
+{
+    QsToChar(name, indata->tlename, sizeof indata->tlename - 1);
+}
+
+QString VorlixView::getSaveName()
+{
+    vsFileName(indata->savename);
+    return fieldQString(indata->savename);
+}
+
+void VorlixView::setSaveName(const QString& name)
+{
+    QsToChar(name, indata->savename, sizeof indata->savename - 1);
+    indata->newsave = 1;
+}
+
+QString VorlixView::getTSaveName()
+{
+    vsFileName(indata->tlesave);
+    return fieldQString(indata->tlesave);
+}
+
+void VorlixView::setTSaveName(const QString& name)
+{
+    QsToChar(name, indata->tlesave, sizeof indata->tlesave - 1);
+    indata->newtle = 1;
+}
+
+void VorlixView::vFileSave()
+{
+    if (indata->satn < 1 && indata->iridflg != event::iridium) {
+        QMessageBox::information(this, tr("Vorlix"), tr("*** No Satellite Selected ***"));
+        return;
+    }
+    vsFileName(indata->savename);
+    const Keep toFile(indata->tofile, 1);
+    if (indata->iridflg == event::iridium) {
+        CmIridium();
+        return;
+    }
+    vCalcAOS();
+    QMessageBox::information(this, tr("Vorlix"), tr("Saved on File ") + fieldQString(indata->savename));
+}
+
+void VorlixView::vOrbitTrack()
+{
+    if (indata->satn < 1) {
+        QMessageBox::information(this, tr("Vorlix"), tr("*** No Satellite Selected ***"));
+        return;
+    }
+    vsFileName(indata->savename);
+    int result = 0;
+    {
+        const WaitCursor wait;
+        result = saveOrbitTrack(indata);
+    }
+    if (result != 0)
+        QMessageBox::information(this, tr("Save Orbit Track"), tr("*** Problems with the output file"));
+    else if (indata->iridflg != event::iridium)
+        QMessageBox::information(this, tr("Vorlix"), tr("Track saved on file ") + fieldQString(indata->savename));
+}
+
+void VorlixView::vTLESave()
+{
+    if (indata->satn < 1) {
+        QMessageBox::information(this, tr("Vorlix"), tr("*** No Satellite Selected ***"));
+        return;
+    }
+    vsFileName(indata->tlesave);
+    const LeftOut out = leftOut(*indata);
+    const bool shorten = !out.numbers.empty() && agreesToShorten(this, out.numbers);
+    const int result = SaveTle(indata, shorten);
+    if (result == 1)
+        QMessageBox::information(this, tr("TLE File Save"),
+                                 tr("Nothing saved.") + remark(out.numbers) + remark(out.numeric));
+    else if (result == 0)
+        QMessageBox::information(this, tr("Vorlix"),
+                                 tr("TLE's saved on file ") + fieldQString(indata->tlesave) +
+                                     remark(shorten ? std::vector<int>() : out.numbers) + remark(out.numeric));
+    else
+        QMessageBox::information(this, tr("TLE File Save"),
+                                 tr("*** ERROR *** while opening or writing TLE Save File"));
+}
+
+int VorlixView::vUpdate(QString& host, QString& path, QString& file)
+{
+    bool accepted = false;
+    const QString address = QInputDialog::getText(this, tr("Online Update"), tr("URL for TLE file to be downloaded:"),
+                                                  QLineEdit::Normal, proposedAddress(indata), &accepted);
+    QString name = fileNameOfAddress(address);
+    if (accepted && name.isEmpty() && address.contains(QLatin1Char('/')))
+        name = QInputDialog::getText(this, tr("Online Update"), tr("Name of the file that takes the elements:"),
+                                     QLineEdit::Normal, suggestedFileName(address), &accepted);
+    if (accepted && !name.isEmpty() && !isFileName(name)) {
+        QMessageBox::warning(this, tr("Online Update"), tr("No file can bear the name %1.").arg(name));
+        return 1;
+    }
+    AddressParts parts;
+    if (!accepted || !takeAddress(indata, address, parts))
+        return 1;
+    host = parts.host;
+    path = parts.path;
+    file = name.isEmpty() ? parts.file : besideElementFile(name);
+    return 0;
+}

@@ -1,0 +1,255 @@
+// The frame of the view: its pixmaps, what is on show, and the background pass.
+
+#include "view/vorlix_view.h"
+
+#include <cmath>
+
+#include <QPaintEvent>
+#include <QPainter>
+
+#include "app/record/config.h"
+#include "app/record/wout_data.h"
+#include "engine/position.h"
+#include "reports/welcome.h"
+#include "view/painting.h"
+
+int dsplmd = filled::nothing;
+int fsz = 10;
+
+namespace {
+
+constexpr QSize textSize(860, 2500);
+constexpr QSize mapSize(721, 501);
+constexpr QSize displaySize(860, 501);
+constexpr QSize legendSize(860, 140);
+
+QColor backgroundColour(int mgrey)
+{
+    switch (mgrey) {
+    case 0:
+        return {255, 255, 255};
+    case 1:
+        return {200, 200, 200};
+    default:
+        return {0, 0, 0};
+    }
+}
+
+}  // namespace
+
+VorlixView::VorlixView(QWidget* parent) : QScrollArea(parent)
+{
+    setFrameShape(QFrame::NoFrame);  // a position of the mouse is a position in the pixmap
+    setFocusPolicy(Qt::NoFocus);     // a click that means nothing leaves the keys to the main window
+    resize(720, 600);
+    outdata->nlines = 0;
+    swelcm(indata, outdata);
+    fsz = indata->fsz;
+    txtPix = QPixmap(textSize);
+    txtPix.fill(Qt::white);
+    resize(mapSize);
+    showtxt(false);
+    makePixmaps();
+    vRefresh();
+    vText();
+}
+
+void VorlixView::makePixmaps()
+{
+    mapPix = QPixmap(mapSize);
+    indata->mapw = displaySize.width();
+    indata->maph = displaySize.height();
+    dspPix = QPixmap(displaySize);
+    dspPix.fill(Qt::black);
+    legendPix = QPixmap(legendSize);
+    legendPix.fill(QColor(0, 50, 200));
+    indata->phwm = earthPix.load(":/satpearth.png");
+}
+
+void VorlixView::update()
+{
+    viewport()->repaint();
+}
+
+void VorlixView::paintEvent(QPaintEvent*)
+{
+    QPainter painter(viewport());
+    if (indata->dspmd < 1) {
+        resize(txtPix.size());
+        painter.drawPixmap(0, 0, txtPix);
+    } else if (indata->picflg) {
+        if (viewport()->size() != picDsp.size())
+            resize(picDsp.size());
+        painter.drawPixmap(0, 0, picDsp);
+    } else {
+        if (viewport()->height() == txtPix.height())
+            resize(dspPix.size());
+        painter.drawPixmap(0, 0, dspPix);
+    }
+}
+
+int VorlixView::getLeft() const
+{
+    return indata->leftbtn;
+}
+
+int VorlixView::getFsz() const
+{
+    return fsz;
+}
+
+void VorlixView::setFont(int size)
+{
+    fsz = size;
+    indata->fsz = size;
+}
+
+void VorlixView::goHome()
+{
+    move(0, 0);
+    update();
+}
+
+void VorlixView::keyPressEvent(QKeyEvent*)
+{
+    clearFocus();  // keys are the business of the main window
+}
+
+void VorlixView::keyPress(int n)
+{
+    if (n <= indata->satn)
+        indata->prs = n - 1;
+    else if (indata->prs < 0)
+        indata->prs = 0;
+}
+
+void VorlixView::scrollDsp(int dx, int dy)
+{
+    if (dx > 0)
+        vBackward();
+    else if (dx < 0)
+        vForward();
+    else
+        move(0, std::min(y() + dy, 0));
+}
+
+void VorlixView::vRefresh()
+{
+    dsplmd = filled::map;
+    setCursor(Qt::CrossCursor);
+    indata->dspmd = 1;
+    drawBackground();
+    copyMapToDisplay();
+    if (indata->picflg) {
+        QPainter painter(&picDsp);
+        painter.drawPixmap(0, 0, picBase);
+    }
+    update();
+}
+
+void VorlixView::drawBackground()
+{
+    mapPix.fill(backgroundColour(indata->mgrey));
+    const bool disk = diskWanted();
+    chooseScales(disk);
+    QPainter painter(&mapPix);
+    if (indata->phwm && !indata->skymap && indata->mapprj == 3 && !disk)
+        drawPhysicalMap(painter);
+    painter.drawPixmap(0, legendTop, legendPix);
+    if (disk) {
+        if (indata->satn > 0) {
+            GetSatPos(indata->mjd, indata, satps, indata->prs, 0);
+            indata->mjdlast = indata->mjd;
+        }
+        PltSunM(painter);
+    } else {
+        if (indata->skymap)
+            PltSky(painter);
+        else
+            PlotWorld(painter);
+        indata->mjdlast = indata->mjd;
+    }
+    indata->diskon = disk;
+}
+
+bool VorlixView::diskWanted() const
+{
+    return indata->sunmplt != 0 && (indata->occflg == 1 || indata->occflg == 2);
+}
+
+void VorlixView::chooseScales(bool disk)
+{
+    cenx = 360;
+    ceny = 180;
+    const bool azimuth = indata->skymap && indata->skyprj != 0;
+    const bool cylindrical = !indata->skymap && indata->mapprj != 1 && indata->mapprj != 2;
+    if (disk) {
+        xscale = yscale = ceny * 2.8;
+    } else if (azimuth) {
+        xscale = cenx / 1.414;
+        yscale = 255.30410183875532;
+        ceny = 361;
+    } else if (cylindrical) {
+        xscale = cenx / 180.0;
+        yscale = ceny / 90.0;
+    } else {
+        xscale = yscale = ceny / 1.678;
+    }
+}
+
+void VorlixView::copyMapToDisplay()
+{
+    QPainter painter(&dspPix);
+    // the map covers the rest
+    painter.fillRect(mapPix.width(), 0, dspPix.width() - mapPix.width(), dspPix.height(), Qt::black);
+    painter.drawPixmap(0, 0, mapPix);
+}
+
+void VorlixView::vRefreshP()
+{
+    vRefresh();
+    if (indata->satn >= 1)
+        vCurrent();
+}
+
+void VorlixView::vText()
+{
+    if (indata->dspmd == 1) {
+        indata->dspmd = dsplmd == filled::passTable ? -1 : 0;
+        resize(txtPix.size());
+        setCursor(Qt::ArrowCursor);
+    } else {
+        indata->dspmd = 1;
+        resize(indata->picflg ? picDsp.size() : dspPix.size());
+        setCursor(Qt::CrossCursor);
+        goHome();
+    }
+    update();
+}
+
+void VorlixView::vNames(bool on)
+{
+    indata->nmflg = on;
+    if (indata->rtflg == 0)
+        vCurrent();
+}
+
+void VorlixView::vLeft(bool on)
+{
+    indata->leftbtn = on;
+}
+
+void VorlixView::vPicSwitch(bool on)
+{
+    indata->picflg = on;
+    if (on)
+        indata->dspmd = 1;
+    else if (indata->dspmd > 0)
+        resize(dspPix.size());
+    update();
+}
+
+void VorlixView::vQuit()
+{
+    putcfg(indata);
+}

@@ -1,0 +1,22 @@
+// The message boxes of the commands, and the wait cursor of those that calculate long.
+#pragma once
+
+#include <QString>
+
+class QWidget;
+
+/// A warning titled "Vorlix" with a second button "Quit", which Escape presses; the answer is not used.
+void warnWithQuit(QWidget* parent, const QString& text);
+
+/// A warning titled "Vorlix" with the one button "Quit".
+void warnOnlyQuit(QWidget* parent, const QString& text);
+
+/// Shows the wait cursor for the length of a scope.
+class WaitCursor
+{
+public:
+    WaitCursor();
+    ~WaitCursor();
+    WaitCursor(const WaitCursor&) = delete;
+    WaitCursor& operator=(const WaitCursor&) = delete;
+};

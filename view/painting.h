@@ -1,0 +1,49 @@
+// What the drawing of maps, sky and disks has in common.
+#pragma once
+
+#include <QColor>
+#include <QLine>
+#include <QPainter>
+#include <QRect>
+#include <vector>
+
+/// Where the legend begins under every map.
+constexpr int legendTop = 362;
+
+/// The line that ends a map or sky on the right.
+constexpr QLine rightBorder(720, 0, 720, 361);
+
+inline constexpr QColor gridColour(130, 160, 180);
+inline constexpr QColor coastColour(200, 100, 50);  // also of horizon, Mercury and the north mark
+inline constexpr QColor strongLineColour(30, 240, 120);
+
+/// What stands out best from the background of the map `mgrey`.
+inline QColor contrastColour(int mgrey)
+{
+    return mgrey == 2 ? QColor(255, 255, 255) : QColor(0, 0, 0);
+}
+
+/// The rectangle from `reach` pixels left of and above a point to `reach` - 1 right of and below it. With the line of
+/// the pen around it a figure in it is symmetric about the point.
+inline QRect boxAbout(const QPoint& p, int reach)
+{
+    return {p - QPoint(reach, reach), p + QPoint(reach - 1, reach - 1)};
+}
+
+/// One call for all lines; the pixels are those of single ones.
+inline void drawAll(QPainter& painter, const std::vector<QLine>& lines)
+{
+    painter.drawLines(lines.data(), static_cast<int>(lines.size()));
+}
+
+inline void drawAll(QPainter& painter, const std::vector<QPoint>& points)
+{
+    painter.drawPoints(points.data(), static_cast<int>(points.size()));
+}
+
+/// Pen and brush in one colour.
+inline void fillWith(QPainter& painter, const QColor& colour)
+{
+    painter.setPen(colour);
+    painter.setBrush(colour);
+}

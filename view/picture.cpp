@@ -1,0 +1,226 @@
+// The loaded picture: its sizes, its measurement by three stars, and the satellites on it.
+
+#include "view/vorlix_view.h"
+
+#include <algorithm>
+
+#include <QImage>
+#include <QMessageBox>
+#include <QPainter>
+
+#include "app/record/numbers.h"
+#include "app/record/text.h"
+#include "astro/angles.h"
+#include "design/astrometry.h"
+#include "dialogs/st_ast_dialog.h"
+#include "engine/position.h"
+#include "view/legend_text.h"
+#include "view/painting.h"
+
+namespace {
+
+// Where the texts on a picture begin, from the left of the part in sight.
+constexpr int timeX = 10;
+constexpr int firstAngleX = 180;
+constexpr int secondFlareAngleX = 290;
+constexpr int secondAngleX = 320;
+constexpr int nameX = 500;
+
+constexpr int fourDigits = 1;  // of the angles, whatever the legend shows
+
+constexpr QColor white(255, 255, 255);
+constexpr QColor yellow(255, 255, 0);
+constexpr QColor red(255, 0, 0);
+
+/// The size of a picture for the code; no side vanishes.
+QSize sizeFor(const QSize& full, int code)
+{
+    const int part = code == 2 ? 2 : code == 3 ? 4 : 1;
+    return {std::max(full.width() / part, 1), std::max(full.height() / part, 1)};
+}
+
+/// The picture at a size, on black where it is transparent or smaller.
+QPixmap pictureAt(const QPixmap& picture, const QSize& size)
+{
+    QPixmap at(size);
+    at.fill(Qt::black);
+    QPainter painter(&at);
+    const bool full = size == picture.size();
+    painter.drawPixmap(0, 0, full ? picture : picture.scaled(size, Qt::KeepAspectRatio, Qt::SmoothTransformation));
+    return at;
+}
+
+void forgetStars(WinpData* in)
+{
+    std::fill_n(in->astra, astrometry::lastStar, 0.0);
+    std::fill_n(in->astdec, astrometry::lastStar, 0.0);
+}
+
+void drawAngles(QPainter& painter, const QPoint& origin, double ra, double dec)
+{
+    painter.drawText(origin + QPoint(firstAngleX, 0), withAngle("R.A.:", fourDigits, packedHours, ra));
+    painter.drawText(origin + QPoint(secondAngleX, 0), withAngle("Dec.:", fourDigits, packedDegrees, dec));
+}
+
+QString flareAngle(char letter, double degrees)
+{
+    char line[64];
+    return textQString(formatted(line, "%c:%7.1lf", letter, degrees));
+}
+
+/// The two angles of a flaring surface.
+void drawFlareAngles(QPainter& painter, const QPoint& origin, double yaw, double pitch)
+{
+    painter.drawText(origin + QPoint(firstAngleX, 0), flareAngle('Y', yaw));
+    painter.drawText(origin + QPoint(secondFlareAngleX, 0), flareAngle('P', pitch));
+}
+
+}  // namespace
+
+void VorlixView::vPicture(const QImage& image)
+{
+    if (indata->picstep == astrometry::noPicture) {
+        std::ranges::fill(indata->astra, 0.0);
+        std::ranges::fill(indata->astdec, 0.0);
+    }
+    picPix = QPixmap::fromImage(image);
+    picPix.setDevicePixelRatio(1.0);  // a file name may ask for another one
+    vImage(indata->picsize);
+}
+
+void VorlixView::vImage(int code)
+{
+    indata->picsize = code;
+    indata->picflg = true;
+    indata->picstep = astrometry::firstStar;
+    indata->dspmd = 1;
+    setCursor(Qt::CrossCursor);
+    picBase = pictureAt(picPix, sizeFor(picPix.size(), code));
+    picDsp = picBase;
+    resize(picDsp.size());
+    update();
+}
+
+void VorlixView::astroEvent(int x, int y, bool)
+{
+    indata->rlm = 0;
+    if (indata->picstep >= astrometry::firstTrailEnd)
+        markTrailPoint(x, y);
+    else if (!markStar(x, y))
+        return;
+    indata->picstep = std::min(indata->picstep + 1, static_cast<int>(astrometry::furtherTrailPoint));
+    setCursor(Qt::CrossCursor);
+    update();
+}
+
+/// Asks for the coordinates of the star at a pixel. @return  false without them
+bool VorlixView::markStar(int x, int y)
+{
+    WinpData& in = *indata;
+    const int k = std::max(in.picstep - 1, 0);
+    StAstDialog dialog(this);
+    dialog.setParams(DegFDms(in.astra[k] / radPerHour), DegFDms(in.astdec[k] / radPerDeg));
+    if (dialog.exec() != QDialog::Accepted)
+        return false;
+    double ra = 0;
+    double dec = 0;
+    bool aborted = false;
+    dialog.getParams(ra, dec, aborted);
+    if (aborted) {
+        QMessageBox::information(this, tr("PicAst: "), tr("Astrometry aborted."));
+        in.picstep = astrometry::firstStar;
+        forgetStars(&in);
+        return false;
+    }
+    in.astra[k] = DmsDegF(ra) * radPerHour;
+    in.astdec[k] = DmsDegF(dec) * radPerDeg;
+    in.astx[k] = x;
+    in.asty[k] = y;
+    if (in.picstep == astrometry::lastStar)
+        getPlateConst();
+    return true;
+}
+
+/// A point of the trail; of three the first is dropped.
+void VorlixView::markTrailPoint(int x, int y)
+{
+    constexpr int firstEnd = 3;
+    constexpr int secondEnd = 4;
+    WinpData& in = *indata;
+    double ra = 0;
+    double dec = 0;
+    getRaDec(x, y, ra, dec);
+    if (in.picstep == astrometry::furtherTrailPoint) {
+        in.astra[firstEnd] = in.astra[secondEnd];
+        in.astdec[firstEnd] = in.astdec[secondEnd];
+    }
+    const int end = in.picstep == astrometry::firstTrailEnd ? firstEnd : secondEnd;
+    in.astra[end] = ra;
+    in.astdec[end] = dec;
+
+    QPainter painter(&picDsp);
+    painter.drawPixmap(0, 0, picBase);
+    painter.setFont(legendFont(in));
+    painter.setPen(yellow);
+    drawAngles(painter, textOrigin(painter), ra, dec);
+}
+
+QPoint VorlixView::textOrigin(const QPainter& painter) const
+{
+    return mapFromParent(QPoint(0, 0)) + QPoint(0, painter.fontMetrics().ascent() + 10);
+}
+
+void VorlixView::PicPlot(double t)
+{
+    if (indata->picstep < astrometry::firstTrailEnd)
+        return;
+    indata->rlm = 0;
+    indata->mjd = t;
+    const PlotScene scene = sceneOf(t, 0);
+    indata->plotyear = scene.year;
+    for (int slot = 0; slot < indata->satn; ++slot)
+        GetSatPos(t, indata, satps, slot, 0);
+    {
+        QPainter painter(&picDsp);
+        painter.drawPixmap(0, 0, picBase);
+        drawPictureTexts(painter, scene);
+        drawPictureMarkers(painter, scene);
+    }
+    update();
+}
+
+void VorlixView::drawPictureTexts(QPainter& painter, const PlotScene& scene) const
+{
+    const WinpData& in = *indata;
+    const int prime = std::clamp(in.prs, 0, maxSatellites - 1);
+    painter.setFont(legendFont(in));
+    const QPoint origin = textOrigin(painter);
+    painter.setPen(white);
+    painter.drawText(origin + QPoint(timeX, 0), timeText(scene, in.tmstep));
+    if (in.flarflg && in.flarmod == -1) {
+        painter.setPen(yellow);
+        drawFlareAngles(painter, origin, in.occra, in.occdec);
+    } else {
+        drawAngles(painter, origin, satps->ra[prime], satps->dec[prime]);
+    }
+    painter.setPen(in.satn != 0 ? scene.colours[static_cast<std::size_t>(prime)] : red);
+    painter.drawText(origin + QPoint(nameX, 0),
+                     in.satn != 0 ? shownName(in, prime) : QStringLiteral("*** No Satellite ***"));
+}
+
+/// A square and, if wanted, a name for each satellite that stands above the horizon.
+void VorlixView::drawPictureMarkers(QPainter& painter, const PlotScene& scene)
+{
+    painter.setFont(QFont("Helvetica", 8, QFont::Normal));
+    for (int slot = 0; slot < indata->satn; ++slot) {
+        if (!(satps->el[slot] > 0) || !isMarkedOnSky(*indata, *satps, slot))
+            continue;
+        getPixel(satps->ra[slot], satps->dec[slot], lastx[slot], lasty[slot]);
+        const QPoint p(lastx[slot], lasty[slot]);
+        painter.setPen(scene.colours[static_cast<std::size_t>(slot)]);
+        painter.drawRect(boxAbout(p, 2));
+        painter.drawPoint(p);
+        if (indata->nmflg)
+            painter.drawText(p + QPoint(1, -2), shownName(*indata, slot));
+    }
+}

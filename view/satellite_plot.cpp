@@ -1,0 +1,113 @@
+// The frame of one plot of the satellites: what is redrawn, what is kept, and in which order.
+
+#include "view/vorlix_view.h"
+
+#include <cmath>
+#include <optional>
+
+#include <QPainter>
+
+#include "app/record/keep.h"
+#include "astro/calendar.h"
+#include "engine/pass_search.h"
+#include "engine/position.h"
+
+namespace {
+
+constexpr double oldMapDays = 0.01;
+
+/// The observer's fields, put back at the end of a plot.
+struct KeptObserver
+{
+    Keep<double> lat{indata->lat};
+    Keep<double> lng{indata->lng};
+    Keep<double> height{indata->height};
+};
+
+double oldSkyDays(const WinpData& in)
+{
+    const double zenith = in.mpnight ? 0.002 : 0.004;
+    const double azimuth = in.mpnight ? 0.001 : 0.002;
+    return in.skyprj == 0 ? zenith : azimuth;
+}
+
+}  // namespace
+
+void VorlixView::SatPlot(double t, int circles)
+{
+    if (indata->picflg) {
+        PicPlot(t);
+        return;
+    }
+    const KeptObserver observer;
+    indata->mjd = t;
+    if (indata->satsky && indata->skymap == 1)
+        observeFromPrime(t);
+    refreshIfAged(t);
+    if (indata->skymap)
+        indata->rlm = 0;
+
+    const PlotScene scene = sceneOf(t, circles);
+    indata->plotyear = scene.year;
+    for (int slot = 0; slot < indata->satn; ++slot)
+        GetSatPos(t, indata, satps, slot, circles);
+    drawLegend(scene);
+    copyMapToDisplay();
+    drawMarkers(scene);
+    if (!indata->mpnight)
+        drawTrails(scene);
+    update();
+}
+
+/// The prime satellite takes the observer's place until the caller puts it back.
+void VorlixView::observeFromPrime(double t)
+{
+    if (indata->satn < 1)
+        return;
+    GetSatPos(t, indata, satps, indata->prs, 0);
+    indata->lat = satps->lat[indata->prs];
+    indata->lng = satps->lng[indata->prs];
+    indata->height = satps->hgt[indata->prs] * 1000.0;
+}
+
+void VorlixView::refreshIfAged(double t)
+{
+    const auto older = [t](double days) { return std::abs(t - indata->mjdlast) > days; };
+    if (diskWanted()) {
+        if (!indata->diskon || older(oldMapDays))
+            vRefresh();
+        return;
+    }
+    if (indata->diskon) {
+        vRefresh();
+        return;
+    }
+    if (indata->mpnight && older(oldMapDays))
+        vRefresh();
+    if (indata->skymap && (indata->satsky || older(oldSkyDays(*indata))))
+        vRefresh();
+}
+
+PlotScene VorlixView::sceneOf(double t, int circles) const
+{
+    PlotScene scene;
+    scene.t = t;
+    scene.circles = circles;
+    scene.relative = indata->skymap == 0 && relativeMode(*indata);
+    scene.disk = diskWanted();
+    caldat(t + indata->tzone / 24.0, scene.day, scene.month, scene.year, scene.hours);
+    scene.colours = satelliteColours(indata->mgrey);
+    return scene;
+}
+
+/// A dot for each satellite into the background, where it stays.
+void VorlixView::drawTrails(const PlotScene& scene)
+{
+    QPainter painter(&mapPix);
+    for (int slot = 0; slot < indata->satn; ++slot) {
+        if (lastx[slot] > indata->mapw)
+            continue;
+        painter.setPen(scene.colours[static_cast<std::size_t>(slot)]);
+        painter.drawPoint(lastx[slot], lasty[slot]);
+    }
+}

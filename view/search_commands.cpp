@@ -1,0 +1,129 @@
+// Commands that search through time: pass tables, scans of the whole element file, flares, matches.
+
+#include "view/vorlix_view.h"
+
+#include <cmath>
+
+#include <QInputDialog>
+#include <QMessageBox>
+
+#include "app/record/keep.h"
+#include "app/record/text.h"
+#include "app/record/wout_data.h"
+#include "dialogs/st_iridium_dialog.h"
+#include "dialogs/st_match_dialog.h"
+#include "elements/selection.h"
+#include "engine/aos_list.h"
+#include "engine/scan/all_satellites.h"
+#include "engine/scan/iridium_scan.h"
+#include "engine/scan/matching.h"
+#include "view/message_boxes.h"
+
+/// Asks for the largest distance of a transit or flare line. @return  false if the user cancelled
+bool VorlixView::askDistance()
+{
+    bool accepted = false;
+    const double km = QInputDialog::getDouble(this, tr("Transit/Flares"), tr("Maximum Distance (km):"),
+                                              indata->maxdst, 0.0, 50000.0, 1, &accepted);
+    if (accepted)
+        indata->maxdst = km;
+    return accepted;
+}
+
+void VorlixView::vCalcAOS()
+{
+    const Keep kind(indata->iridflg);
+    const Keep flareMagnitude(indata->flrmgf, false);
+    if (indata->iridflg == event::iridium) {
+        const ScratchSaveFile scratch(indata);
+        CmIridium();
+        return;
+    }
+    if (chooseEventKind(indata) && !askDistance())
+        return;
+    {
+        const WaitCursor wait;
+        aospass(indata, outdata);
+    }
+    if (indata->tofile)
+        return;
+    indata->dspmd = -1;
+    showSattxt();
+}
+
+bool VorlixView::vAllSat()
+{
+    vsFileName(indata->savename);
+    const Keep kind(indata->iridflg);
+    const Keep flareMagnitude(indata->flrmgf, false);
+    if (indata->iridflg != event::iridium && chooseEventKind(indata) && !askDistance())
+        return false;
+    int result = 0;
+    {
+        const WaitCursor wait;
+        result = AllSatAos(indata);
+    }
+    if (result == 1)
+        QMessageBox::information(this, tr("All Passes"), tr("*** Problems with the output file"));
+    else if (result != 0)
+        QMessageBox::information(this, tr("All Passes"), tr("*** Problems with the input file"));
+    else if (indata->iridflg != event::iridium)
+        QMessageBox::information(this, tr("Vorlix"),
+                                 tr("List of passes saved on file ") + fieldQString(indata->savename));
+    return result == 0;
+}
+
+void VorlixView::vIridium()
+{
+    const IridiumFiles files(indata);
+    CmIridium();
+}
+
+void VorlixView::CmIridium()
+{
+    IridiumSearch search(indata);
+    StIridiumDialog dialog(this);
+    dialog.setParams(indata->irmag, indata->ops == 1, indata->irsol);
+    if (dialog.exec() != QDialog::Accepted)
+        return;
+    double magnitude = 0;
+    bool operational = false;
+    bool solarPanels = false;
+    dialog.getParams(magnitude, operational, solarPanels);
+    search.accept(magnitude, operational, solarPanels);
+    outdata->nlines = 0;
+    if (vAllSat())  // otherwise the file holds the flares of an earlier search
+        Iriddspy(indata, outdata);
+    showtxt(true);
+}
+
+void VorlixView::vMatch()
+{
+    WinpData& in = *indata;
+    if (!askEventDate())
+        return;
+    const Keep kind(in.iridflg, in.iridflg == event::iridium ? event::plain : in.iridflg);
+    in.odm = false;
+    in.txtrdy = 0;
+    StMatchDialog dialog(this);
+    dialog.setParams(in.az, in.el, in.mxa, in.dra, in.tm, in.rdf, in.drf, in.vis);
+    if (dialog.exec() != QDialog::Accepted)
+        return;
+    dialog.getParams(in.az, in.el, in.mxa, in.dra, in.tm, in.rdf, in.drf, in.vis);
+    in.tm = std::abs(in.tm);
+    listMatches();
+}
+
+/// The satellites of the element file that fit what was seen, as a text on show.
+void VorlixView::listMatches()
+{
+    int failed = 0;
+    {
+        const WaitCursor wait;
+        failed = SatMatch(indata, outdata);
+    }
+    if (failed != 0)
+        QMessageBox::information(this, tr("Find Matching Sats"), tr("*** Unable to open TLE file ***"));
+    indata->txtrdy = 1;
+    showtxt(true);
+}

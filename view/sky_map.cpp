@@ -1,0 +1,251 @@
+// The sky behind the satellites.
+
+#include "view/vorlix_view.h"
+
+#include <array>
+
+#include <QPainter>
+
+#include "app/record/clock.h"
+#include "astro/angles.h"
+#include "astro/calendar.h"
+#include "astro/frames.h"
+#include "astro/planets.h"
+#include "astro/sun_moon.h"
+#include "engine/held_values.h"
+#include "view/painting.h"
+#include "view/sky_geometry.h"
+#include "view/star_data.h"
+
+namespace {
+
+constexpr double starEpoch = -0.015;  // of the star table, Julian centuries from J2000
+constexpr int lastColumn = 721;       // of the map
+
+/// Where and when the sky is seen; a sky that is drawn does without nutation.
+struct SkyView
+{
+    explicit SkyView(double time)
+        : mjd(held(time, heldTimeDays)),
+          lat(held(indata->lat, heldDegrees) * radPerDeg),
+          lng(held(indata->lng, heldDegrees) * radPerDeg),
+          height(held(indata->height, heldHeightMetres))
+    {}
+
+    /// Elevation and azimuth in radians of a direction.
+    Horizontal direction(const Vec3& r) const { return seen(r, 0); }
+    /// The same of a geocentric position in Earth radii.
+    Horizontal body(const Vec3& r) const { return seen(r, 1); }
+
+    double mjd, lat, lng, height;
+
+private:
+    Horizontal seen(const Vec3& r, int mode) const
+    {
+        double az = 0, el = 0, distance = 0;
+        AppPos(mjd, 0.0, lat, lng, height, mode, r, az, el, distance);
+        return {az, el};
+    }
+};
+
+QPoint pixelTowards(const SkyFrame& sky, const Horizontal& place)
+{
+    return pixelOf(sky, place.el * degPerRad, place.az * degPerRad);
+}
+
+using StarVectors = std::array<Vec3, brightStars.size()>;
+
+StarVectors unitVectorsOfStars()
+{
+    StarVectors vectors;
+    for (std::size_t i = 0; i < vectors.size(); ++i) {
+        const double ra = DmsDegF(brightStars[i].ra / 1e5) * radPerHour;
+        const double dec = DmsDegF(brightStars[i].dec / 1e4) * radPerDeg;
+        vectors[i] = polcar({1.0, ra, dec});
+    }
+    return vectors;
+}
+
+/// The grey of a star that is drawn as a point: the fainter, the nearer to the background.
+QColor starColour(int mag100, int mgrey)
+{
+    const int steps = mag100 > 400 ? 3 : mag100 > 300 ? 2 : mag100 > 200 ? 1 : 0;
+    const bool black = mgrey == 2;
+    constexpr int onLight[] = {0, 50, 100, 150}, onBlack[] = {255, 200, 150, 100};
+    const int grey = black ? onBlack[steps] : onLight[steps];
+    return {grey, grey, grey};
+}
+
+void drawStar(QPainter& painter, const QPoint& p, int mag100, int mgrey)
+{
+    if (mag100 > 100) {
+        painter.setPen(starColour(mag100, mgrey));
+        painter.drawPoint(p);
+        return;
+    }
+    const QPoint corner = p - QPoint(1, 1);
+    painter.setPen(contrastColour(mgrey));
+    painter.drawEllipse(QRect(corner, mag100 <= 10 ? p : corner));
+}
+
+void drawStars(QPainter& painter, const SkyFrame& sky, const SkyView& view, int mgrey)
+{
+    static const StarVectors vectors = unitVectorsOfStars();
+    const Mat3 precession = pmatequ(starEpoch, julcent(view.mjd));
+    const double limit = skyLimit(sky);
+    painter.setBrush(contrastColour(mgrey));
+    for (std::size_t i = 0; i < vectors.size(); ++i) {
+        const Horizontal place = view.direction(mxvct(precession, vectors[i]));
+        if (!(place.el > limit))
+            continue;
+        const QPoint p = pixelTowards(sky, place);
+        if (p.x() <= lastColumn)
+            drawStar(painter, p, brightStars[i].mag, mgrey);
+    }
+}
+
+void drawCompass(QPainter& painter, const SkyFrame& sky)
+{
+    struct Letter
+    {
+        const char* text;
+        double azimuth, zenithElevation;
+        QPoint zenithShift;
+    };
+    const Letter letters[] = {
+        {"N", 0, 10, {0, 10}}, {"S", 180, 13, {0, 0}}, {"E", 90, 0, {-8, 0}}, {"W", 270, 0, {0, 0}}};
+    for (const Letter& letter : letters) {
+        const double el = sky.zenith() ? letter.zenithElevation : 0.5;
+        const QPoint shift = sky.zenith() ? letter.zenithShift : QPoint(0, 0);
+        painter.drawText(pixelOf(sky, el, letter.azimuth) + shift, VorlixView::tr(letter.text));
+    }
+}
+
+/// Sun, Moon or planet as it is drawn.
+struct SkyBody
+{
+    const char* name;
+    Vec3 position;  // geocentric, equator of date, Earth radii
+    QColor colour;
+    int reach;   // of the disk, pixels
+    int keyTop;  // of its line in the key
+};
+
+/// In the order of drawing and of the key.
+std::array<SkyBody, 7> bodiesAt(const SkyView& view, int mgrey)
+{
+    constexpr double earthRadiiPerAu = 23454.77992;
+    int day = 0, month = 0, year = 0;
+    double hours = 0;
+    caldat(view.mjd, day, month, year, hours);
+    const double T = julcent(view.mjd + SetTtUt(indata, year) / 86400.0);
+
+    Sun200 sunSeries;
+    Moon200 moonSeries;
+    Plan200 planets;
+    const Vec3 sun = sunSeries.position(T);
+    const auto geocentric = [&](const Vec3& planet) { return eclequ(T, planet + sun) * earthRadiiPerAu; };
+    return {{
+        {"Sun", eclequ(T, sun) * earthRadiiPerAu, {255, 255, 0}, 3, 10},
+        {"Moon", eclequ(T, moonSeries.position(T)), contrastColour(mgrey), 3, 25},
+        {"Mercury", geocentric(planets.Mercury(T)), coastColour, 2, 40},
+        {"Venus", geocentric(planets.Venus(T)), {0, 0, 255}, 2, 55},
+        {"Mars", geocentric(planets.Mars(T)), {255, 0, 0}, 2, 70},
+        {"Jupiter", geocentric(planets.Jupiter(T)), {0, 255, 0}, 2, 85},
+        {"Saturn", geocentric(planets.Saturn(T)), {255, 255, 0}, 2, 100},
+    }};
+}
+
+void drawKey(QPainter& painter, const SkyBody& body)
+{
+    const int left = 13 - body.reach;
+    painter.drawEllipse(left, body.keyTop, 2 * body.reach, 2 * body.reach);
+    painter.drawText(20, body.keyTop + 6, VorlixView::tr(body.name));
+}
+
+/// The red spot that tells the Sun from Saturn, on the map and in the key.
+void drawSunCore(QPainter& painter, const QPoint& p, bool key)
+{
+    fillWith(painter, QColor(255, 0, 0));
+    painter.drawEllipse(boxAbout(p, 1));
+    if (key)
+        painter.drawEllipse(boxAbout({13, 13}, 1));
+}
+
+void drawBodies(QPainter& painter, const SkyFrame& sky, const SkyView& view, int mgrey)
+{
+    const std::array<SkyBody, 7> bodies = bodiesAt(view, mgrey);
+    for (const SkyBody& body : bodies) {
+        const QPoint p = pixelTowards(sky, view.body(body.position));
+        if (p.x() > lastColumn)
+            continue;
+        fillWith(painter, body.colour);
+        painter.drawEllipse(boxAbout(p, body.reach));
+        if (sky.zenith())
+            drawKey(painter, body);
+        if (&body == &bodies.front())
+            drawSunCore(painter, p, sky.zenith());
+    }
+    painter.setBrush(Qt::NoBrush);
+}
+
+}  // namespace
+
+SkyFrame VorlixView::skyFrame() const
+{
+    SkyFrame sky;
+    sky.skyprj = indata->skyprj;
+    sky.skaz = held(indata->skaz, heldDegrees);
+    sky.satsky = indata->satsky;
+    sky.altitude = held(indata->height, heldHeightMetres);
+    sky.centre = {cenx, ceny};
+    sky.xscale = xscale;
+    sky.yscale = yscale;
+    sky.width = indata->mapw;
+    sky.height = indata->maph;
+    return sky;
+}
+
+QPoint VorlixView::PxSky(double el, double az) const
+{
+    return pixelOf(skyFrame(), el, az);
+}
+
+void VorlixView::PltSky(QPainter& painter)
+{
+    const SkyFrame sky = skyFrame();
+    const SkyView view(indata->mjd);
+    drawStars(painter, sky, view, indata->mgrey);
+    painter.setFont(QFont("Helvetica", 8));
+    if (sky.zenith()) {
+        painter.setPen(coastColour);
+        drawAll(painter, horizonLines(sky));
+    }
+    painter.setPen(contrastColour(indata->mgrey));
+    drawCompass(painter, sky);
+    drawBodies(painter, sky, view, indata->mgrey);
+    painter.setPen(gridColour);
+    painter.drawLine(rightBorder);
+}
+
+void VorlixView::SkyPx(const QPoint& p)
+{
+    const SkyPlace place = placeAt(skyFrame(), p);
+    indata->el1 = place.el;
+    if (place.el == outsideSky)
+        return;
+    indata->az1 = place.az;
+
+    const SkyView view(indata->mjdlast);
+    double ra = 0, dec = 0;
+    AppRADec(view.mjd, 0.0, view.lat, view.lng, place.az * radPerDeg, place.el * radPerDeg, ra, dec);
+    if (indata->yrepoch != 0) {
+        const double from = julcent(held(indata->mjd, heldTimeDays));
+        const double to = (held(indata->yrepoch, heldYears) - 2000.0) / 100.0;
+        const Vec3 polar = carpol(mxvct(pmatequ(from, to), polcar({1.0, ra, dec})));
+        ra = polar[1];
+        dec = polar[2];
+    }
+    indata->az2 = DegFDms(ra / radPerHour);
+    indata->el2 = DegFDms(dec * degPerRad);
+}

@@ -1,0 +1,132 @@
+// The painters of the report: running text, and the pass table whose rows can be clicked.
+
+#include "view/vorlix_view.h"
+
+#include <algorithm>
+#include <string_view>
+
+#include <QFontMetrics>
+#include <QPainter>
+
+#include "app/record/keep.h"
+#include "app/record/wout_data.h"
+
+int epos[120] = {};
+
+namespace {
+
+constexpr int leftMargin = 10;
+constexpr int rowGap = 2;  // a row answers from a little above its letters on
+constexpr int rowsWithPosition = sizeof epos / sizeof *epos;
+
+/// The pixmap made white, and the pencil that writes a report into it.
+class ReportPainter
+{
+public:
+    explicit ReportPainter(QPixmap& pixmap) : painter(&pixmap), metrics(prepare(pixmap)), cell(widthOf('M')) {}
+
+    int ascent() const { return metrics.ascent(); }
+
+    /// Paints the characters from `first` on, one to a cell of the grid.
+    void paintOnGrid(std::string_view line, std::size_t first, int y)
+    {
+        int x = leftMargin;
+        for (const char c : line.substr(std::min(first, line.size()))) {
+            paint(c, x, y);
+            x += cell;
+        }
+    }
+
+    /// Paints the characters from `first` on side by side; what follows a tab stands in the tab's column of the grid.
+    void paintSideBySide(std::string_view line, std::size_t first, int y)
+    {
+        int x = leftMargin;
+        int column = leftMargin + static_cast<int>(first) * cell;
+        for (const char c : line.substr(std::min(first, line.size()))) {
+            paint(c, x, y);
+            x = c == '\t' ? column : x + widthOf(c);
+            column = c == '\t' ? x + cell : column + cell;
+        }
+    }
+
+private:
+    QFontMetrics prepare(QPixmap& pixmap)
+    {
+        painter.fillRect(pixmap.rect(), Qt::white);
+        painter.setFont(QFont("helvetica", fsz));
+        painter.setPen(QColor(0, 0, 0));
+        return painter.fontMetrics();
+    }
+
+    int widthOf(char c) const { return metrics.horizontalAdvance(QChar::fromLatin1(c)); }
+
+    void paint(char c, int x, int y)
+    {
+        if (c != '\t')
+            painter.drawText(x, y, QString(QChar::fromLatin1(c)));
+    }
+
+    QPainter painter;
+    QFontMetrics metrics;
+    int cell;
+};
+
+}  // namespace
+
+void VorlixView::showtxt(bool fixed)
+{
+    dsplmd = filled::text;
+    indata->dspmd = 0;
+    paintReport(fixed, 0);
+}
+
+void VorlixView::showSattxt()
+{
+    dsplmd = filled::passTable;
+    paintReport(true, 1);
+}
+
+/// With `first` 1 the first character of a line is a mark: it is not painted, and any but a blank makes the line a row
+/// that can be clicked.
+void VorlixView::paintReport(bool fixed, std::size_t first)
+{
+    setCursor(Qt::ArrowCursor);
+    {
+        ReportPainter page(txtPix);
+        int rows = 0;
+        int y = 0;
+        for (int i = 0; i < outdata->nlines; ++i) {
+            y += page.ascent();
+            const std::string_view line = lineText(*outdata, i);
+            if (first > 0 && !line.empty() && line.front() != ' ' && rows < rowsWithPosition)
+                epos[rows++] = y - page.ascent() - rowGap;
+            if (fixed && isTableLine(*outdata, i))
+                page.paintOnGrid(line, first, y);
+            else
+                page.paintSideBySide(line, first, y);
+        }
+    }
+    update();
+    goHome();
+}
+
+int passRowAt(int y, int rows)
+{
+    int row = -1;
+    for (int k = 0; k < std::min(rows, rowsWithPosition); ++k) {
+        if (epos[k] < y)
+            row = k;
+    }
+    return row;
+}
+
+void VorlixView::showPassDetails(int y)
+{
+    const Keep kind(indata->iridflg, indata->iridflg == event::iridium ? event::plain : indata->iridflg);
+    if (indata->naos < 1)
+        return;
+    const int row = passRowAt(y, indata->naos);
+    // a click above the first row shows the row of the last click, as far as this table has one
+    indata->aossel = row >= 0 ? row : std::min(indata->aossel, indata->naos - 1);
+    openPassDetails();
+}

@@ -1,0 +1,277 @@
+// The canvas of the main window: the last text report, a map of the world, the sky or a disk, or a loaded picture;
+// and the commands `v...` that run the dialogs, call the engine and show what comes of it.
+//
+// The class is large by nature. Its files by subject: frame, text display, plot clock, satellite plot, mouse picks,
+// selection, files, searches, orbits, settings; and the drawing: world map, sky map, satellite
+// overlay, map legend, disk plot, picture.
+#pragma once
+
+#include <array>
+#include <cstddef>
+
+#include <QColor>
+#include <QPixmap>
+#include <QPoint>
+#include <QScrollArea>
+#include <QString>
+
+#include "app/record/winp_data.h"
+
+class QImage;
+class QPainter;
+struct DiskFrame;
+struct MapFrame;
+struct SatPosData;
+struct SkyFrame;
+
+/// What last filled the display, values of `dsplmd`.
+namespace filled {
+enum By
+{
+    nothing = 0,
+    text = 1,
+    passTable = 2,
+    map = 3
+};
+}
+
+extern int dsplmd;     // what last filled or refreshed the display
+extern int fsz;        // point size of the text display as the view knows it
+extern int epos[120];  // pixel positions of the selectable rows of the pass table, from the top of the text
+
+/// What the stages of one plot hand on; made anew by each `SatPlot`.
+struct PlotScene
+{
+    double t = 0;           // MJD, UTC
+    int circles = 0;        // not 0: visibility circles are wanted
+    bool relative = false;  // the plot shows the second satellite as seen against the prime one
+    bool disk = false;      // the map is a plot of the Sun's or the Moon's disk
+    int year = 0;           // civil date of t
+    int month = 0;
+    int day = 0;
+    double hours = 0;  // civil time of t within the day
+    std::array<QColor, maxSatellites> colours;
+};
+
+class VorlixView : public QScrollArea
+{
+    Q_OBJECT
+
+public:
+    /// Brings the records up with `swelcm`, paints the welcome text and draws the map once behind it.
+    explicit VorlixView(QWidget* parent = nullptr);
+
+    /// A synchronous repaint, not a queued one: every plot ends in it.
+    virtual void update();
+
+    // --- frame
+    int getLeft() const;
+    int getFsz() const;
+    void setFont(int size);
+    void goHome();
+    void keyPress(int n);
+    void scrollDsp(int dx, int dy);
+    void vRefresh();
+    void vRefreshP();
+    void vText();
+    void vNames(bool on);
+    void vLeft(bool on);
+    void vPicSwitch(bool on);
+    void vQuit();
+
+    // --- text display
+    /// Paints the report and puts it on show; `fixed` gives table lines a grid of character cells.
+    void showtxt(bool fixed);
+    /// Paints the report as the pass table whose rows can be clicked; the caller sets `dspmd`.
+    void showSattxt();
+    /// Opens the details of the row at the height y of the pass table.
+    void showPassDetails(int y);
+
+    // --- plot clock
+    void vCurrent();
+    void vForward();
+    void vBackward();
+    void vPlotNext();
+    void vPlotLast();
+    /// One tick of a real-time plot; skipped while a pick dialog is open.
+    void RT_Plot();
+    /// One tick of a delta plot. @return  not 0: the plot is over and nothing was plotted
+    int PlotDelta();
+    /// Takes up the new state of the timer: 0 none, 1 real time, 2 delta time.
+    void vTmCheck(int mode);
+    /// Shows the state at the MJD t. `circles` not 0 draws the circles of visibility.
+    void SatPlot(double t, int circles);
+
+    // --- picks
+    void getMapPos(int x, int y);
+    void vLocalInf();
+    void vLocalPass();
+
+    // --- selection and files
+    void vSelectSat();
+    void vRemoveSat();
+    /// @return  number of satellites now selected, 0 for none, -1 if the element file cannot be opened
+    int vNextSat();
+    QString getTLEname() const;
+    void setTLEname(const QString& name);
+    QString getSaveName();
+    void setSaveName(const QString& name);
+    QString getTSaveName();
+    void setTSaveName(const QString& name);
+    void vFileSave();
+    void vTLESave();
+    /// Asks for an address and splits it. @return  0 the three texts are set, 1 cancelled
+    int vUpdate(QString& host, QString& path, QString& file);
+
+    // --- searches and tables
+    void vCalcAOS();
+    /// @return  true if the list was written
+    bool vAllSat();
+    void vOrbitTrack();
+    void vIridium();
+    void CmIridium();
+    void vMatch();
+
+    // --- orbits
+    void vEditOrb();
+    void vDeltaV();
+    void vLaunch();
+    void vRendz();
+    void vOrbDet();
+
+    // --- settings; those with a result give 1 if the user cancelled
+    int vInputDate();
+    int vInputLocation();
+    void vSetIERS();
+    void vVisibility();
+    void vStep();
+    void vMag();
+    void vSwitch();
+    void vMapDialog();
+    void vSysConf();
+
+    // --- world map
+    /// Degrees to pixels. A point that cannot be shown gets an x beyond `mapw`.
+    QPoint PxCoord(double lat, double lng) const;
+    /// Pixels to degrees; latitude -100 marks a position outside a hemisphere.
+    void CoordPx(const QPoint& p, double& lat, double& lng) const;
+    void MapLand(QPainter& painter);
+    void PlotWorld(QPainter& painter);
+
+    // --- sky map
+    /// Elevation and azimuth in degrees to pixels. A point that cannot be shown gets an x beyond `mapw`.
+    QPoint PxSky(double el, double az) const;
+    /// Pixels to the pick fields `az1`, `el1`, `az2`, `el2`; `el1` -100 marks a position outside the sky.
+    void SkyPx(const QPoint& p);
+    void PltSky(QPainter& painter);
+
+    // --- disk plot
+    void PltSunM(QPainter& painter);
+    QPoint PxCdSun(int i, int occflg) const;
+
+    // --- picture
+    /// Takes up a picture in the size chosen last. Its transparent parts become black.
+    void vPicture(const QImage& image);
+    /// Shows the picture at full size (0), half (2) or a quarter (3) and begins its measurement anew.
+    void vImage(int code);
+    /// A click on the picture: the next star of the measurement or, behind the third, a point of a trail.
+    void astroEvent(int x, int y, bool left);
+    /// Plots the satellites on a measured picture; does nothing before its three stars are marked.
+    void PicPlot(double t);
+
+    // --- what is on show, for tests that look at pixels
+    const QPixmap& textPixmap() const { return txtPix; }
+    const QPixmap& mapPixmap() const { return mapPix; }
+    const QPixmap& displayPixmap() const { return dspPix; }
+    const QPixmap& picturePixmap() const { return picDsp; }
+
+protected:
+    void mousePressEvent(QMouseEvent* event) override;
+    void keyPressEvent(QKeyEvent* event) override;
+    void paintEvent(QPaintEvent* event) override;
+
+private:
+    // frame
+    void makePixmaps();
+    bool diskWanted() const;
+    void chooseScales(bool disk);
+    void drawBackground();
+    void drawPhysicalMap(QPainter& painter);
+    void copyMapToDisplay();
+
+    // text display
+    void paintReport(bool fixed, std::size_t first);
+    void openPassDetails();
+
+    // searches and tables
+    bool askDistance();
+    void listMatches();
+
+    // orbits
+    bool askEventDate();
+
+    // plot clock
+    void showMapIfText();
+    void jumpToPass(bool forward);
+    double centredOn(double t);
+    void showPassAt(double t);
+
+    // satellite plot
+    void refreshIfAged(double t);
+    void observeFromPrime(double t);
+    PlotScene sceneOf(double t, int circles) const;
+    void drawTrails(const PlotScene& scene);
+    /// The five columns under the map, into `mapPix`.
+    void drawLegend(const PlotScene& scene);
+    /// Markers, circles, names and the symbol of the Sun, into `dspPix`; sets `lastx`, `lasty`.
+    void drawMarkers(const PlotScene& scene);
+    QPoint markerOf(int slot, bool disk) const;
+    void drawMarker(QPainter& painter, int slot, const PlotScene& scene);
+    void drawSymbol(QPainter& painter, const QPoint& p, int slot, bool disk);
+    void drawCircle(QPainter& painter, int slot);
+    void drawSunSymbol(QPainter& painter, const PlotScene& scene);
+
+    // the drawing as the geometry sees it: record and scales
+    MapFrame mapFrame() const;
+    SkyFrame skyFrame() const;
+    DiskFrame diskFrame() const;
+
+    // world map
+    void drawNight(QPainter& painter);
+    void drawGrid(QPainter& painter);
+    void drawObserver(QPainter& painter);
+
+    // picture
+    bool markStar(int x, int y);
+    void markTrailPoint(int x, int y);
+    /// Where the first line of text stands: at the top of the part of the picture that is in sight.
+    QPoint textOrigin(const QPainter& painter) const;
+    void drawPictureTexts(QPainter& painter, const PlotScene& scene) const;
+    void drawPictureMarkers(QPainter& painter, const PlotScene& scene);
+
+    int cenx = 0;  // pixel of the map centre
+    int ceny = 0;
+    double xscale = 0;  // scale of the current map
+    double yscale = 0;
+    double dtend = 0;       // MJD at which the running delta plot ends
+    bool pickbusy = false;  // a pick dialog is open: timer ticks must not plot
+    int lastx[10] = {};     // pixel of the last marker of each satellite
+    int lasty[10] = {};
+    QPixmap txtPix;     // text display
+    QPixmap mapPix;     // map background with the legend; trails accumulate here
+    QPixmap earthPix;   // physical map
+    QPixmap dspPix;     // mapPix with the current markers
+    QPixmap legendPix;  // background of the legend
+    QPixmap picPix;     // the picture as loaded,
+    QPixmap picBase;    // at the chosen size,
+    QPixmap picDsp;     // and with plots on it
+};
+
+/// The row of the pass table that a click at the height y of the text means, -1 above the first; `rows` are in use.
+int passRowAt(int y, int rows);
+
+/// Whether visibility lets a satellite be marked on the sky or on a picture: in sunlight, in moonlight, or all.
+bool isMarkedOnSky(const WinpData& in, const SatPosData& sp, int slot);
+
+/// The colour of each slot in markers, names and legend, for the background `mgrey`.
+std::array<QColor, maxSatellites> satelliteColours(int mgrey);
