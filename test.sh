@@ -1,10 +1,10 @@
 #!/usr/bin/env bash
 # Installs what is missing, builds Vorlix and runs all tests, windows and dialogs included, without a display.
-# Words given to it go to ctest: ./test.sh -R Calendar
+# Words given to it go to ctest: ./test.sh -R astro
 set -euo pipefail
 cd "$(dirname "$0")"
 . tools/packages.sh
 
-need_packages "${build_packages[@]}"
+need_packages "${build_packages[@]}" desktop-file-utils appstream groff-base
 build_preset release
 ctest --preset release -j "$(nproc)" "$@"

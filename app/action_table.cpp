@@ -1,0 +1,268 @@
+// The actions of the main window, in the order in which they are made.
+
+#include "app/vorlix_app.h"
+
+#include <array>
+
+#include <QtGlobal>
+
+// Marks a text of the table for translation; the loop that walks the table calls tr.
+#define TEXT(text) QT_TRANSLATE_NOOP("VorlixApp", text)
+
+std::span<const VorlixApp::ActionRow> VorlixApp::actionRows()
+{
+    using App = VorlixApp;
+    // clang-format off
+    static const std::array rows{
+        ActionRow{&App::fileOpen, "fileOpen", TEXT("&Open TLE File..."), "Ctrl+F", "fileopen",
+            TEXT("Opens a Two Line Element file"),
+            TEXT("Open TLE File\n\nOpens an existing Two Line Element file. A TLE file contains orbit elements in a "
+                 "particular widely used format."),
+            &App::slotFileOpen, nullptr},
+        ActionRow{&App::fileUpdate, "fileUpdate", TEXT("Onl&ine TLE Update"), "Ctrl+I", "",
+            TEXT("Download of TLE files"),
+            TEXT("Online TLE Update\n\nDownloads a Two Line Element file and stores it beside the present one. The "
+                 "download runs in the background; if it fails, a file of the same name keeps its former contents."),
+            &App::slotFileUpdate, nullptr},
+        ActionRow{&App::fileSave, "fileSave", TEXT("&Save"), "", "filesave",
+            TEXT("Saves the result of the AOS calculation"),
+            TEXT("Save\n\nCalculates the visibility times and writes the table to the save file. The first list after "
+                 "a change of the file name replaces the file, each further list is added to its end."),
+            &App::slotFileSave, nullptr},
+        ActionRow{&App::fileSaveAs, "fileSaveAs", TEXT("Save &as..."), "", "",
+            TEXT("Saves the result of the AOS calculations under a new filename"),
+            TEXT("Save As\n\nAsks for the name of the save file, calculates the visibility times and writes the table "
+                 "to it. The name lasts until the program ends."),
+            &App::slotFileSaveAs, nullptr},
+        ActionRow{&App::fileTLESave, "fileTLESave", TEXT("Save &TLE"), "", "",
+            TEXT("Saves the currently used orbit elements."),
+            TEXT("Save TLE\n\nWrites the orbit elements of the selected satellites to the TLE save file. Use it to "
+                 "keep elements which have been edited, generated or propagated."),
+            &App::slotFileTLESave, nullptr},
+        ActionRow{&App::fileTLESaveAs, "fileTLESaveAs", TEXT("Save T&LE as..."), "", "",
+            TEXT("Saves the currently used orbit elements under a new filename"),
+            TEXT("Save TLE As\n\nAsks for the name of the TLE save file and writes the orbit elements of the selected "
+                 "satellites to it. An existing file of this name is replaced."),
+            &App::slotFileTLESaveAs, nullptr},
+        ActionRow{&App::filePicture, "filePicture", TEXT("&Picture..."), "", "", "",
+            TEXT("Picture\n\nLoads a picture of a satellite trail. After three stars have been identified, each "
+                 "further click gives the celestial coordinates of a point of the picture."),
+            &App::slotFilePicture, nullptr},
+        ActionRow{&App::fileQuit, "fileQuit", TEXT("E&xit"), "Ctrl+Q", "",
+            TEXT("Quits Vorlix"),
+            TEXT("Exit\n\nQuits Vorlix and saves various settings."),
+            &App::slotFileQuit, nullptr},
+
+        ActionRow{&App::inputSelectSat, "inputSelectSat", TEXT("&Select Satellite"), "Ctrl+S", "satpsels",
+            TEXT("Select Satellite from TLE file."),
+            TEXT("Select Satellite\n\nSearches the TLE file by name, NORAD number or international designator and "
+                 "adds the satellites found to the list. Up to ten satellites can be selected."),
+            &App::slotInputSelectSat, nullptr},
+        ActionRow{&App::inputRemoveSat, "inputRemoveSat", TEXT("&Remove Satellite"), "Ctrl+Z", "",
+            TEXT("Removes satellites from the list of selected satellites."),
+            TEXT("Remove Satellite\n\nShows the selected satellites and removes those which are marked."),
+            &App::slotInputRemoveSat, nullptr},
+        ActionRow{&App::inputNextSat, "inputNextSat", TEXT("&Next Satellites"), "Ctrl+P", "satpnx4p",
+            TEXT("Selects the next satellites which will pass the observation site."),
+            TEXT("Next Satellites\n\nSearches the whole TLE file for the satellites which will pass the observation "
+                 "site next, within about two hours from now. The first ten of them become the new selection and "
+                 "are shown in real time. The visibility settings apply."),
+            &App::slotInputNextSat, nullptr},
+        ActionRow{&App::inputDate, "inputDate", TEXT("&Date"), "Ctrl+D", "satpdate",
+            TEXT("Input date and timezone"),
+            TEXT("Date\n\nSets the date and time at which predictions and delta time plots begin, their duration, "
+                 "and the timezone. The real time display can be given an offset to the clock of the computer."),
+            &App::slotInputDate, nullptr},
+        ActionRow{&App::inputLocation, "inputLocation", TEXT("&Location"), "Ctrl+C", "satploc",
+            TEXT("Set the observation site."),
+            TEXT("Location\n\nSets the latitude, longitude and height of the observation site and its name. Northern "
+                 "latitudes and eastern longitudes are positive."),
+            &App::slotInputLocation, nullptr},
+        ActionRow{&App::inputIers, "inputIers", TEXT("&IERS Parameters"), "", "",
+            TEXT("Set IERS Parameters"),
+            TEXT("IERS Parameters\n\nSets the differences UTC - TAI and UT1 - UTC and the coordinates of the pole as "
+                 "published by the International Earth Rotation Service. The defaults are good enough for most "
+                 "observations."),
+            &App::slotInputIers, nullptr},
+
+        ActionRow{&App::calcAOS, "calcAOS", TEXT("&AOS"), "Ctrl+A", "satppaos",
+            TEXT("Calculate visibility times for passes."),
+            TEXT("AOS\n\nLists the passes of the prime satellite with their start, maximum and end, from the start "
+                 "date on and for the set duration. The visibility settings decide which passes are listed. A click "
+                 "on a line of the table shows the details of the pass."),
+            &App::slotCalcAOS, nullptr},
+        ActionRow{&App::calcOrbitTrack, "calcOrbitTrack", TEXT("Write &Orbit Track"), "Ctrl+O", "",
+            TEXT("Write the orbit track on file."),
+            TEXT("Write Orbit Track\n\nWrites time, longitude, latitude and height of the prime satellite to the save "
+                 "file, a line for each time step of the set duration. The file is replaced."),
+            &App::slotCalcOrbitTrack, nullptr},
+        ActionRow{&App::calcAllSats, "calcAllSats", TEXT("All Satellite &Passes"), "", "",
+            TEXT("Calculate visibility times for passes of all satellites."),
+            TEXT("All Satellite Passes\n\nSearches the passes of every satellite of the TLE file and writes them to "
+                 "the save file, sorted by time. This can take a while for large files."),
+            &App::slotCalcAllSats, nullptr},
+        ActionRow{&App::calcIridium, "calcIridium", TEXT("&Iridium Flares"), "", "satpirid",
+            TEXT("Calculate Iridium Flares."),
+            TEXT("Iridium Flares\n\nSearches the flares of all Iridium satellites for the set duration. The orbit "
+                 "elements are read from the file iridium.txt beside the present TLE file."),
+            &App::slotCalcIridium, nullptr},
+        ActionRow{&App::calcMatch, "calcMatch", TEXT("&Find Matching Sats"), "", "satpfind",
+            TEXT("Find satellites which match a particular position and time."),
+            TEXT("Find Matching Satellites\n\nSearches the TLE file for satellites which were near a given position "
+                 "of the sky at a given time. The direction of their movement can be taken into account."),
+            &App::slotCalcMatch, nullptr},
+
+        ActionRow{&App::manvEdit, "manvEdit", TEXT("&Edit Orbit Elements"), "Ctrl+E", "satpxorb",
+            TEXT("Edit orbit elements of selected satellite."),
+            TEXT("Edit Orbit Elements\n\nShows the orbit elements of the prime satellite and allows to change them. "
+                 "The propagation model is selected here as well, and new satellites can be entered."),
+            &App::slotManvEdit, nullptr},
+        ActionRow{&App::manvDeltaV, "manvDeltaV", TEXT("Delta-&V"), "", "",
+            TEXT("Perform a delta-v maneuver or continuous thrust of selected satellite."),
+            TEXT("Delta-V\n\nChanges the velocity of the prime satellite at a given time by a given amount and "
+                 "direction. With numeric propagation a continuous thrust can be applied instead."),
+            &App::slotManvDeltaV, nullptr},
+        ActionRow{&App::manvLaunch, "manvLaunch", TEXT("&Launch"), "Ctrl+L", "",
+            TEXT("Calculate a launch orbit."),
+            TEXT("Launch\n\nCalculates the orbit of a satellite from its launch site, launch time, inclination and "
+                 "heights of perigee and apogee."),
+            &App::slotManvLaunch, nullptr},
+        ActionRow{&App::manvRendz, "manvRendz", TEXT("&Rendezvous"), "", "",
+            TEXT("Rendezvous Launch Orbit."),
+            TEXT("Rendezvous\n\nFinds the launch time and the orbit of a satellite which is to meet the prime "
+                 "satellite."),
+            &App::slotManvRendz, nullptr},
+        ActionRow{&App::manvOrbDet, "manvOrbDet", TEXT("&Orbit Determination"), "", "",
+            TEXT("Determine a circular orbit during a pass."),
+            TEXT("Orbit Determination\n\nDetermines a circular orbit from two observed positions of one pass and the "
+                 "time between them. Optionally the TLE file is searched for satellites which match."),
+            &App::slotManvOrbDet, nullptr},
+
+        ActionRow{&App::plotRT, "plotRT", TEXT("&Real Time"), "Ctrl+R", "satprtim",
+            TEXT("Plot Real Time positions of selected satellites."),
+            TEXT("Real Time\n\nShows the present positions of the selected satellites, once a second. Select it "
+                 "again to stop."),
+            &App::slotPlotRT, nullptr},
+        ActionRow{&App::plotDelta, "plotDelta", TEXT("&Delta Time"), "Ctrl+G", "satpdltm",
+            TEXT("Plot satellite trajectory over a specified time interval."),
+            TEXT("Delta Time\n\nShows the movement of the selected satellites from the start date on, in time steps "
+                 "and for the set duration. Select it again to stop."),
+            &App::slotPlotDelta, nullptr},
+        ActionRow{&App::plotCurrent, "plotCurrent", TEXT("&Current Step"), "Ctrl+U", "",
+            TEXT("Current positions of selected satellites."),
+            TEXT("Current Step\n\nShows the positions of the selected satellites at the time last plotted, or at the "
+                 "start date if it has just been set."),
+            &App::slotPlotCurrent, nullptr},
+        ActionRow{&App::plotNext, "plotNext", TEXT("&Next Pass"), "", "satppass",
+            TEXT("Jumps to the (maximum) position of the next pass."),
+            TEXT("Next Pass\n\nSearches the next pass of the prime satellite and shows the positions at its maximum. "
+                 "In relative satellite mode it is the start of the contact."),
+            &App::slotPlotNext, nullptr},
+        ActionRow{&App::plotLast, "plotLast", TEXT("&Last Pass"), "", "",
+            TEXT("Jumps to the (maximum) position of the last pass."),
+            TEXT("Last Pass\n\nSearches the pass of the prime satellite before the time on show and shows the "
+                 "positions at its maximum."),
+            &App::slotPlotLast, nullptr},
+        ActionRow{&App::plotForward, "plotForward", TEXT("Step &Forward"), "", "",
+            TEXT("Moves one time step forward."),
+            TEXT("Step Forward\n\nMoves the display one time step forward. The right arrow key does the same."),
+            &App::slotPlotForward, nullptr},
+        ActionRow{&App::plotBackward, "plotBackward", TEXT("Step &Backward"), "", "",
+            TEXT("Moves one time step backward."),
+            TEXT("Step Backward\n\nMoves the display one time step backward. The left arrow key does the same."),
+            &App::slotPlotBackward, nullptr},
+
+        ActionRow{&App::viewRefresh, "viewRefresh", TEXT("&Refresh"), "", "satprefr",
+            TEXT("Refresh the screen display"),
+            TEXT("Refresh\n\nDraws the map anew and removes the trails of the satellites. The Delete key does the "
+                 "same."),
+            &App::slotViewRefresh, nullptr},
+        ActionRow{&App::viewSwitch, "viewSwitch", TEXT("S&witch"), "Ctrl+W", "satpswss",
+            TEXT("Switch satellites"),
+            TEXT("Switch\n\nSelects the prime satellite, the one to which tables and the legend of the map refer. "
+                 "The digit keys do the same. In relative satellite mode positions refer to a second satellite."),
+            &App::slotViewSwitch, nullptr},
+        ActionRow{&App::viewMap, "viewMap", TEXT("Ma&p View/Sky Map"), "Ctrl+Y", "satpsmap",
+            TEXT("Specify world map or sky map parameters."),
+            TEXT("Map View/Sky Map\n\nSelects the world map or the sky map, its projection, grid and background, and "
+                 "various other settings of the display."),
+            &App::slotViewMap, nullptr},
+        ActionRow{&App::viewText, "viewText", TEXT("Show Last Te&xt"), "Ctrl+X", "",
+            TEXT("Switch to the last text display"),
+            TEXT("Show Last Text\n\nSwitches to the last text display, and from there back to the map."),
+            &App::slotViewText, nullptr},
+        ActionRow{&App::viewNames, "viewNames", TEXT("Show &Names"), "Ctrl+N", "",
+            TEXT("Show satellites names next to their respective positions."),
+            TEXT("Show Names\n\nShows the names of the satellites next to their positions on the map."),
+            nullptr, &App::slotViewNames},
+        ActionRow{&App::viewPicture, "viewPicture", TEXT("Show Pict&ure"), "", "",
+            TEXT("Show loaded picture."),
+            TEXT("Show Picture\n\nSwitches between the loaded picture and the map."),
+            nullptr, &App::slotViewPicture},
+        ActionRow{&App::viewVisibility, "viewVisibility", TEXT("&Visibility"), "Ctrl+V", "satpvisb",
+            TEXT("Sets the visibility parameters for AOS calculations etc."),
+            TEXT("Visibility\n\nSets the conditions under which a pass is listed: elevation of the Sun and of the "
+                 "satellite, and its illumination. Transits, occultations, flares and solar eclipses are selected "
+                 "here as well."),
+            &App::slotViewVisibility, nullptr},
+        ActionRow{&App::viewStep, "viewStep", TEXT("&Time Step"), "Ctrl+T", "satptstp",
+            TEXT("Specify the time step used for the delta time calculations"),
+            TEXT("Time Step\n\nSets the time step of delta time plots, single steps and pass details."),
+            &App::slotViewStep, nullptr},
+        ActionRow{&App::viewMagnitude, "viewMagnitude", TEXT("&Magnitude"), "Ctrl+M", "",
+            TEXT("Specify the parameter for the apparent magnitude of the satellite."),
+            TEXT("Magnitude\n\nSets the characteristic length of the satellite in meters, from which its apparent "
+                 "magnitude is estimated. 0 switches the magnitude display off."),
+            &App::slotViewMagnitude, nullptr},
+        ActionRow{&App::viewFontSize, "viewFontSize", TEXT("Font Si&ze"), "", "",
+            TEXT("Set the font size for the screen display"),
+            TEXT("Font Size\n\nSets the font size of the text displays. It takes effect with the next text."),
+            &App::slotViewFontSize, nullptr},
+        ActionRow{&App::viewLeft, "viewLeft", TEXT("Enable &Left Button"), "", "",
+            TEXT("Enable left mouse button clicks for map and pass details."),
+            TEXT("Enable Left Button\n\nIf enabled, the left mouse button shows local details on the map and pass "
+                 "details in the table, as the right button always does."),
+            nullptr, &App::slotViewLeft},
+        ActionRow{&App::viewSize25, "size25", TEXT("Set Picture Size &25%"), "", "", "",
+            TEXT("Set Picture Size 25%\n\nShows the loaded picture at a quarter of its size. The stars must be "
+                 "identified again."),
+            &App::size25, nullptr},
+        ActionRow{&App::viewSize50, "size50", TEXT("Set Picture Size &50%"), "", "", "",
+            TEXT("Set Picture Size 50%\n\nShows the loaded picture at half of its size. The stars must be "
+                 "identified again."),
+            &App::size50, nullptr},
+        ActionRow{&App::viewNormalSize, "normalSize", TEXT("Norm&al Size"), "", "", "",
+            TEXT("Normal Size\n\nShows the loaded picture at its full size. The stars must be identified again."),
+            &App::normalSize, nullptr},
+        ActionRow{&App::viewToolBar, "viewToolBar", TEXT("Tool&bar"), "", "",
+            TEXT("Enables/disables the toolbar"),
+            TEXT("Toolbar\n\nShows or hides the toolbar."),
+            nullptr, &App::slotViewToolBar},
+        ActionRow{&App::viewStatusBar, "viewStatusBar", TEXT("&Statusbar"), "", "",
+            TEXT("Enables/disables the statusbar"),
+            TEXT("Statusbar\n\nShows or hides the statusbar, which names the running operation."),
+            nullptr, &App::slotViewStatusBar},
+
+        ActionRow{&App::settSysConf, "settSysConf", TEXT("&Configure System"), "", "",
+            TEXT("Configure System Parameters"),
+            TEXT("Configure System\n\nSets the parameters of numeric orbit propagation: tolerance, space weather and "
+                 "spacecraft defaults and the perturbations of Sun and Moon. Refraction and extinction are switched "
+                 "here as well."),
+            &App::slotSettSysConf, nullptr},
+
+        ActionRow{&App::helpAbout, "helpAbout", TEXT("&About..."), "", "",
+            TEXT("About the application"),
+            TEXT("About\n\nShows the version of Vorlix."),
+            &App::slotHelpAbout, nullptr},
+        ActionRow{&App::helpAboutQt, "helpAboutQt", TEXT("About &Qt"), "", "",
+            TEXT("Show the Qt library's About box"),
+            TEXT("About Qt\n\nShows the version of the Qt library which Vorlix uses."),
+            nullptr, nullptr},
+        ActionRow{&App::helpQuick, "helpQuick", TEXT("&Help..."), "", "",
+            TEXT("Quick help"),
+            TEXT("Help\n\nShows the manual of Vorlix. The key H does the same."),
+            &App::slotQuickHelp, nullptr},
+    };
+    // clang-format on
+    return rows;
+}

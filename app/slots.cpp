@@ -1,0 +1,562 @@
+// The slots of the main window: a message, the timer if the command calculates, one method of the view, "Ready.".
+
+#include "app/vorlix_app.h"
+
+#include <QAction>
+#include <QCoreApplication>
+#include <QDir>
+#include <QFile>
+#include <QFileDialog>
+#include <QFileInfo>
+#include <QImage>
+#include <QInputDialog>
+#include <QMessageBox>
+#include <QStatusBar>
+#include <QTimer>
+#include <QToolBar>
+
+#include "app/record/winp_data.h"
+#include "dialogs/st_quick_dialog.h"
+#include "elements/download.h"
+#include "view/message_boxes.h"
+#include "view/vorlix_view.h"
+
+namespace {
+
+constexpr int realTimeMilliseconds = 980;
+constexpr int deltaMilliseconds = 1;
+
+QString elementFileFilter()
+{
+    return VorlixApp::tr("TLE files (*.txt *.TXT *.tle *.TLE);;all files (*.*)");
+}
+
+QString messagesFilter()
+{
+    return VorlixApp::tr("OMM CSV (*.csv)");
+}
+
+/// The forms in which elements are saved; the ending of the name tells which.
+QString elementSaveFilters()
+{
+    return VorlixApp::tr("TLE files (*.txt *.TXT *.tle *.TLE)") + QStringLiteral(";;") + messagesFilter() +
+           VorlixApp::tr(";;all files (*.*)");
+}
+
+}  // namespace
+
+// --- File
+
+void VorlixApp::slotFileOpen()
+{
+    showStatus(tr("Opening TLE file..."));
+    const QString name = QFileDialog::getOpenFileName(this, tr("TLE file dialog"), TLEname, elementFileFilter());
+    if (name.isEmpty()) {
+        showStatus(tr("*** TLE file not selected ***"));
+        return;
+    }
+    TLEname = name;
+    view->setTLEname(TLEname);
+    showStatus(tr("Ready."));
+}
+
+void VorlixApp::slotFileUpdate()
+{
+    showStatus(tr("Online TLE file update"));
+    if (download->isUpdating()) {
+        QMessageBox::warning(this, tr("Online Update"), tr("Another online update still in progress."));
+        return;
+    }
+    AddressParts parts;
+    if (view->vUpdate(parts.host, parts.path, parts.file) != 0)
+        return;
+    if (download->start(parts) != Download::Start::running) {
+        QMessageBox::warning(this, tr("HTTP Get"),
+                             tr("Cannot write file %1\n%2.").arg(parts.file, download->errorString()));
+        return;
+    }
+    showStatus(tr("Ready."));
+}
+
+void VorlixApp::httpDone(bool error)
+{
+    if (error)
+        QMessageBox::warning(this, tr("HTTP Get"),
+                             tr("Error fetching file with HTTP: %1.").arg(download->errorString()));
+    else
+        QMessageBox::information(this, tr("HTTP Get"), tr("Download complete. File %1.").arg(download->fileName()));
+}
+
+void VorlixApp::slotFileSave()
+{
+    showStatus(tr("Saving AOS times..."));
+    slotStopTime();
+    view->vFileSave();
+    showStatus(tr("Ready."));
+}
+
+void VorlixApp::slotFileSaveAs()
+{
+    showStatus(tr("Saving under new filename..."));
+    slotStopTime();
+    const QString name =
+        QFileDialog::getSaveFileName(this, tr("Select a File Name"), view->getSaveName(), tr("all files (*.*)"));
+    if (name.isEmpty()) {
+        showStatus(tr("*** Save file not selected ***"));
+        return;
+    }
+    view->setSaveName(name);
+    view->vFileSave();
+    showStatus(tr("Ready."));
+}
+
+void VorlixApp::slotFileTLESave()
+{
+    showStatus(tr("Saving the TLE's on file..."));
+    slotStopTime();
+    view->vTLESave();
+    showStatus(tr("Ready."));
+}
+
+/// Adds the ending that makes it OMM CSV if that form was chosen; empty if the person changes their mind.
+QString VorlixApp::askForElementSaveName()
+{
+    QString filter;
+    const QString name = QFileDialog::getSaveFileName(this, tr("Select a TLE filename"), view->getTSaveName(),
+                                                      elementSaveFilters(), &filter);
+    const QString ending = QStringLiteral(".csv");
+    if (name.isEmpty() || filter != messagesFilter() || name.endsWith(ending, Qt::CaseInsensitive))
+        return name;
+    // the dialog has asked about the name without the ending only
+    const bool replace =
+        !QFile::exists(name + ending) ||
+        QMessageBox::question(this, tr("Select a TLE filename"),
+                              tr("%1 already exists.\nDo you want to replace it?").arg(name + ending)) ==
+            QMessageBox::Yes;
+    return replace ? name + ending : QString();
+}
+
+void VorlixApp::slotFileTLESaveAs()
+{
+    showStatus(tr("Saving the TLE's under new filename..."));
+    slotStopTime();
+    const QString name = askForElementSaveName();
+    if (name.isEmpty()) {
+        showStatus(tr("*** TLE Save File not selected ***"));
+        return;
+    }
+    view->setTSaveName(name);
+    view->vTLESave();
+    showStatus(tr("Ready."));
+}
+
+void VorlixApp::slotFilePicture()
+{
+    slotStopTime();
+    const QString name = QFileDialog::getOpenFileName(this, tr("Open Picture"), CFDIR,
+                                                      tr("Images ( *.png *.jpg *.bmp);;all files (*.*)"));
+    if (name.isEmpty())
+        return;
+    CFDIR = QFileInfo(name).absoluteFilePath();
+    const QImage image(name);  // null also beyond what Qt reads, 128 megabytes
+    if (image.isNull()) {
+        QMessageBox::information(this, tr("Vorlix"), tr("Cannot load %1.").arg(name));
+        return;
+    }
+    view->vPicture(image);
+    for (QAction* action : {viewPicture, viewSize25, viewSize50, viewNormalSize})
+        action->setEnabled(true);
+    viewPicture->setChecked(true);
+    showStatus(tr("Ready."));
+}
+
+void VorlixApp::slotFileQuit()
+{
+    showStatus(tr("Exiting application..."));
+    QDir::setCurrent(APPDIR);  // start-up may have moved to the home directory
+    slotStopTime();
+    view->vQuit();
+    QCoreApplication::quit();
+}
+
+// --- Input
+
+void VorlixApp::slotInputSelectSat()
+{
+    showStatus(tr("Select satellite..."));
+    view->vSelectSat();
+    showStatus(tr("Ready."));
+}
+
+void VorlixApp::slotInputRemoveSat()
+{
+    showStatus(tr("Remove satellite..."));
+    view->vRemoveSat();
+    showStatus(tr("Ready."));
+}
+
+void VorlixApp::slotInputNextSat()
+{
+    showStatus(tr("Next satellites to pass..."));
+    slotStopTime();
+    const int found = view->vNextSat();
+    if (found < 1) {
+        warnWithQuit(this, found < 0 ? tr("Unable to open TLE file") : tr("No suitable satellites found"));
+        showStatus(tr("Failed to find next satellites."));
+        return;
+    }
+    slotPlotRT();
+    showStatus(tr("Ready."));
+}
+
+void VorlixApp::slotInputDate()
+{
+    showStatus(tr("Input the Date and Time..."));
+    const bool cancelled = view->vInputDate() != 0;
+    showStatus(cancelled ? tr("Input cancelled.") : tr("Ready."));
+}
+
+void VorlixApp::slotInputLocation()
+{
+    showStatus(tr("Input the location..."));
+    const bool cancelled = view->vInputLocation() != 0;
+    showStatus(cancelled ? tr("Input cancelled.") : tr("Ready."));
+}
+
+void VorlixApp::slotInputIers()
+{
+    showStatus(tr("Set IERS Parameters..."));
+    view->vSetIERS();
+    showStatus(tr("Ready."));
+}
+
+// --- Calculate
+
+void VorlixApp::slotCalcAOS()
+{
+    showStatus(tr("List satellite passes..."));
+    slotStopTime();
+    view->vCalcAOS();
+    showStatus(tr("Ready."));
+}
+
+void VorlixApp::slotCalcAllSats()
+{
+    showStatus(tr("List all satellite passes..."));
+    slotStopTime();
+    view->vAllSat();
+    showStatus(tr("Ready."));
+}
+
+void VorlixApp::slotCalcOrbitTrack()
+{
+    slotStopTime();
+    view->vOrbitTrack();
+    showStatus(tr("Ready."));
+}
+
+void VorlixApp::slotCalcIridium()
+{
+    showStatus(tr("List Iridium Flares..."));
+    slotStopTime();
+    view->vIridium();
+    showStatus(tr("Ready."));
+}
+
+void VorlixApp::slotCalcMatch()
+{
+    showStatus(tr("Find matching satellites..."));
+    slotStopTime();
+    view->vMatch();
+    showStatus(tr("Ready."));
+}
+
+// --- Maneuver
+
+void VorlixApp::slotManvEdit()
+{
+    showStatus(tr("Edit orbit elements"));
+    slotStopTime();
+    view->vEditOrb();
+    showStatus(tr("Ready."));
+}
+
+void VorlixApp::slotManvDeltaV()
+{
+    showStatus(tr("Delta-V maneuver"));
+    slotStopTime();
+    view->vDeltaV();
+    showStatus(tr("Ready."));
+}
+
+void VorlixApp::slotManvLaunch()
+{
+    showStatus(tr("Launch orbit"));
+    slotStopTime();
+    view->vLaunch();
+    showStatus(tr("Ready."));
+}
+
+void VorlixApp::slotManvRendz()
+{
+    showStatus(tr("Rendezvous Launch orbit"));
+    slotStopTime();
+    view->vRendz();
+    showStatus(tr("Ready."));
+}
+
+void VorlixApp::slotManvOrbDet()
+{
+    showStatus(tr("Orbit determination"));
+    slotStopTime();
+    view->vOrbDet();
+    showStatus(tr("Ready."));
+}
+
+// --- Plot
+
+void VorlixApp::slotPlotRT()
+{
+    showStatus(tr("Real Time plot"));
+    startOrStop(1, realTimeMilliseconds);
+    showStatus(tr("Ready."));
+}
+
+void VorlixApp::slotPlotDelta()
+{
+    showStatus(tr("Delta Time plot"));
+    startOrStop(2, deltaMilliseconds);
+    showStatus(tr("Ready."));
+}
+
+/// A command of either kind stops a running timer of any kind.
+void VorlixApp::startOrStop(int mode, int milliseconds)
+{
+    if (tmmode != 0) {
+        timer->stop();
+        tmmode = 0;
+    } else {
+        tmmode = mode;
+        timer->start(milliseconds);
+    }
+    view->vTmCheck(tmmode);
+}
+
+void VorlixApp::slotStopTime()
+{
+    if (tmmode == 0)
+        return;
+    tmmode = 0;
+    timer->stop();
+    view->vTmCheck(0);
+}
+
+void VorlixApp::slotTmCheck()
+{
+    if (tmmode == 1)
+        view->RT_Plot();
+    if (tmmode == 2 && view->PlotDelta() != 0)
+        slotStopTime();
+}
+
+void VorlixApp::slotPlotCurrent()
+{
+    showStatus(tr("Plot current position"));
+    slotStopTime();
+    view->vCurrent();
+    showStatus(tr("Ready."));
+}
+
+void VorlixApp::slotPlotNext()
+{
+    showStatus(tr("Next pass"));
+    slotStopTime();
+    view->vPlotNext();
+    showStatus(tr("Ready."));
+}
+
+void VorlixApp::slotPlotLast()
+{
+    showStatus(tr("Last pass"));
+    slotStopTime();
+    view->vPlotLast();
+    showStatus(tr("Ready."));
+}
+
+void VorlixApp::slotPlotForward()
+{
+    showStatus(tr("Step forward"));
+    slotStopTime();
+    view->vForward();
+    showStatus(tr("Ready."));
+}
+
+void VorlixApp::slotPlotBackward()
+{
+    showStatus(tr("Step backward"));
+    slotStopTime();
+    view->vBackward();
+    showStatus(tr("Ready."));
+}
+
+// --- View
+
+void VorlixApp::slotViewRefresh()
+{
+    showStatus(tr("Refresh screen"));
+    scrollHome();
+    view->vRefreshP();
+    showStatus(tr("Ready."));
+}
+
+void VorlixApp::slotViewSwitch()
+{
+    showStatus(tr("Switch prime satellite"));
+    view->vSwitch();
+    showStatus(tr("Ready."));
+}
+
+void VorlixApp::slotViewMap()
+{
+    showStatus(tr("Select world map or sky map parameters."));
+    view->vMapDialog();
+    showStatus(tr("Ready."));
+}
+
+void VorlixApp::slotViewText()
+{
+    showStatus(tr("Show last text display."));
+    slotStopTime();
+    view->vText();
+    scrollHome();
+    view->goHome();
+    showStatus(tr("Ready."));
+}
+
+void VorlixApp::slotViewNames(bool on)
+{
+    showStatus(tr("Show satellite names."));
+    view->vNames(on);
+    showStatus(tr("Ready."));
+}
+
+void VorlixApp::slotViewPicture(bool on)
+{
+    showStatus(tr("Show loaded picture."));
+    slotStopTime();
+    view->vPicSwitch(on);
+    scrollHome();
+    view->goHome();
+    showStatus(tr("Ready."));
+}
+
+void VorlixApp::slotViewVisibility()
+{
+    showStatus(tr("Set visibility parameters."));
+    view->vVisibility();
+    showStatus(tr("Ready."));
+}
+
+void VorlixApp::slotViewStep()
+{
+    showStatus(tr("Change time step."));
+    view->vStep();
+    showStatus(tr("Ready."));
+}
+
+void VorlixApp::slotViewMagnitude()
+{
+    showStatus(tr("Set apparent magnitude parameter."));
+    view->vMag();
+    showStatus(tr("Ready."));
+}
+
+void VorlixApp::slotViewFontSize()
+{
+    showStatus(tr("Specify the font size..."));
+    bool accepted = false;
+    const int size =
+        QInputDialog::getInt(this, tr("Font Size"), tr("Specify font size for display"), fntsz, 8, 12, 2, &accepted);
+    if (accepted) {
+        fntsz = size;
+        view->setFont(size);
+    }
+    showStatus(tr("Ready."));
+}
+
+void VorlixApp::slotViewLeft(bool on)
+{
+    showStatus(tr("Enable left mouse button."));
+    view->vLeft(on);
+    showStatus(tr("Ready."));
+}
+
+void VorlixApp::setPictureSize(int code)
+{
+    picsize = code;
+    view->vImage(code);
+}
+
+void VorlixApp::size25()
+{
+    setPictureSize(3);
+}
+
+void VorlixApp::size50()
+{
+    setPictureSize(2);
+}
+
+void VorlixApp::normalSize()
+{
+    setPictureSize(0);
+}
+
+void VorlixApp::slotViewToolBar(bool toggle)
+{
+    showStatus(tr("Toggle toolbar..."));
+    toolBar->setVisible(toggle);
+    showStatus(tr("Ready."));
+}
+
+void VorlixApp::slotViewStatusBar(bool toggle)
+{
+    showStatus(tr("Toggle statusbar..."));
+    statusBar()->setVisible(toggle);
+    showStatus(tr("Ready."));
+}
+
+// --- Settings and Help
+
+void VorlixApp::slotSettSysConf()
+{
+    showStatus(tr("Set system parameters."));
+    view->vSysConf();
+    showStatus(tr("Ready."));
+}
+
+void VorlixApp::slotHelpAbout()
+{
+    QMessageBox::about(this, tr("About..."), tr("Vorlix\nVersion 11.8"));
+}
+
+void VorlixApp::slotQuickHelp()
+{
+    showStatus(tr("Provide general help with Vorlix"));
+    StQuickDialog dialog(this);
+    QFile manual(":/vorlixHelp.txt");
+    if (!manual.open(QIODevice::ReadOnly | QIODevice::Text)) {
+        showStatus(tr("*** ERROR ***  unable to open Help file"));
+        return;
+    }
+    while (!manual.atEnd()) {
+        QString line = QString::fromUtf8(manual.readLine());
+        if (line.endsWith(QLatin1Char('\n')))
+            line.chop(1);
+        dialog.setHelpLine(line);
+        dialog.setHelpLine("\n");
+    }
+    dialog.setHelpLine("$$$");
+    dialog.exec();
+    showStatus(tr("Ready."));
+}

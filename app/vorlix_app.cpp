@@ -1,0 +1,210 @@
+// How the main window is built, and the helpers of its slots.
+
+#include "app/vorlix_app.h"
+
+#include <QAction>
+#include <QApplication>
+#include <QDir>
+#include <QIcon>
+#include <QLabel>
+#include <QLocale>
+#include <QMenu>
+#include <QMenuBar>
+#include <QScrollArea>
+#include <QScrollBar>
+#include <QStatusBar>
+#include <QTimer>
+#include <QToolBar>
+#include <QWhatsThis>
+
+#include "elements/download.h"
+#include "view/vorlix_view.h"
+
+QString APPDIR;
+QString CFDIR;
+QString TLEname;
+int fntsz = 10;
+int picsize = 0;
+
+namespace {
+
+constexpr int readyMilliseconds = 2000;
+
+QIcon iconOf(const char* name)
+{
+    return QIcon(QStringLiteral(":/%1.png").arg(QLatin1String(name)));
+}
+
+}  // namespace
+
+VorlixApp::VorlixApp()
+{
+    APPDIR = QDir::currentPath();
+    CFDIR = QDir::homePath();
+    QLocale::setDefault(QLocale(QLocale::English, QLocale::AnyCountry));
+    setWindowTitle(tr("Vorlix - 11.8"));
+    setWindowIcon(iconOf("vorlix32"));
+    download = new Download(this);
+    connect(download, &Download::finished, this, &VorlixApp::httpDone);
+
+    initActions();
+    initMenuBar();
+    initToolBar();
+    initStatusBar();
+    resize(837, 560);
+    initView();
+    setFocus(Qt::OtherFocusReason);
+    slotViewStatusBar(false);
+    slotViewLeft(view->getLeft());
+
+    TLEname = view->getTLEname();
+    if (TLEname.isEmpty())
+        QDir::setCurrent(QDir::homePath());
+    fntsz = view->getFsz();
+    if (fntsz == 8)
+        resize(744, 560);
+
+    timer = new QTimer(this);
+    connect(timer, &QTimer::timeout, this, &VorlixApp::slotTmCheck);
+}
+
+VorlixApp::~VorlixApp()
+{
+    delete viewLabel;  // the scroll area owns the view, nobody else the label it was made with
+}
+
+void VorlixApp::makeAction(const ActionRow& row)
+{
+    auto* action = new QAction(tr(row.text), this);
+    action->setObjectName(QLatin1String(row.name));
+    action->setShortcut(QKeySequence(QLatin1String(row.shortcut)));
+    if (*row.icon)
+        action->setIcon(iconOf(row.icon));
+    if (*row.tip)
+        action->setStatusTip(tr(row.tip));
+    action->setWhatsThis(tr(row.whatsThis));
+    action->setCheckable(row.toggled != nullptr);
+    if (row.toggled)
+        connect(action, &QAction::toggled, this, row.toggled);
+    if (row.triggered)
+        connect(action, &QAction::triggered, this, row.triggered);
+    this->*row.action = action;
+}
+
+void VorlixApp::initActions()
+{
+    for (const ActionRow& row : actionRows())
+        makeAction(row);
+    connect(helpAboutQt, &QAction::triggered, qApp, &QApplication::aboutQt);
+    whatsThis = QWhatsThis::createAction(this);
+    whatsThis->setObjectName("whatsThis");
+    whatsThis->setStatusTip(tr("What's This?"));
+    whatsThis->setWhatsThis(tr("What's This?\n\nClick here, and then on a menu entry or a button, for a short "
+                               "explanation. In a dialog Shift+F1 does the same for its fields."));
+    for (QAction* picture : {viewPicture, viewSize25, viewSize50, viewNormalSize})
+        picture->setEnabled(false);
+}
+
+/// A null pointer stands for a separator.
+QMenu* VorlixApp::makeMenu(const char* name, const QString& title, std::initializer_list<QAction*> actions)
+{
+    QMenu* menu = menuBar()->addMenu(title);
+    menu->setObjectName(QLatin1String(name));
+    for (QAction* action : actions) {
+        if (action)
+            menu->addAction(action);
+        else
+            menu->addSeparator();
+    }
+    return menu;
+}
+
+void VorlixApp::initMenuBar()
+{
+    fileMenu = makeMenu("fileMenu", tr("&File"),
+                        {fileOpen, fileUpdate, nullptr, fileSave, fileSaveAs, nullptr, fileTLESave, fileTLESaveAs,
+                         nullptr, filePicture, nullptr, fileQuit});
+    inputMenu = makeMenu(
+        "inputMenu", tr("&Input"),
+        {inputSelectSat, inputRemoveSat, inputNextSat, nullptr, inputDate, inputLocation, nullptr, inputIers});
+    calcMenu = makeMenu("calcMenu", tr("&Calculate"),
+                        {calcAOS, calcAllSats, calcOrbitTrack, nullptr, calcIridium, nullptr, calcMatch});
+    manvMenu = makeMenu("manvMenu", tr("&Maneuver"),
+                        {manvEdit, nullptr, manvDeltaV, manvLaunch, manvRendz, nullptr, manvOrbDet});
+    plotMenu =
+        makeMenu("plotMenu", tr("&Plot"),
+                 {plotRT, plotDelta, plotCurrent, nullptr, plotNext, plotLast, nullptr, plotForward, plotBackward});
+    viewMenu =
+        makeMenu("viewMenu", tr("&View"),
+                 {viewRefresh, viewSwitch,     nullptr,    viewMap,        viewText, viewNames,    viewPicture,
+                  nullptr,     viewVisibility, viewStep,   viewMagnitude,  nullptr,  viewFontSize, viewLeft,
+                  nullptr,     viewSize25,     viewSize50, viewNormalSize, nullptr,  viewToolBar,  viewStatusBar});
+    settMenu = makeMenu("settMenu", tr("&Settings"), {settSysConf});
+    helpMenu = makeMenu("helpMenu", tr("&Help"), {helpAbout, helpAboutQt, nullptr, helpQuick, nullptr, whatsThis});
+}
+
+void VorlixApp::initToolBar()
+{
+    toolBar = addToolBar(tr("operations"));
+    toolBar->setObjectName("toolBar");
+    for (QAction* action : {fileOpen,
+                            fileSave,
+                            static_cast<QAction*>(nullptr),
+                            inputSelectSat,
+                            inputNextSat,
+                            inputDate,
+                            inputLocation,
+                            static_cast<QAction*>(nullptr),
+                            manvEdit,
+                            static_cast<QAction*>(nullptr),
+                            calcAOS,
+                            calcIridium,
+                            calcMatch,
+                            static_cast<QAction*>(nullptr),
+                            viewVisibility,
+                            viewStep,
+                            viewSwitch,
+                            static_cast<QAction*>(nullptr),
+                            plotRT,
+                            plotDelta,
+                            plotNext,
+                            static_cast<QAction*>(nullptr),
+                            viewMap,
+                            viewRefresh,
+                            static_cast<QAction*>(nullptr),
+                            static_cast<QAction*>(nullptr),
+                            whatsThis}) {
+        if (action)
+            toolBar->addAction(action);
+        else
+            toolBar->addSeparator();
+    }
+}
+
+void VorlixApp::initStatusBar()
+{
+    statusBar()->showMessage(tr("Ready."), readyMilliseconds);
+}
+
+void VorlixApp::initView()
+{
+    viewLabel = new QLabel;
+    viewLabel->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Ignored);
+    viewLabel->setScaledContents(true);
+    view = new VorlixView(viewLabel);
+    scrollArea = new QScrollArea;
+    scrollArea->setFocusPolicy(Qt::NoFocus);
+    scrollArea->setWidget(view);
+    setCentralWidget(scrollArea);
+}
+
+void VorlixApp::showStatus(const QString& message)
+{
+    statusBar()->showMessage(message);
+}
+
+void VorlixApp::scrollHome()
+{
+    scrollArea->horizontalScrollBar()->setValue(0);
+    scrollArea->verticalScrollBar()->setValue(0);
+}

@@ -1,0 +1,207 @@
+// The main window: actions, menus, tool bar, keys, the timer of the plots and the download. It holds nothing of the
+// domain; every command ends in a method `v...` of the view.
+#pragma once
+
+#include <initializer_list>
+#include <span>
+
+#include <QMainWindow>
+#include <QString>
+
+class Download;
+class QAction;
+class QLabel;
+class QMenu;
+class QScrollArea;
+class QTimer;
+class QToolBar;
+class VorlixView;
+
+extern QString APPDIR;   // working directory at start-up, where the configuration lies
+extern QString CFDIR;    // where the picture dialog starts
+extern QString TLEname;  // where the element file dialog starts; empty: no valid file was configured
+extern int fntsz;        // point size of the text display as the main window knows it
+extern int picsize;      // reduction of the picture: 0 full, 2 half, 3 quarter
+
+class VorlixApp : public QMainWindow
+{
+    Q_OBJECT
+
+public:
+    /// Builds the window. The working directory must be that of the configuration.
+    VorlixApp();
+    ~VorlixApp() override;
+
+    VorlixView* canvas() const { return view; }
+
+public Q_SLOTS:
+    void slotFileOpen();
+    void slotFileUpdate();
+    void slotFileSave();
+    void slotFileSaveAs();
+    void slotFileTLESave();
+    void slotFileTLESaveAs();
+    void slotFilePicture();
+    void slotFileQuit();
+
+    void slotInputSelectSat();
+    void slotInputRemoveSat();
+    void slotInputNextSat();
+    void slotInputDate();
+    void slotInputLocation();
+    void slotInputIers();
+
+    void slotCalcAOS();
+    void slotCalcAllSats();
+    void slotCalcOrbitTrack();
+    void slotCalcIridium();
+    void slotCalcMatch();
+
+    void slotManvEdit();
+    void slotManvDeltaV();
+    void slotManvLaunch();
+    void slotManvRendz();
+    void slotManvOrbDet();
+
+    void slotPlotRT();
+    void slotPlotDelta();
+    void slotPlotCurrent();
+    void slotPlotNext();
+    void slotPlotLast();
+    void slotPlotForward();
+    void slotPlotBackward();
+
+    void slotViewRefresh();
+    void slotViewSwitch();
+    void slotViewMap();
+    void slotViewText();
+    void slotViewNames(bool on);
+    void slotViewPicture(bool on);
+    void slotViewVisibility();
+    void slotViewStep();
+    void slotViewMagnitude();
+    void slotViewFontSize();
+    void slotViewLeft(bool on);
+    void size25();
+    void size50();
+    void normalSize();
+    void slotViewToolBar(bool toggle);
+    void slotViewStatusBar(bool toggle);
+
+    void slotSettSysConf();
+
+    void slotHelpAbout();
+    void slotQuickHelp();
+
+    void slotTmCheck();
+    void slotStopTime();
+    void httpDone(bool error);
+
+protected:
+    void keyPressEvent(QKeyEvent* event) override;
+
+private:
+    /// A row of the action table.
+    struct ActionRow
+    {
+        QAction* VorlixApp::*action;
+        const char* name;
+        const char* text;
+        const char* shortcut;
+        const char* icon;
+        const char* tip;
+        const char* whatsThis;
+        void (VorlixApp::*triggered)();
+        void (VorlixApp::*toggled)(bool);
+    };
+    static std::span<const ActionRow> actionRows();
+
+    void initActions();
+    void initMenuBar();
+    void initToolBar();
+    void initStatusBar();
+    void initView();
+
+    void makeAction(const ActionRow& row);
+    QMenu* makeMenu(const char* name, const QString& title, std::initializer_list<QAction*> actions);
+    void showStatus(const QString& message);
+    QString askForElementSaveName();
+    void startOrStop(int mode, int milliseconds);
+    void scrollHome();
+    bool letterKey(int key);
+    bool otherKey(int key);
+    bool arrowKey(int key);
+    bool digitKey(int key);
+    void setPictureSize(int code);
+
+    VorlixView* view = nullptr;
+    QLabel* viewLabel = nullptr;
+    QScrollArea* scrollArea = nullptr;
+
+    QMenu* fileMenu = nullptr;
+    QMenu* inputMenu = nullptr;
+    QMenu* calcMenu = nullptr;
+    QMenu* manvMenu = nullptr;
+    QMenu* plotMenu = nullptr;
+    QMenu* viewMenu = nullptr;
+    QMenu* settMenu = nullptr;
+    QMenu* helpMenu = nullptr;
+    QToolBar* toolBar = nullptr;
+
+    QAction* fileOpen = nullptr;
+    QAction* fileUpdate = nullptr;
+    QAction* fileSave = nullptr;
+    QAction* fileSaveAs = nullptr;
+    QAction* fileTLESave = nullptr;
+    QAction* fileTLESaveAs = nullptr;
+    QAction* filePicture = nullptr;
+    QAction* fileQuit = nullptr;
+    QAction* inputSelectSat = nullptr;
+    QAction* inputRemoveSat = nullptr;
+    QAction* inputNextSat = nullptr;
+    QAction* inputDate = nullptr;
+    QAction* inputLocation = nullptr;
+    QAction* inputIers = nullptr;
+    QAction* calcAOS = nullptr;
+    QAction* calcOrbitTrack = nullptr;
+    QAction* calcAllSats = nullptr;
+    QAction* calcIridium = nullptr;
+    QAction* calcMatch = nullptr;
+    QAction* manvEdit = nullptr;
+    QAction* manvDeltaV = nullptr;
+    QAction* manvLaunch = nullptr;
+    QAction* manvRendz = nullptr;
+    QAction* manvOrbDet = nullptr;
+    QAction* plotRT = nullptr;
+    QAction* plotDelta = nullptr;
+    QAction* plotCurrent = nullptr;
+    QAction* plotNext = nullptr;
+    QAction* plotLast = nullptr;
+    QAction* plotForward = nullptr;
+    QAction* plotBackward = nullptr;
+    QAction* viewRefresh = nullptr;
+    QAction* viewSwitch = nullptr;
+    QAction* viewMap = nullptr;
+    QAction* viewText = nullptr;
+    QAction* viewNames = nullptr;
+    QAction* viewPicture = nullptr;
+    QAction* viewVisibility = nullptr;
+    QAction* viewStep = nullptr;
+    QAction* viewMagnitude = nullptr;
+    QAction* viewFontSize = nullptr;
+    QAction* viewLeft = nullptr;
+    QAction* viewSize25 = nullptr;
+    QAction* viewSize50 = nullptr;
+    QAction* viewNormalSize = nullptr;
+    QAction* viewToolBar = nullptr;
+    QAction* viewStatusBar = nullptr;
+    QAction* settSysConf = nullptr;
+    QAction* helpAbout = nullptr;
+    QAction* helpAboutQt = nullptr;
+    QAction* helpQuick = nullptr;
+    QAction* whatsThis = nullptr;
+
+    QTimer* timer = nullptr;
+    Download* download = nullptr;
+    int tmmode = 0;  // 0 no timer, 1 real time, 2 delta time
+};
