@@ -1,6 +1,8 @@
 #include "elements/download.h"
 
 #include "elements/http_server_helper.h"
+#include "elements/search_helper.h"
+#include "omm_catalogue.h"
 #include "scratch_dir.h"
 
 #include "app/record/text.h"
@@ -146,6 +148,21 @@ TEST_F(DownloadTest, SpeaksHttpsToAnAddressThatSaysSo)
     EXPECT_GE(server->handshakes(), 1);
     EXPECT_EQ(server->requests(), 0);
     EXPECT_EQ(ScratchDir::read("visual.txt"), oldLinesEnded);
+}
+
+/// As when the address of a text file leads to a query that answers with messages.
+TEST_F(DownloadTest, BringsAnyFormUnderTheOldName)
+{
+    ScratchDir::write("visual.txt", oldLines);
+    for (const omm::Form& form : omm::forms) {
+        SCOPED_TRACE(form.what);
+        const std::string document = form.write(omm::messages(atlas));
+        server->answer("/tle/visual.txt", "HTTP/1.1 302 Found\r\nLocation: /gp.php?GROUP=visual\r\n"
+                                          "Content-Length: 0\r\nConnection: close\r\n\r\n");
+        server->document("/gp.php?GROUP=visual", QByteArray::fromStdString(document));
+        EXPECT_EQ(fetch("/tle/visual.txt"), good);
+        EXPECT_EQ(FileSearch::opened("visual.txt").byNumber(694), 1);
+    }
 }
 
 TEST_F(DownloadTest, FollowsRedirects)

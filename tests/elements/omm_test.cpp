@@ -1,6 +1,7 @@
 // Orbit Mean-Elements Messages as element files.
 #include "elements/element_file.h"
 
+#include "elements/exact_entry.h"
 #include "elements/search_helper.h"
 #include "omm_catalogue.h"
 #include "scratch_dir.h"
@@ -348,10 +349,14 @@ TEST(Omm, LeavesTextFilesAlone)
         EXPECT_EQ(namesOf(std::string(name) + "\n" + atlasLines), std::string(name) + ";");
     }
     // the lines of a stream in memory are none of a file
-    const std::string file = "SAT\n1 00694  63047A   18020.45477549        +++++MEANELEM1+++++00000006941\n\x1e\n";
-    FileSearch search = openedBytes(file + atlas);
+    ExactEntry entry;
+    entry.norad = 777;
+    entry.n0 = 15;
+    std::string lines;
+    appendExact(lines, entry);
+    FileSearch search = openedBytes(lines + atlas);
+    EXPECT_EQ(search.byNumber(777), 0);
     EXPECT_EQ(search.byNumber(694), 1);
-    EXPECT_EQ(search.in->n0[k], 14.02251561);
     EXPECT_FALSE(openElementFile("absent"));
     EXPECT_FALSE(openElementFile("."));
 }
