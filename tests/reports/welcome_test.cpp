@@ -199,11 +199,11 @@ struct ZoneCase
 };
 
 constexpr ZoneCase zoneCases[] = {
-    {"no configuration, the computer's zone", "XXX-2", 16, "Timezone: 2", 20, 19, 5},
+    {"no configuration, the computer's zone", "LOC-2", 16, "Timezone: 2", 20, 19, 5},
     {"west of Greenwich, half an hour", "XXX3:30", 16, "Timezone: -3.5", 20, 13, 35},
-    {"the date of the next day", "XXX-9", 16, "Timezone: 9", 21, 2, 5},
-    {"a fixed zone like the computer's", "XXX-2", 2, "Timezone: 2", 20, 19, 5},
-    {"a fixed zone unlike the computer's", "XXX-2", 1, "Timezone: 1 *** Timezone different from set system time! ***",
+    {"the date of the next day", "LOC-9", 16, "Timezone: 9", 21, 2, 5},
+    {"a fixed zone like the computer's", "LOC-2", 2, "Timezone: 2", 20, 19, 5},
+    {"a fixed zone unlike the computer's", "LOC-2", 1, "Timezone: 1 *** Timezone different from set system time! ***",
      20, 18, 5},
 };
 
