@@ -79,8 +79,11 @@ std::string ndotText(double ndot)
 {
     if (!(ndot < 0))
         return fixedText(ndot == 0 ? 0.0 : ndot, 10, 8);  // -0.0 is zero
-    const std::string digits = fixedText(-ndot, 10, 8);
-    return digits[0] == '0' ? "-" + digits.substr(1) : greatestText(10, 8, true);
+    std::string digits = fixedText(-ndot, 10, 8);
+    if (digits[0] != '0')
+        return greatestText(10, 8, true);
+    digits[0] = '-';
+    return digits;
 }
 
 /// Seven digits behind an assumed point.

@@ -102,9 +102,9 @@ void VisibilityDialogTest::modesComeBack_data()
 {
     QTest::addColumn<QString>("mode");
     QTest::addColumn<int>("flarmod");
-    for (const char* mode : {"none", "sun", "moon", "radec", "flare", "iridium", "eclipse"})
+    for (const QByteArray mode : {"none", "sun", "moon", "radec", "flare", "iridium", "eclipse"})
         for (const int flarmod : {1, 2, -1, -2})
-            QTest::addRow("%s %d", mode, flarmod) << QString(mode) << flarmod;
+            QTest::newRow(mode + ' ' + QByteArray::number(flarmod)) << QString::fromLatin1(mode) << flarmod;
 }
 
 void VisibilityDialogTest::modesComeBack()
