@@ -6,6 +6,7 @@
 #include <QTest>
 
 #include "app/record/text.h"
+#include "app/record/wout_data.h"
 #include "view/vorlix_view.h"
 #include "view/window_helper.h"
 
@@ -159,12 +160,14 @@ private Q_SLOTS:
 
     void withoutIridiumElementsTheOldListStays()
     {
-        place->write("iridiumf.doc", "old flares\n");
+        const QByteArray old = "JAN 20  18:00:10 (254, 23)  Iridium Flare Front  ->S  mag  -5.0   IRIDIUM 8\n";
+        place->write("iridiumf.doc", old);
         Box box;
         QCOMPARE(answering([&] { view->vIridium(); }, {searchFlares, box.read()}), 2);
         QCOMPARE(box.title, QString("All Passes"));
         QCOMPARE(box.text, QString("*** Problems with the input file"));
-        QCOMPARE(place->read("iridiumf.doc"), QByteArray("old flares\n"));
+        QCOMPARE(place->read("iridiumf.doc"), old);
+        QCOMPARE(outdata->nlines, 0);  // flares of an earlier search are not shown as those of this one
         QCOMPARE(indata->newsave, 1);
         QCOMPARE(QString(indata->tlename), QString("./visual.txt"));
     }
