@@ -45,12 +45,7 @@ void putState(WinpData* in, int slot, double t, const Vec3& v)
     in->csv1[slot] = v[1];
     in->csv2[slot] = v[2];
     in->cstm[slot] = t;
-    in->epr0[slot] = in->csr0[slot];
-    in->epr1[slot] = in->csr1[slot];
-    in->epr2[slot] = in->csr2[slot];
-    in->epv0[slot] = in->csv0[slot];
-    in->epv1[slot] = in->csv1[slot];
-    in->epv2[slot] = in->csv2[slot];
+    currentToEpochState(in, slot);
     in->mjdep[slot] = t;
 }
 

@@ -106,6 +106,12 @@ void StSelSatDialog::connectSlots()
     connect(recentBox, &QCheckBox::toggled, this, &StSelSatDialog::lowSlot);
 }
 
+void StSelSatDialog::showSearch(const QString& name, int norad)
+{
+    satnameEdit->setText(searchText(name));
+    form::setNumber(noradEdit, norad);
+}
+
 void StSelSatDialog::setParams()
 {
     QString name;
@@ -115,9 +121,8 @@ void StSelSatDialog::setParams()
     int low = 0;
     int recent = 0;
     vsLastSat(name, mode, norad, selected, low, recent);
-    satnameEdit->setText(searchText(name));
+    showSearch(name, norad);
     satnameEdit->setFocus();
-    form::setNumber(noradEdit, norad);
     noradBox->setChecked(mode == 1);
     idsnBox->setChecked(mode == 2);
     if (selected == 0)
@@ -213,7 +218,6 @@ void StSelSatDialog::dSatInfo(QString s1)
     int low = 0;
     int recent = 0;
     vsLastSat(name, mode, norad, selected, low, recent);
-    satnameEdit->setText(searchText(name));
-    form::setNumber(noradEdit, norad);
+    showSearch(name, norad);
     satinfEdit->setPlainText(s1);
 }

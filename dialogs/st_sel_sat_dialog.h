@@ -49,6 +49,7 @@ private:
     void addButtons(QBoxLayout* row);
     void connectSlots();
     void search(bool more);
+    void showSearch(const QString& name, int norad);
 
     QTextEdit* satinfEdit = nullptr;
     QPushButton* closeButton = nullptr;

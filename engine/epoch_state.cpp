@@ -25,12 +25,7 @@ void EpochState(WinpData* in, int k, bool reset)
     in->sgpsat = noSlot;
     GetSatPos(in->mjdep[k], in, satpos, k, 0);
     in->numflg[k] = 0;
-    in->epr0[k] = in->csr0[k];
-    in->epr1[k] = in->csr1[k];
-    in->epr2[k] = in->csr2[k];
-    in->epv0[k] = in->csv0[k];
-    in->epv1[k] = in->csv1[k];
-    in->epv2[k] = in->csv2[k];
+    currentToEpochState(in, k);
     if (reset)
         resetForces(in, k);
 }

@@ -158,12 +158,7 @@ void epochFollows(WinpData* in, int k, const Vec3& r, const Vec3& v)
 {
     constexpr double gmKm3PerS2 = 398600.4415;
     in->mjdep[k] = in->cstm[k];
-    in->epr0[k] = in->csr0[k];
-    in->epr1[k] = in->csr1[k];
-    in->epr2[k] = in->csr2[k];
-    in->epv0[k] = in->csv0[k];
-    in->epv1[k] = in->csv1[k];
-    in->epv2[k] = in->csv2[k];
+    currentToEpochState(in, k);
     double t0;
     oscelm(gmKm3PerS2, in->cstm[k], r, v, t0, in->m0[k], in->a[k], in->ecc[k], in->ra[k], in->aper[k], in->inc[k]);
     const double a = in->a[k];

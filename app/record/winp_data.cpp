@@ -143,3 +143,13 @@ void ShiftElm(WinpData* in, int to, int from)
     copyEntry(to, from, in->F107, in->FB107, in->Kp, in->Cd, in->Cr, in->Am);
     copyEntry(to, from, in->deltv, in->yaw, in->pitch, in->ionf, in->suns, in->epu);
 }
+
+void currentToEpochState(WinpData* in, int k)
+{
+    in->epr0[k] = in->csr0[k];
+    in->epr1[k] = in->csr1[k];
+    in->epr2[k] = in->csr2[k];
+    in->epv0[k] = in->csv0[k];
+    in->epv1[k] = in->csv1[k];
+    in->epv2[k] = in->csv2[k];
+}

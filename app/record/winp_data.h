@@ -251,3 +251,6 @@ void setDefaults(WinpData* in);
 
 /// Copies every per-satellite field but `cfgname` from one slot to another, and sets `sgpsat` to `noSlot`.
 void ShiftElm(WinpData* in, int to, int from);
+
+/// Makes the current state of a slot its epoch state; the times `mjdep` and `cstm` are left to the caller.
+void currentToEpochState(WinpData* in, int k);

@@ -13,28 +13,9 @@
 #include "view/window_helper.h"
 
 using windows::answering;
+using windows::Box;
 using windows::click;
 using windows::enter;
-
-namespace {
-
-/// Notes title and text of a message box and presses its first button.
-struct Box
-{
-    QString title, text;
-
-    std::function<void(QDialog*)> read()
-    {
-        return [this](QDialog* dialog) {
-            title = dialog->windowTitle();
-            if (const auto* box = qobject_cast<QMessageBox*>(dialog))
-                text = box->text();
-            dialog->reject();
-        };
-    }
-};
-
-}  // namespace
 
 class FilesTest : public QObject
 {

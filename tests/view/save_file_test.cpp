@@ -11,25 +11,11 @@
 #include "view/window_helper.h"
 
 using windows::answering;
+using windows::Box;
 using windows::click;
 using windows::enter;
 
 namespace {
-
-struct Box
-{
-    QString title, text;
-
-    std::function<void(QDialog*)> read()
-    {
-        return [this](QDialog* dialog) {
-            title = dialog->windowTitle();
-            if (const auto* box = qobject_cast<QMessageBox*>(dialog))
-                text = box->text();
-            dialog->reject();
-        };
-    }
-};
 
 void searchFlares(QDialog* dialog)
 {

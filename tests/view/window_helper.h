@@ -11,7 +11,9 @@
 #include <QDir>
 #include <QFile>
 #include <QLineEdit>
+#include <QMessageBox>
 #include <QPointer>
+#include <QString>
 #include <QTemporaryDir>
 #include <QTest>
 #include <QTimer>
@@ -92,6 +94,22 @@ inline int answering(const std::function<void()>& command, const std::vector<std
     command();
     return served;
 }
+
+/// Notes title and text of a message box and closes it.
+struct Box
+{
+    QString title, text;
+
+    std::function<void(QDialog*)> read()
+    {
+        return [this](QDialog* dialog) {
+            title = dialog->windowTitle();
+            if (const auto* box = qobject_cast<QMessageBox*>(dialog))
+                text = box->text();
+            dialog->reject();
+        };
+    }
+};
 
 inline void enter(QDialog* dialog, const char* edit, const QString& text)
 {
