@@ -104,6 +104,11 @@ double siderealAngle(double mjd, double eqeq, double lon)
     return lsidtim(mjd, lon * degPerRad, eqeq) * radPerHour;
 }
 
+Mat3 tiltAt(double lat)
+{
+    return yrot(std::numbers::pi / 2.0 - lat);
+}
+
 }  // namespace
 
 Vec3 eclequ(double T, const Vec3& r)
@@ -163,7 +168,7 @@ Vec3 GeoPos(double mjd, double eqeq, double lat, double lon, double h, double xp
 
 Vec3 EquHor(double mjd, double eqeq, double lat, double lon, const Vec3& r)
 {
-    return mxvct(yrot(std::numbers::pi / 2.0 - lat), mxvct(zrot(siderealAngle(mjd, eqeq, lon)), r));
+    return mxvct(tiltAt(lat), mxvct(zrot(siderealAngle(mjd, eqeq, lon)), r));
 }
 
 Vec3 HorEqu(double mjd, double eqeq, double lat, double lon, const Vec3& r)
@@ -171,14 +176,27 @@ Vec3 HorEqu(double mjd, double eqeq, double lat, double lon, const Vec3& r)
     return mxvct(zrot(-siderealAngle(mjd, eqeq, lon)), mxvct(yrot(lat - std::numbers::pi / 2.0), r));
 }
 
-void AppPos(double mjd, double eqeq, double lat, double lon, double h, int mode, const Vec3& r, double& az,
+ObserverSite observerSite(double lat, double h)
+{
+    const auto [rho, z] = meridianOf(lat, h);
+    return {rho, z, tiltAt(lat)};
+}
+
+void AppPos(const ObserverSite& site, double mjd, double eqeq, double lon, int mode, const Vec3& r, double& az,
             double& el, double& dist)
 {
-    const Vec3 sight = mode != 0 ? r - GeoPos(mjd, eqeq, lat, lon, h) : r;
-    const Vec3 polar = carpol(EquHor(mjd, eqeq, lat, lon, sight));
+    const Mat3 turn = zrot(siderealAngle(mjd, eqeq, lon));
+    const Vec3 observer(site.rho * turn.m[0][0], site.rho * turn.m[0][1], site.z);
+    const Vec3 polar = carpol(mxvct(site.tilt, mxvct(turn, mode != 0 ? r - observer : r)));
     dist = polar[0];
     az = std::numbers::pi - polar[1];
     el = polar[2];
+}
+
+void AppPos(double mjd, double eqeq, double lat, double lon, double h, int mode, const Vec3& r, double& az,
+            double& el, double& dist)
+{
+    AppPos(observerSite(lat, h), mjd, eqeq, lon, mode, r, az, el, dist);
 }
 
 void AppRADec(double mjd, double eqeq, double lat, double lon, double az, double el, double& ra, double& dec)

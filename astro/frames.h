@@ -42,6 +42,21 @@ Vec3 EquHor(double mjd, double eqeq, double lat, double lon, const Vec3& r);
 /// From the horizon frame to the true equator of date.
 Vec3 HorEqu(double mjd, double eqeq, double lat, double lon, const Vec3& r);
 
+/// A place on the ellipsoid, whatever the time.
+struct ObserverSite
+{
+    double rho = 0, z = 0;  // equatorial Earth radii: distance from the axis, and height above the equator
+    Mat3 tilt = mxidn();    // from the meridian and the equator to the horizon frame
+};
+
+/// @param lat  geodetic, radians
+/// @param h    metres
+ObserverSite observerSite(double lat, double h);
+
+/// `AppPos` for a site.
+void AppPos(const ObserverSite& site, double mjd, double eqeq, double lon, int mode, const Vec3& r, double& az,
+            double& el, double& dist);
+
 /// Where the observer sees r.
 ///
 /// @param mode  0: r is a direction, or topocentric already; otherwise a geocentric position in equatorial Earth

@@ -31,12 +31,12 @@ private:
 
     static constexpr int zero1 = 2;  // entry of multiple 0 in C1, S1
     static constexpr int zero = 10;  // entry of multiple 0 in C, S
-    double C1[19], S1[19];           // multiples of the planet's own mean anomaly, at most -2 to 16
-    double C[12], S[12];             // multiples of that of the perturbing planet, at most -10 to 1
-    double M1, M2, M3, M4, M5, M6, M7, M8;
-    double U, V;  // cosine and sine of the current term
-    double T;
-    double DL, DR, DB;
-    double L, B, R;  // heliocentric longitude, latitude, distance
+    double C1[19]{}, S1[19]{};       // multiples of the planet's own mean anomaly, at most -2 to 16
+    double C[12]{}, S[12]{};         // multiples of that of the perturbing planet, at most -10 to 1
+    double M1 = 0, M2 = 0, M3 = 0, M4 = 0, M5 = 0, M6 = 0, M7 = 0, M8 = 0;
+    double U = 0, V = 0;  // cosine and sine of the current term
+    double T = 0;
+    double DL = 0, DR = 0, DB = 0;
+    double L = 0, B = 0, R = 0;  // heliocentric longitude, latitude, distance
     Vec3 place;
 };

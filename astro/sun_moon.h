@@ -31,15 +31,15 @@ private:
     void longPeriodTerms();
     Vec3 state() const;
 
-    static constexpr int zero3 = 1;  // entry of multiple 0 in C3, S3
-    static constexpr int zero = 8;   // entry of multiple 0 in C, S
-    double C3[9], S3[9];             // multiples -1 to 7 of M3
-    double C[9], S[9];               // multiples -8 to 0 of the anomaly of the perturbing planet
-    double M2, M3, M4, M5, M6;       // mean anomalies of Venus, Earth, Mars, Jupiter, Saturn
-    double D, A, U;                  // elongation, mean anomaly and argument of latitude of the Moon
-    double T;
-    double u, v;  // cosine and sine of the current term
-    double DL, DR, DB;
+    static constexpr int zero3 = 1;                 // entry of multiple 0 in C3, S3
+    static constexpr int zero = 8;                  // entry of multiple 0 in C, S
+    double C3[9]{}, S3[9]{};                        // multiples -1 to 7 of M3
+    double C[9]{}, S[9]{};                          // multiples -8 to 0 of the anomaly of the perturbing planet
+    double M2 = 0, M3 = 0, M4 = 0, M5 = 0, M6 = 0;  // mean anomalies of Venus, Earth, Mars, Jupiter, Saturn
+    double D = 0, A = 0, U = 0;                     // elongation, mean anomaly and argument of latitude of the Moon
+    double T = 0;
+    double u = 0, v = 0;  // cosine and sine of the current term
+    double DL = 0, DR = 0, DB = 0;
 };
 
 /// The Moon after Brown with the perturbations by the Sun and the planets.
@@ -67,13 +67,13 @@ private:
     void solarn();
     void planetary(double t);
 
-    static constexpr int zero = 6;    // entry of multiple 0 in CO, SI
-    double DGAM;                      // long-period term of the node, a factor on the inclination
-    double DLAM;                      // longitude perturbation, arc seconds
-    double N;                         // planetary-node term of the latitude, arc seconds
-    double GAM1C;                     // latitude-inclination term
-    double SINPI;                     // sine of the parallax, arc seconds
-    double L0, L, LS, F, D, S;        // mean arguments, radians; S the perturbed F
-    double DL0, DL, DLS, DF, DD, DS;  // long-period corrections, arc seconds; DS that of F
-    double CO[13][5], SI[13][5];      // multiples -6 to 6 of: 1 L, 2 LS, 3 F, 4 D
+    static constexpr int zero = 6;                      // entry of multiple 0 in CO, SI
+    double DGAM = 0;                                    // long-period term of the node, a factor on the inclination
+    double DLAM = 0;                                    // longitude perturbation, arc seconds
+    double N = 0;                                       // planetary-node term of the latitude, arc seconds
+    double GAM1C = 0;                                   // latitude-inclination term
+    double SINPI = 0;                                   // sine of the parallax, arc seconds
+    double L0 = 0, L = 0, LS = 0, F = 0, D = 0, S = 0;  // mean arguments, radians; S the perturbed F
+    double DL0 = 0, DL = 0, DLS = 0, DF = 0, DD = 0, DS = 0;  // long-period corrections, arc seconds; DS that of F
+    double CO[13][5]{}, SI[13][5]{};                          // multiples -6 to 6 of: 1 L, 2 LS, 3 F, 4 D
 };

@@ -2,7 +2,7 @@
 #include "app/record/winp_data.h"
 #include "astro/calendar.h"
 #include "astro/frames.h"
-#include "astro/two_body.h"
+#include "orbit/flight_helper.h"
 #include "orbit/force_model.h"
 #include "orbit/num_prop.h"
 
@@ -11,21 +11,11 @@
 namespace {
 
 constexpr double epoch = 58138.0;  // 2018 January 20
-constexpr double earthRadiusM = 6378137.0;
-constexpr double gmM3PerS2 = 398600.4415e9;
 
 /// Default forces for slot 0, Sun and Moon in place.
 WinpData* prepare()
 {
-    WinpData* in = indata;
-    *in = WinpData{};
-    setDefaults(in);
-    in->F107[0] = in->dF107;
-    in->FB107[0] = in->dFB107;
-    in->Kp[0] = in->dKp;
-    in->Cd[0] = in->dCd;
-    in->Cr[0] = in->dCr;
-    in->Am[0] = in->dAm;
+    WinpData* in = freshRecord();
     in->cstm[0] = in->mjdep[0] = epoch;
     nmrksx = 0;
     UpSunMoon(0, in, 0, spos, mpos);
@@ -35,8 +25,7 @@ WinpData* prepare()
 void evaluation(benchmark::State& state)
 {
     prepare();
-    Vec3 r, v;
-    kepler(gmM3PerS2, 0, 0, 0, 1000.0 * double(state.range(1)), 0.001, 30, 40, 60, r, v);
+    const auto [r, v] = stateOf(1000.0 * double(state.range(1)), 0.001, 60, 30, 40, 0);
     const double y[6] = {r[0], r[1], r[2], v[0], v[1], v[2]};
     double dy[6];
     for (auto _ : state) {
@@ -67,19 +56,12 @@ BENCHMARK(density)->Name("Jacc71")->ArgName("height, km")->Arg(400)->Arg(800);
 void dayOfALowOrbit(benchmark::State& state)
 {
     WinpData* in = prepare();
-    Vec3 r, v;
-    kepler(gmM3PerS2, 0, 0, 0, 7078e3, 0.001, 30, 40, 60, r, v);
+    const State start = stateOf(7078e3, 0.001, 60, 30, 40, 0);
     double eqeq;
     const Mat3 N = nutmat(julcent(epoch), eqeq, false);
     const Vec3 sun = mxvct(N, spos) / earthRadiusM, moon = mxvct(N, mpos) / earthRadiusM;
     for (auto _ : state) {
-        in->cstm[0] = epoch;
-        in->csr0[0] = r[0];
-        in->csr1[0] = r[1];
-        in->csr2[0] = r[2];
-        in->csv0[0] = v[0];
-        in->csv1[0] = v[1];
-        in->csv2[0] = v[2];
+        setState(in, epoch, start);
         Vec3 place, velocity;
         NumProp(epoch + 1.0, in, 0, sun, moon, place, velocity);
         benchmark::DoNotOptimize(place);

@@ -1,12 +1,14 @@
 #include "orbit/deep_space.h"
 
 #include <algorithm>
+#include <array>
 #include <cmath>
 #include <limits>
 #include <numbers>
 
 #include "astro/angles.h"
 #include "orbit/resonance_table.h"
+#include "orbit/turn.h"
 
 namespace {
 
@@ -369,21 +371,79 @@ ResonanceRates resonanceRates(const elsetrec& sat)
     return sat.irez == 1 ? oneDayRates(sat) : halfDayRates(sat);
 }
 
-/// The resonance integration from epoch to `sat.t`; gives mean motion and mean anomaly.
-void integrateResonance(elsetrec& sat, Sgp4Elements& mean)
+/// Everything that the resonance integration depends on besides the time.
+struct ResonanceProblem
 {
+    explicit ResonanceProblem(const elsetrec& s)
+        : irez(double(s.irez)),
+          no(s.no),
+          xlamo(s.xlamo),
+          xfact(s.xfact),
+          argpo(s.argpo),
+          argpdot(s.argpdot),
+          oneDay{s.del1, s.del2, s.del3},
+          halfDay{s.d2201, s.d2211, s.d3210, s.d3222, s.d4410, s.d4422, s.d5220, s.d5232, s.d5421, s.d5433}
+    {}
+    constexpr ResonanceProblem() = default;
+
+    bool operator==(const ResonanceProblem&) const = default;
+
+    double irez = 0, no = 0, xlamo = 0, xfact = 0, argpo = 0, argpdot = 0;
+    std::array<double, 3> oneDay{};
+    std::array<double, 10> halfDay{};
+};
+
+/// How far the last resonance integration went. Every one starts from epoch and takes the same steps, so that a later
+/// time of the same problem is reached from here too, with the same figures.
+struct LastResonance
+{
+    ResonanceProblem problem;  // of no orbit, while its irez is 0
+    double atime = 0, xli = 0, xni = 0;
+    ResonanceRates rate{};
+};
+
+constinit thread_local LastResonance lastResonance;
+
+/// Whether `t` lies beyond the end of the last integration, seen from epoch.
+bool liesBeyond(double t, double atime)
+{
+    return atime == 0.0 || (atime > 0.0 ? t >= atime : t <= atime);
+}
+
+/// The steps of the resonance integration from epoch to less than a step from `sat.t`; gives the rates there.
+ResonanceRates stepResonance(elsetrec& sat)
+{
+    LastResonance& last = lastResonance;
+    const ResonanceProblem problem(sat);
     const double t = sat.t;
-    const double theta = std::fmod(sat.gsto + t * rptim, twoPi);
+    if (last.problem != problem || !liesBeyond(t, last.atime)) {
+        sat.xni = sat.no;
+        sat.xli = sat.xlamo;
+        last = {problem, 0.0, sat.xli, sat.xni, resonanceRates(sat)};
+    }
+    sat.atime = last.atime;
+    sat.xli = last.xli;
+    sat.xni = last.xni;
+    ResonanceRates rate = last.rate;
+    if (!(std::abs(t - sat.atime) >= stepMin))
+        return rate;
     const double delt = t > 0.0 ? stepMin : -stepMin;
-    sat.xni = sat.no;
-    sat.xli = sat.xlamo;
-    ResonanceRates rate = resonanceRates(sat);
     while (std::abs(t - sat.atime) >= stepMin) {
         sat.xli += rate.xldot * delt + rate.xndt * step2;
         sat.xni += rate.xndt * delt + rate.xnddt * step2;
         sat.atime += delt;
         rate = resonanceRates(sat);
     }
+    last = {problem, sat.atime, sat.xli, sat.xni, rate};
+    return rate;
+}
+
+/// The resonance integration from epoch to `sat.t`; gives mean motion and mean anomaly.
+void integrateResonance(elsetrec& sat, Sgp4Elements& mean)
+{
+    const double t = sat.t;
+    const double theta = withinTurn(sat.gsto + t * rptim);
+    const ResonanceRates rate = stepResonance(sat);
     const double ft = t - sat.atime;
     const double n = sat.xni + rate.xndt * ft + rate.xnddt * ft * ft / 2.0;
     const double xl = sat.xli + rate.xldot * ft + rate.xndt * ft * ft / 2.0;
@@ -431,7 +491,7 @@ void addByLyddane(const BodyEffect& p, double sinip, double cosip, Sgp4Elements&
     const double cosop = std::cos(el.node);
     const double alfdp = sinip * sinop + p.h * cosop + p.i * cosip * sinop;
     const double betdp = sinip * cosop - p.h * sinop + p.i * cosip * cosop;
-    const double xnoh = std::fmod(el.node, twoPi);
+    const double xnoh = withinTurn(el.node);
     const double xls = el.m + el.argp + cosip * xnoh + p.l + p.gh - p.i * xnoh * sinip;
     el.node = std::atan2(alfdp, betdp);
     if (std::abs(xnoh - el.node) > std::numbers::pi)
@@ -486,7 +546,7 @@ void dspace(elsetrec& sat, Sgp4Elements& mean)
         mean.n = mean.m = std::numeric_limits<double>::quiet_NaN();
 }
 
-void dpper(const elsetrec& sat, Sgp4Elements& el)
+SineCosine dpper(const elsetrec& sat, Sgp4Elements& el)
 {
     const BodyEffect solar = solarEffect(sat);
     const BodyEffect lunar = lunarEffect(sat);
@@ -497,10 +557,10 @@ void dpper(const elsetrec& sat, Sgp4Elements& el)
                        .h = solar.h + lunar.h - sat.pho};
     el.i += p.i;
     el.e += p.e;
-    const double sinip = std::sin(el.i);
-    const double cosip = std::cos(el.i);
+    const SineCosine inc{std::sin(el.i), std::cos(el.i)};
     if (el.i >= 0.2)
-        addDirectly(p, sinip, cosip, el);
+        addDirectly(p, inc.sine, inc.cosine, el);
     else
-        addByLyddane(p, sinip, cosip, el);
+        addByLyddane(p, inc.sine, inc.cosine, el);
+    return inc;
 }

@@ -1,16 +1,20 @@
-// orbit/deep_space.h: the stages that SDP4 adds to SGP4 for periods of 225 minutes and more; for sgp4.cpp alone.
+// orbit/deep_space.h: the stages that SDP4 adds to SGP4 for periods of 225 minutes and more; for the other files of the model alone.
 //
 // Vallado, Crawford, Hujsak and Kelso, Revisiting Spacetrack Report #3, AIAA 2006-6753, in the early form told in
 // orbit/sgp4.h.
 #pragma once
 
 #include "orbit/sgp4.h"
+#include "orbit/sine_cosine.h"
 
-/// Elements at one instant, radians and radians per minute.
-struct Sgp4Elements
+/// Elements at one instant, radians and radians per minute; of one set, or in lanes.
+template <class T>
+struct ElementsOf
 {
-    double e, i, argp, node, m, n;
+    T e, i, argp, node, m, n;
 };
+
+using Sgp4Elements = ElementsOf<double>;
 
 /// What the first stages of `sgp4init` hand to the deep-space stages.
 struct DeepSpaceEpoch
@@ -35,5 +39,6 @@ constexpr double resonanceLimitMin = 720.0e6;
 /// mean anomaly become NaN, in place of steps without end.
 void dspace(elsetrec& sat, Sgp4Elements& mean);
 
-/// Adds the lunar and solar periodics at `sat.t` to `el`; its mean motion stays.
-void dpper(const elsetrec& sat, Sgp4Elements& el);
+/// Adds the lunar and solar periodics at `sat.t` to `el`; its mean motion stays. Gives sine and cosine of the new
+/// inclination.
+SineCosine dpper(const elsetrec& sat, Sgp4Elements& el);

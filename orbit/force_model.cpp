@@ -10,6 +10,7 @@
 #include "orbit/gravity_data.h"
 
 #include <algorithm>
+#include <array>
 #include <cmath>
 
 namespace {
@@ -24,12 +25,27 @@ constexpr double airRotationRadPerS = 7.292115e-5;
 
 constexpr int maxDegree = 20;
 
-/// Cunningham's functions of a place, rows by degree, up to one more than the field has.
-struct Harmonics
+/// Two numbers that are worked on together.
+using Pair [[gnu::vector_size(16)]] = double;
+
+constexpr Pair both(double x)
 {
-    double V[maxDegree + 2][maxDegree + 2];
-    double W[maxDegree + 2][maxDegree + 2];
-};
+    return Pair{x, x};
+}
+
+/// The integers from 0 on.
+constexpr std::array<Pair, 2 * maxDegree + 2> makeNumbers()
+{
+    std::array<Pair, 2 * maxDegree + 2> made{};
+    for (std::size_t i = 0; i < made.size(); ++i)
+        made[i] = both(double(i));
+    return made;
+}
+
+constexpr std::array numbers = makeNumbers();
+
+/// Cunningham's functions V and W of a place, rows by degree, up to one more than the field has.
+using Harmonics = Pair[maxDegree + 2][maxDegree + 2];
 
 void fillHarmonics(Harmonics& f, const Vec3& r, double rr, int top)
 {
@@ -37,35 +53,57 @@ void fillHarmonics(Harmonics& f, const Vec3& r, double rr, int top)
     const double y0 = earthRadiusM * r[1] / rr;
     const double z0 = earthRadiusM * r[2] / rr;
     const double rho = earthRadiusM * earthRadiusM / rr;
-    f.V[0][0] = earthRadiusM / std::sqrt(rr);
-    f.W[0][0] = 0;
+    f[0][0] = Pair{earthRadiusM / std::sqrt(rr), 0};
     for (int i = 1; i <= top; ++i) {
-        for (int m = 0; m <= i - 2; ++m) {
-            f.V[i][m] = ((2 * i - 1) * z0 * f.V[i - 1][m] - (i + m - 1) * rho * f.V[i - 2][m]) / (i - m);
-            f.W[i][m] = ((2 * i - 1) * z0 * f.W[i - 1][m] - (i + m - 1) * rho * f.W[i - 2][m]) / (i - m);
-        }
-        f.V[i][i - 1] = (2 * i - 1) * z0 * f.V[i - 1][i - 1];
-        f.W[i][i - 1] = (2 * i - 1) * z0 * f.W[i - 1][i - 1];
-        f.V[i][i] = (2 * i - 1) * (x0 * f.V[i - 1][i - 1] - y0 * f.W[i - 1][i - 1]);
-        f.W[i][i] = (2 * i - 1) * (x0 * f.W[i - 1][i - 1] + y0 * f.V[i - 1][i - 1]);
+        const double zFactor = (2 * i - 1) * z0;
+        for (int m = 0; m <= i - 2; ++m)
+            f[i][m] = (both(zFactor) * f[i - 1][m] - numbers[std::size_t(i + m - 1)] * both(rho) * f[i - 2][m]) /
+                      numbers[std::size_t(i - m)];
+        const Pair diagonal = f[i - 1][i - 1];
+        f[i][i - 1] = both(zFactor) * diagonal;
+        f[i][i] = both(2 * i - 1) * Pair{x0 * diagonal[0] - y0 * diagonal[1], x0 * diagonal[1] + y0 * diagonal[0]};
     }
 }
 
-void addZonal(const Harmonics& f, int n, double C, Vec3& a)
+/// The sums of the acceleration, x and y together.
+struct HarmonicSum
 {
-    a[0] -= C * f.V[n + 1][1];
-    a[1] -= C * f.W[n + 1][1];
-    a[2] -= (n + 1) * C * f.V[n + 1][0];
+    Pair xy{0, 0};
+    double z = 0;
+};
+
+void addZonal(const Harmonics& f, int n, double C, HarmonicSum& a)
+{
+    a.xy -= both(C) * f[n + 1][1];
+    a.z -= (n + 1) * C * f[n + 1][0][0];
 }
 
-void addTesseral(const Harmonics& h, int n, int m, double C, double S, Vec3& a)
+/// What a term of the field brings along: its coefficients and the factors of its degree and order.
+struct TermFactors
 {
-    const double f = (n - m + 1) * (n - m + 2);
-    const double* V = h.V[n + 1];
-    const double* W = h.W[n + 1];
-    a[0] += 0.5 * (-C * V[m + 1] - S * W[m + 1]) + 0.5 * f * (C * V[m - 1] + S * W[m - 1]);
-    a[1] += 0.5 * (-C * W[m + 1] + S * V[m + 1]) + 0.5 * f * (-C * W[m - 1] + S * V[m - 1]);
-    a[2] += (n - m + 1) * (-C * V[m] - S * W[m]);
+    double C, S, half, rise;  // half (n - m + 1) (n - m + 2), n - m + 1
+};
+
+constexpr std::array<TermFactors, gravityTerms.size()> makeFactors()
+{
+    std::array<TermFactors, gravityTerms.size()> made{};
+    for (int n = 2; n <= maxDegree; ++n)
+        for (int m = 0; m <= n; ++m) {
+            const std::size_t i = std::size_t(n * (n + 1) / 2 + m - 3);
+            const double f = (n - m + 1) * (n - m + 2);
+            made[i] = {gravityTerms[i].C, gravityTerms[i].S, 0.5 * f, double(n - m + 1)};
+        }
+    return made;
+}
+
+constexpr std::array factors = makeFactors();
+
+void addTesseral(const Pair* VW, const TermFactors& t, HarmonicSum& a)
+{
+    const Pair up{VW[1][1], VW[1][0]}, down{VW[-1][1], VW[-1][0]};
+    const Pair C = both(t.C), S = both(t.S);
+    a.xy += both(0.5) * (Pair{-t.S, t.S} * up - C * VW[1]) + both(t.half) * (Pair{t.C, -t.C} * VW[-1] + S * down);
+    a.z += t.rise * (-t.C * VW[0][0] - t.S * VW[0][1]);
 }
 
 int fieldDegree(double R)
@@ -83,13 +121,13 @@ int fieldDegree(double R)
 /// otherwise.
 struct Scene
 {
-    double M;   // MJD, UTC
-    int k;      // slot
-    Vec3 r, v;  // satellite
-    Mat3 N, E;  // mean to true equator of date; mean equator to Earth-fixed
-    bool sunlit;
-    Vec3 rt, w;   // true equator: place, velocity against the air
-    double q, h;  // drag per velocity, 1/s; geodetic height, km
+    double M = 0;  // MJD, UTC
+    int k = 0;     // slot
+    Vec3 r, v;     // satellite
+    Mat3 N, E;     // mean to true equator of date; mean equator to Earth-fixed
+    bool sunlit = false;
+    Vec3 rt, w;           // true equator: place, velocity against the air
+    double q = 0, h = 0;  // drag per velocity, 1/s; geodetic height, km
     Vec3 a;
 };
 
@@ -212,15 +250,16 @@ void HarmAcc(const Vec3& r, int n, Vec3& a)
         rr = 1.0;
     Harmonics f;
     fillHarmonics(f, r, rr, degree + 1);
-    a.assign(0, 0, 0);
-    addZonal(f, 0, 1.0, a);
+    HarmonicSum sum;
+    addZonal(f, 0, 1.0, sum);
     // nothing of degree 1: the origin is the centre of mass
     for (int i = 2; i <= degree; ++i) {
-        const GravityTerm* row = &gravityTerms[std::size_t(i * (i + 1) / 2 - 3)];
-        addZonal(f, i, row[0].C, a);
+        const TermFactors* row = &factors[std::size_t(i * (i + 1) / 2 - 3)];
+        addZonal(f, i, row[0].C, sum);
         for (int m = 1; m <= i; ++m)
-            addTesseral(f, i, m, row[m].C, row[m].S, a);
+            addTesseral(f[i + 1] + m, row[m], sum);
     }
+    a.assign(sum.xy[0], sum.xy[1], sum.z);
     a *= gravityFactor;
 }
 

@@ -28,9 +28,7 @@ constexpr double errorWeight[stages] = {-1.0 / 150.0, 0.0, 3.0 / 100.0, -16.0 / 
 
 RKF45 rkf(6);
 
-RKF45::RKF45(int equations)
-    : neq(std::max(equations, 0)), tt(0), ytmp(neq), k(stages * neq), err(neq), maxit(0), relerr(1), tol(1e-6), hc(0)
-{}
+RKF45::RKF45(int equations) : neq(std::max(equations, 0)), ytmp(neq), k(stages * neq), err(neq) {}
 
 void RKF45::SetTolerance(double tolerance, int rel)
 {

@@ -34,14 +34,14 @@ public:
 
 protected:
     int neq;
-    double tt;                 // time of the current stage
+    double tt = 0;             // time of the current stage
     std::vector<double> ytmp;  // argument of the current stage, at the end the new state
     std::vector<double> k;     // six stage derivatives of neq values each
     std::vector<double> err;   // absolute local error of each component
-    int maxit;                 // 0 for no limit
-    int relerr;                // 1 for the relative test
-    double tol;
-    double hc;  // step size under test
+    int maxit = 0;             // 0 for no limit
+    int relerr = 1;            // 1 for the relative test
+    double tol = 1e-6;
+    double hc = 0;  // step size under test
 
 private:
     void evaluateStage(int stage, double t, const double* y, RightHandSide f);

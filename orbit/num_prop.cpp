@@ -31,9 +31,9 @@ constexpr double longestJumpS = 36525.0 * 86400.0;  // a century: some minutes o
 struct Flight
 {
     double s = 0;              // seconds from cstm
-    double dt;                 // where s has to arrive
-    double hmax;               // longest step, with the sign of dt
-    double h;                  // next step
+    double dt = 0;             // where s has to arrive
+    double hmax = 0;           // longest step, with the sign of dt
+    double h = 0;              // next step
     bool held = false;         // steps go untested
     bool unreachable = false;  // without an iteration limit, a step has vanished
 };
@@ -148,9 +148,10 @@ void correct(Flight& f)
         rkf.SetMaxIter(1);
     for (int pass = 0; pass < corrections; ++pass) {
         const double rem = f.dt - f.s;
-        double hnew;
-        if (std::abs(rem) > closeEnoughS)
-            rkf.RKF45Step(f.s, rem, smy, RKFun, f.s, hnew, smy);
+        if (!(std::abs(rem) > closeEnoughS))
+            continue;
+        double hnew = 0;
+        rkf.RKF45Step(f.s, rem, smy, RKFun, f.s, hnew, smy);
     }
 }
 

@@ -2,59 +2,14 @@
 
 #include <algorithm>
 #include <cmath>
-#include <numbers>
 
 #include "astro/angles.h"
 #include "orbit/deep_space.h"
+#include "orbit/sgp4_stages.h"
 
-elsetrec satrec;
+constinit thread_local elsetrec satrec{};
 
 namespace {
-
-struct GravityConstants
-{
-    double tumin, radiusearthkm, xke, j2, j3, j4, j3oj2;
-};
-
-constexpr GravityConstants constants72{.tumin = 13.446839696959309,
-                                       .radiusearthkm = 6378.135,
-                                       .xke = 0.07436691613317342,
-                                       .j2 = 0.001082616,
-                                       .j3 = -2.53881e-6,
-                                       .j4 = -1.65597e-6,
-                                       .j3oj2 = -2.53881e-6 / 0.001082616};
-
-constexpr GravityConstants constants84{.tumin = 13.446851082044981,
-                                       .radiusearthkm = 6378.137,
-                                       .xke = 0.07436685316871385,
-                                       .j2 = 0.00108262998905,
-                                       .j3 = -2.53215306e-6,
-                                       .j4 = -1.61098761e-6,
-                                       .j3oj2 = -2.53215306e-6 / 0.00108262998905};
-
-constexpr double x2o3 = 2.0 / 3.0;
-
-const GravityConstants& gravityConstants(gravconsttype whichconst)
-{
-    return whichconst == wgs72 ? constants72 : constants84;
-}
-
-double cubeOfOnePlus(double x)
-{
-    return std::pow(1.0 + x, 3.0);
-}
-
-double longPeriodY(const GravityConstants& g, double sini)
-{
-    return -0.5 * g.j3oj2 * sini;
-}
-
-double longPeriodL(const GravityConstants& g, double sini, double cosi)
-{
-    const double opc = 1.0 + cosi;
-    const double divisor = std::abs(opc) > 1.5e-12 ? opc : 1.5e-12;  // an inclination of 180 degrees
-    return -0.25 * g.j3oj2 * sini * (3.0 + 5.0 * cosi) / divisor;
-}
 
 /// What stage `initl` hands on.
 struct EpochOrbit
@@ -203,193 +158,6 @@ void fullDragTerms(const EpochOrbit& o, const DragGeometry& d, elsetrec& sat)
         0.2 * (3.0 * sat.d4 + 12.0 * cc1 * sat.d3 + 6.0 * sat.d2 * sat.d2 + 15.0 * cc1sq * (2.0 * sat.d2 + cc1sq));
 }
 
-/// Changes of axis, eccentricity and longitude by drag.
-struct DragEffect
-{
-    double tempa, tempe, templ;
-};
-
-/// Secular effects of the zonal harmonics and of drag.
-DragEffect secularAndDrag(const elsetrec& sat, Sgp4Elements& mean)
-{
-    const double t = sat.t;
-    const double xmdf = sat.mo + sat.mdot * t;
-    const double argpdf = sat.argpo + sat.argpdot * t;
-    const double nodedf = sat.nodeo + sat.nodedot * t;
-    const double t2 = t * t;
-    mean = {.e = sat.ecco, .i = sat.inclo, .argp = argpdf, .node = nodedf + sat.nodecf * t2, .m = xmdf, .n = sat.no};
-    DragEffect drag{.tempa = 1.0 - sat.cc1 * t, .tempe = sat.bstar * sat.cc4 * t, .templ = sat.t2cof * t2};
-    if (sat.isimp == 1)
-        return drag;
-
-    const double delomg = sat.omgcof * t;
-    const double delm = sat.xmcof * (cubeOfOnePlus(sat.eta * std::cos(xmdf)) - sat.delmo);
-    const double temp = delomg + delm;
-    mean.m = xmdf + temp;
-    mean.argp = argpdf - temp;
-    const double t3 = t2 * t;
-    const double t4 = t3 * t;
-    drag.tempa = drag.tempa - sat.d2 * t2 - sat.d3 * t3 - sat.d4 * t4;
-    drag.tempe = drag.tempe + sat.bstar * sat.cc5 * (std::sin(mean.m) - sat.sinmao);
-    drag.templ = drag.templ + sat.t3cof * t3 + t4 * (sat.t4cof + t * sat.t5cof);
-    return drag;
-}
-
-/// Brings drag into mean motion and eccentricity, with the checks on them; gives the mean semi-major axis.
-double shrinkOrbit(const GravityConstants& g, const DragEffect& drag, elsetrec& sat, Sgp4Elements& mean)
-{
-    if (mean.n <= 0.0)
-        sat.error = 2;
-    const double am = std::pow(g.xke / mean.n, x2o3) * drag.tempa * drag.tempa;
-    mean.n = g.xke / std::pow(am, 1.5);
-    mean.e = mean.e - drag.tempe;
-    if (mean.e >= 1.0 || mean.e < -0.001 || am < 0.95)
-        sat.error = 1;
-    if (mean.e < 0.0)
-        mean.e = 1e-6;  // only a negative one: a small positive eccentricity stays
-    return am;
-}
-
-void reduceAngles(const elsetrec& sat, const DragEffect& drag, Sgp4Elements& mean)
-{
-    mean.m = mean.m + sat.no * drag.templ;
-    double xlm = mean.m + mean.argp + mean.node;
-    mean.node = std::fmod(mean.node, twoPi);
-    mean.argp = std::fmod(mean.argp, twoPi);
-    xlm = std::fmod(xlm, twoPi);
-    mean.m = std::fmod(xlm - mean.argp - mean.node, twoPi);
-}
-
-/// Functions of the inclination behind the long-period and short-period terms.
-struct InclinationTerms
-{
-    double sinip, cosip, aycof, xlcof, con41, x1mth2, x7thm1;
-};
-
-InclinationTerms epochInclination(const elsetrec& sat)
-{
-    return {std::sin(sat.inclo), std::cos(sat.inclo), sat.aycof, sat.xlcof, sat.con41, sat.x1mth2, sat.x7thm1};
-}
-
-InclinationTerms perturbedInclination(const GravityConstants& g, double xincp)
-{
-    const double sinip = std::sin(xincp);
-    const double cosip = std::cos(xincp);
-    const double cosisq = cosip * cosip;
-    return {.sinip = sinip,
-            .cosip = cosip,
-            .aycof = longPeriodY(g, sinip),
-            .xlcof = longPeriodL(g, sinip, cosip),
-            .con41 = 3.0 * cosisq - 1.0,
-            .x1mth2 = 1.0 - cosisq,
-            .x7thm1 = 7.0 * cosisq - 1.0};
-}
-
-/// Lunar and solar periodics, with the checks on what comes out.
-void perturb(elsetrec& sat, Sgp4Elements& el)
-{
-    dpper(sat, el);
-    if (el.i < 0.0) {
-        el.i = -el.i;
-        el.node += std::numbers::pi;
-        el.argp -= std::numbers::pi;
-    }
-    if (el.e < 0.0 || el.e > 1.0)
-        sat.error = 3;
-}
-
-/// The elements with the long-period terms; `axnl` and `aynl` are e cos and e sin of the argument of perigee.
-struct LongPeriod
-{
-    double axnl, aynl, u;
-};
-
-LongPeriod longPeriod(const InclinationTerms& inc, const Sgp4Elements& el, double am)
-{
-    const double axnl = el.e * std::cos(el.argp);
-    const double temp = 1.0 / (am * (1.0 - el.e * el.e));
-    const double aynl = el.e * std::sin(el.argp) + temp * inc.aycof;
-    const double xl = el.m + el.argp + el.node + temp * inc.xlcof * axnl;
-    return {axnl, aynl, std::fmod(xl - el.node, twoPi)};
-}
-
-struct SineCosine
-{
-    double sine, cosine;
-};
-
-/// Sine and cosine of eccentric anomaly plus argument of perigee, before the last correction.
-SineCosine solveKepler(const LongPeriod& l)
-{
-    constexpr int keplerLimit = 10;
-    double eo1 = l.u;
-    SineCosine e{};
-    double correction = 9999.9;
-    for (int ktr = 0; std::abs(correction) >= 1e-12 && ktr < keplerLimit; ++ktr) {
-        e = {std::sin(eo1), std::cos(eo1)};
-        correction = (l.u - l.aynl * e.cosine + l.axnl * e.sine - eo1) / (1.0 - e.cosine * l.axnl - e.sine * l.aynl);
-        eo1 += std::abs(correction) >= 0.95 ? std::copysign(0.95, correction) : correction;
-    }
-    return e;
-}
-
-/// Place in the orbit: radius, argument of latitude, plane; and the rates along and across the radius.
-struct OrbitPoint
-{
-    double mrt, su, xnode, xinc, mvt, rvdot;
-};
-
-/// Adds the short-period terms. `pl` is the semi-latus rectum.
-OrbitPoint shortPeriod(const GravityConstants& g, const InclinationTerms& inc, const Sgp4Elements& el,
-                       const LongPeriod& l, const SineCosine& e, double am, double pl)
-{
-    const double ecose = l.axnl * e.cosine + l.aynl * e.sine;
-    const double esine = l.axnl * e.sine - l.aynl * e.cosine;
-    const double el2 = l.axnl * l.axnl + l.aynl * l.aynl;
-    const double rl = am * (1.0 - ecose);
-    const double rdotl = std::sqrt(am) * esine / rl;
-    const double rvdotl = std::sqrt(pl) / rl;
-    const double betal = std::sqrt(1.0 - el2);
-    const double temp = esine / (1.0 + betal);
-    const double sinu = am / rl * (e.sine - l.aynl - l.axnl * temp);
-    const double cosu = am / rl * (e.cosine - l.axnl + l.aynl * temp);
-    const double su = std::atan2(sinu, cosu);
-    const double sin2u = (cosu + cosu) * sinu;
-    const double cos2u = 1.0 - 2.0 * sinu * sinu;
-
-    const double invpl = 1.0 / pl;
-    const double temp1 = 0.5 * g.j2 * invpl;
-    const double temp2 = temp1 * invpl;
-    return {.mrt = rl * (1.0 - 1.5 * temp2 * betal * inc.con41) + 0.5 * temp1 * inc.x1mth2 * cos2u,
-            .su = su - 0.25 * temp2 * inc.x7thm1 * sin2u,
-            .xnode = el.node + 1.5 * temp2 * inc.cosip * sin2u,
-            .xinc = el.i + 1.5 * temp2 * inc.cosip * inc.sinip * cos2u,
-            .mvt = rdotl - el.n * temp1 * inc.x1mth2 * sin2u / g.xke,
-            .rvdot = rvdotl + el.n * temp1 * (inc.x1mth2 * cos2u + 1.5 * inc.con41) / g.xke};
-}
-
-void storeState(const GravityConstants& g, const OrbitPoint& p, double r[3], double v[3])
-{
-    const double vkmpersec = g.radiusearthkm * g.xke / 60.0;
-    const double sinsu = std::sin(p.su), cossu = std::cos(p.su);
-    const double snod = std::sin(p.xnode), cnod = std::cos(p.xnode);
-    const double sini = std::sin(p.xinc), cosi = std::cos(p.xinc);
-    const double xmx = -snod * cosi;
-    const double xmy = cnod * cosi;
-    const double ux = xmx * sinsu + cnod * cossu;
-    const double uy = xmy * sinsu + snod * cossu;
-    const double uz = sini * sinsu;
-    const double vx = xmx * cossu - cnod * sinsu;
-    const double vy = xmy * cossu - snod * sinsu;
-    const double vz = sini * cossu;
-    r[0] = p.mrt * ux * g.radiusearthkm;
-    r[1] = p.mrt * uy * g.radiusearthkm;
-    r[2] = p.mrt * uz * g.radiusearthkm;
-    v[0] = (p.mvt * ux + p.rvdot * vx) * vkmpersec;
-    v[1] = (p.mvt * uy + p.rvdot * vy) * vkmpersec;
-    v[2] = (p.mvt * uz + p.rvdot * vz) * vkmpersec;
-}
-
 bool allFinite(const double (&x)[3])
 {
     return std::isfinite(x[0]) && std::isfinite(x[1]) && std::isfinite(x[2]);
@@ -465,45 +233,68 @@ int sgp4init(gravconsttype whichconst, bool deepspace, double epoch, double xbst
 
 int sgp4(gravconsttype whichconst, elsetrec& sat, double tsince, double r[3], double v[3])
 {
-    const GravityConstants& g = gravityConstants(whichconst);
-    const bool deep = sat.method == 'd';
-    sat.error = 0;
     sat.t = tsince;
-    Sgp4Elements el;
-    const DragEffect drag = secularAndDrag(sat, el);
-    if (deep)
-        dspace(sat, el);
-    const double am = shrinkOrbit(g, drag, sat, el);
-    reduceAngles(sat, drag, el);
-    if (deep)
-        perturb(sat, el);
-    const InclinationTerms inc = deep ? perturbedInclination(g, el.i) : epochInclination(sat);
-    const LongPeriod l = longPeriod(inc, el, am);
-    const SineCosine e = solveKepler(l);
-    const double pl = am * (1.0 - l.axnl * l.axnl - l.aynl * l.aynl);
-    if (pl < 0.0) {
-        sat.error = 6;
-        return sat.error;
-    }
-    const OrbitPoint point = shortPeriod(g, inc, el, l, e, am, pl);
-    storeState(g, point, r, v);
-    if (point.mrt < 1.0)
-        sat.error = 6;
+    sat.error = propagate(gravityConstants(whichconst), sat, tsince, r, v);
     return sat.error;
 }
 
-void Sgp4(WinpData* in, double t, int k, Vec3& r, Vec3& v)
+namespace {
+
+constexpr double minutesPerDay = 1440.0;
+
+/// Makes `satrec` that of a slot; gives the constants it goes with.
+gravconsttype prepareSlot(WinpData* in, int k)
 {
     const gravconsttype whichconst = in->wgs == 0 ? wgs72 : wgs84;
     if (in->sgpsat != k)
         in->sgpsat = loadSlot(*in, k, whichconst) == 0 ? k : noSlot;
-    double rkm[3] = {}, vkm[3] = {};
-    const int error = sgp4(whichconst, satrec, t * 1440.0, rkm, vkm);
-    if (error != 0 || !allFinite(rkm) || !allFinite(vkm)) {
+    return whichconst;
+}
+
+void give(const Sgp4State& s, Vec3& r, Vec3& v)
+{
+    if (s.error != 0 || !allFinite(s.r) || !allFinite(s.v)) {
         r.assign(100.0, 0.0, 0.0);
         v.assign(0.0, 10.0, 0.0);
         return;
     }
-    r.assign(rkm[0], rkm[1], rkm[2]);
-    v.assign(vkm[0], vkm[1], vkm[2]);
+    r.assign(s.r[0], s.r[1], s.r[2]);
+    v.assign(s.v[0], s.v[1], s.v[2]);
+}
+
+}  // namespace
+
+void Sgp4(WinpData* in, double t, int k, Vec3& r, Vec3& v)
+{
+    const gravconsttype whichconst = prepareSlot(in, k);
+    Sgp4State state{};
+    state.error = sgp4(whichconst, satrec, t * minutesPerDay, state.r, state.v);
+    give(state, r, v);
+}
+
+void Sgp4Ahead::workOut(WinpData* in, int k, const std::array<double, instants>& days)
+{
+    const gravconsttype whichconst = prepareSlot(in, k);
+    std::array<double, instants> minutes{};
+    std::transform(days.begin(), days.end(), minutes.begin(), [](double t) { return t * minutesPerDay; });
+    states = {};
+    sgp4Series(whichconst, satrec, minutes, states);
+    times = days;
+    filled = true;
+}
+
+std::size_t Sgp4Ahead::indexOf(double t) const
+{
+    if (!filled)
+        return instants;
+    return static_cast<std::size_t>(std::find(times.begin(), times.end(), t) - times.begin());
+}
+
+bool Sgp4Ahead::find(double t, Vec3& r, Vec3& v) const
+{
+    const std::size_t i = indexOf(t);
+    if (i == instants)
+        return false;
+    give(states[i], r, v);
+    return true;
 }

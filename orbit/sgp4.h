@@ -7,7 +7,10 @@
 // lengths Earth radii.
 #pragma once
 
+#include <array>
+#include <cstddef>
 #include <cstdint>
+#include <span>
 
 #include "app/record/winp_data.h"
 #include "astro/vec3.h"
@@ -71,8 +74,9 @@ struct elsetrec
     double no;                  // mean motion, radians per minute: Kozai's on entry of sgp4init, Brouwer's after it
 };
 
-/// The one element set that is kept ready: that of slot `sgpsat` of the record.
-extern elsetrec satrec;
+/// The one element set that is kept ready: that of slot `sgpsat` of the record. Each thread has its own, so that a
+/// record has to be worked on by one thread, or have `sgpsat` set to `noSlot` in between.
+extern constinit thread_local elsetrec satrec;
 
 /// The constants of a set: minutes per time unit, km, (Earth radii^3 / minutes^2)^(1/2), zonal harmonics.
 void getgravconst(gravconsttype whichconst, double& tumin, double& radiusearthkm, double& xke, double& j2, double& j3,
@@ -103,8 +107,47 @@ int sgp4init(gravconsttype whichconst, bool deepspace, double epoch, double xbst
 /// unchanged. Where the figures lose their meaning the result is not finite while the code may be 0.
 int sgp4(gravconsttype whichconst, elsetrec& sat, double tsince, double r[3], double v[3]);
 
+/// A result of `sgp4`.
+struct Sgp4State
+{
+    double r[3], v[3];
+    std::int32_t error;
+};
+
+/// What `sgp4` gives for each of these instants, one after the other, to the last bit; `sat` is left as after the last.
+///
+/// Several instants are worked on at once, which takes about half the time of as many calls. The shorter of the two
+/// spans tells how many there are. "To the last bit" needs standard functions that err by less than 0.55 units in the
+/// last place, see orbit/lane_functions.h.
+void sgp4Series(gravconsttype whichconst, elsetrec& sat, std::span<const double> tsince, std::span<Sgp4State> states);
+
 /// Position (km) and velocity (km/s) of slot `k`, `t` days from its epoch.
 ///
 /// Loads `satrec` if `sgpsat` is another slot, and sets `sgpsat` to `k`, or to `noSlot` if `sgp4init` failed. A
 /// failure of `sgp4` or a result that is not finite gives the placeholder r = (100, 0, 0), v = (0, 10, 0).
 void Sgp4(WinpData* in, double t, int k, Vec3& r, Vec3& v);
+
+/// States of a slot at instants that are likely to be asked for next, worked out together. Good while the elements of
+/// the slot stay as they are.
+class Sgp4Ahead
+{
+public:
+    static constexpr std::size_t instants = 8;
+
+    /// At these days from epoch, with all that `Sgp4` does for the slot.
+    void workOut(WinpData* in, int k, const std::array<double, instants>& days);
+
+    bool has(double t) const { return indexOf(t) < instants; }
+
+    /// What `Sgp4` gives.
+    ///
+    /// @return  false, with nothing given, if `t` is none of the instants
+    bool find(double t, Vec3& r, Vec3& v) const;
+
+private:
+    std::size_t indexOf(double t) const;
+
+    bool filled = false;
+    std::array<double, instants> times{};
+    std::array<Sgp4State, instants> states{};
+};

@@ -128,23 +128,6 @@ constexpr Elements orbits[] = {
 
 constexpr double now = 1500;  // seconds
 
-TEST(TwoBody, VelocityIsTheChangeOfPosition)
-{
-    for (const Elements& o : orbits) {
-        Vec3 r, v, before, after, ignored;
-        const double h = 0.5;
-        const auto at = [&o](double t, Vec3& rt, Vec3& vt) {
-            kepler(earthKm3PerS2, o.t0, t, o.m0, o.a, o.e, o.ran, o.aper, o.inc, rt, vt);
-        };
-        at(now, r, v);
-        at(now - h, before, ignored);
-        at(now + h, after, ignored);
-        SCOPED_TRACE(o.what);
-        // h^2 / 6 times the third derivative, GM v / r^3
-        expectNear((after - before) * (0.5 / h), v, 1e-6);
-    }
-}
-
 TEST(TwoBody, ElementsOfAStateGiveTheStateAgain)
 {
     for (const Elements& o : orbits) {
@@ -204,35 +187,6 @@ TEST(TwoBody, OsculatingElementsOfAHyperbolaAndOfACircle)
     EXPECT_EQ(e, 0);
     EXPECT_EQ(a, 1);
     EXPECT_NEAR(aper, 180, 1e-12);
-}
-
-TEST(TwoBody, KeplerPicksTheSolver)
-{
-    const struct
-    {
-        const char* what;
-        double m0, e, r;  // r: the distance at t0
-    } cases[] = {
-        {"ellipse: a is the semi-major axis", 0, 0.5, 5000},
-        {"negative m0: a is the perigee distance", -1, 0.5, 10000},
-        {"parabola with any m0", 77, 1.0, 10000},
-        {"hyperbola: a is the semi-major axis", 77, 1.25, 2500},
-        {"hyperbola with negative m0", -1, 1.25, 10000},
-    };
-    for (const auto& c : cases) {
-        Vec3 r, v;
-        kepler(earthKm3PerS2, 3, 3, c.m0, 10000, c.e, 10, 20, 30, r, v);
-        EXPECT_NEAR(abs(r), c.r, 1e-8) << c.what;
-    }
-}
-
-TEST(TwoBody, TheSignOfAIsOfNoAccount)
-{
-    Vec3 r, v, r2, v2;
-    hyperb(earthKm3PerS2, 0, 800, 20000, 1.4, r, v);
-    hyperb(earthKm3PerS2, 0, 800, -20000, 1.4, r2, v2);
-    expectNear(r2, r, 0);
-    expectNear(v2, v, 0);
 }
 
 TEST(TwoBody, EveryNumberComesToAnEnd)

@@ -31,25 +31,6 @@ TEST(Vec3, AnIndexAboveTwoAddressesTheFirstElement)
     EXPECT_EQ(v[2], 3);
 }
 
-TEST(Vec3, Arithmetic)
-{
-    const Vec3 a(1, 2, 3), b(-4, 5, 0.5);
-    expectNear(a + b, {-3, 7, 3.5}, 0);
-    expectNear(a - b, {5, -3, 2.5}, 0);
-    expectNear(a * b, {-14, -12.5, 13}, 0);
-    expectNear(2.0 * a, {2, 4, 6}, 0);
-    expectNear(a * 2.0, {2, 4, 6}, 0);
-    EXPECT_EQ(dot(a, b), 7.5);
-    EXPECT_EQ(abs(Vec3(2, 3, 6)), 7);
-    Vec3 c = a;
-    c += b;
-    c -= a;
-    c *= 3;
-    expectNear(c, {-12, 15, 1.5}, 0);
-    c /= 3;
-    expectNear(c, b, 1e-15);
-}
-
 TEST(Vec3, DivisorsBelowTheGuardGiveZero)
 {
     const Vec3 v(1, 2, 3);
@@ -101,16 +82,6 @@ TEST(Mat3, RotationsTurnTheFrame)
     expectNear(mxvct(xrot(a), z), {0, s, c}, 0);
     expectNear(mxvct(yrot(a), z), {-s, 0, c}, 0);
     expectNear(mxvct(yrot(a), x), {c, 0, s}, 0);
-}
-
-TEST(Mat3, MultipliesInPlaceFromTheLeft)
-{
-    Mat3 A = xrot(0.4);
-    A *= zrot(1.1);
-    expectEqual(A, zrot(1.1) * xrot(0.4));
-    Mat3 square(1, 2, 3, 4, 5, 6, 7, 8, 10);
-    square *= square;
-    expectEqual(square, {30, 36, 45, 66, 81, 102, 109, 134, 169});
 }
 
 TEST(Mat3, PutMijCountsFromOneAndStoresNothingOutside)

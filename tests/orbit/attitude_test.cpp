@@ -5,7 +5,6 @@
 #include <gtest/gtest.h>
 
 #include <cmath>
-#include <limits>
 
 namespace {
 
@@ -67,23 +66,6 @@ TEST(Attitude, YawTurnsRightAndPitchTurnsUp)
         expectNear(axis(GetRVMat(c.r, c.v, 30, 20, 1), 0),
                    std::cos(pitch) * (std::cos(yaw) * forward - std::sin(yaw) * left) + std::sin(pitch) * up, 1e-14);
     }
-}
-
-// The turn by the angle of r and v is that of the formula: on a circle nothing, else x goes away from v by the flight
-// path angle, within the orbital plane.
-TEST(Attitude, ModeTwoTurnsWithinTheOrbitalPlane)
-{
-    for (const PlaceCase& c : places) {
-        SCOPED_TRACE(c.what);
-        const Mat3 m = GetRVMat(c.r, c.v, 0, 0, 2);
-        const double flightPath = std::asin(dot(vnorm(c.r), vnorm(c.v)));
-        EXPECT_NEAR(dot(axis(m, 0), vnorm(c.v)), std::cos(flightPath), 1e-14);
-        expectNear(axis(m, 1), vnorm(c.r * c.v), 1e-14);
-    }
-    const Vec3 rising = axis(GetRVMat(places[3].r, places[3].v, 0, 0, 2), 0);
-    const double g = std::acos(dot(vnorm(places[3].r), vnorm(places[3].v))) - std::acos(0.0);
-    const Mat3 local = GetRVMat(places[3].r, places[3].v, 0, 0, 1);
-    expectNear(rising, std::cos(g) * axis(local, 0) - std::sin(g) * axis(local, 2), 1e-14);
 }
 
 TEST(Attitude, ParallelDirectionsTakeAFixedPole)

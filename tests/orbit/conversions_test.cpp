@@ -1,7 +1,6 @@
 #include "orbit/conversions.h"
 
 #include "astro/angles.h"
-#include "astro/calendar.h"
 #include "astro/two_body.h"
 #include "flight_helper.h"
 #include "verification_helper.h"
@@ -56,14 +55,6 @@ TEST(MeanElements, InvertTheAnalyticModel)
         ++tried;
     }
     EXPECT_GE(tried, 8);
-}
-
-TEST(MeanElements, EquatorialStateHasRightAngles)
-{
-    const Elements x = meanElements(Vec3(7e6, 0, 0), Vec3(0, 7500, 0));
-    EXPECT_NEAR(x.inc, 0, 1e-9);
-    EXPECT_NEAR(x.ra, 90, 0.2);      // less the short-period term
-    EXPECT_NEAR(x.n0, 15.09, 0.05);  // 86400 / (2 pi) sqrt(GM / a^3), less the oblateness
 }
 
 TEST(MeanElements, AreFiniteForEveryState)
@@ -181,53 +172,6 @@ TEST_F(StateDialog, MeanOfDateAgreesWithIndependentPrecession)
         const double arcsec = abs(found * expected) / dot(expected, expected) * degPerRad * 3600.0;
         EXPECT_LT(arcsec, 0.1) << c.mjd;
     }
-}
-
-// gst94 of ERFA 2.0.0; the five terms of the short nutation are within 0.3 arc seconds of the whole series.
-TEST_F(StateDialog, EarthFixedPlaceTurnsWithTheSiderealTime)
-{
-    KmState s{6378.137, 0, 0, 0, 0, 0};
-    s.convert(frame::earthFixed, frame::trueOfDate, epoch);
-    const double angle = std::atan2(s.y, s.x) * degPerRad;
-    EXPECT_NEAR(turnDifference(angle, 119.323780139), 0, 0.3 / 3600.0);
-    EXPECT_NEAR(s.z, 0, 1e-9);
-    EXPECT_NEAR(1000.0 * abs(Vec3(s.vx, s.vy, s.vz)), 465.101, 0.001);
-    EXPECT_NEAR(s.x * s.vx + s.y * s.vy, 0, 1e-9);
-}
-
-TEST_F(StateDialog, StatePutIsTheStateGot)
-{
-    in->prs = 4;
-    vsPutState(true, 2024, 1.5, 111, 122, 2.5, 2, 1.1, 2.2, 0.033, 7000, 100, 200, 1, 2, 3, true);
-    EXPECT_EQ(in->mjdep[4], mjd(1, 1, 2024, 12.0));
-    EXPECT_EQ(in->epr0[4], 7000e3);
-    EXPECT_EQ(in->epv2[4], 3000);
-    EXPECT_EQ(in->cstm[4], in->mjdep[4]);
-    EXPECT_EQ(in->csr1[4], 100e3);
-    EXPECT_EQ(in->csv0[4], 1000);
-
-    vsPutState(false, 2024, 2.5, 0, 0, 0, 1, 0, 0, 0, 8000, 0, 0, 0, 7, 0, false);
-    EXPECT_EQ(in->epr0[4], 8000e3);
-    EXPECT_EQ(in->csr0[4], 7000e3);
-    EXPECT_EQ(in->cstm[4], mjd(1, 1, 2024, 12.0));
-
-    double F107 = 0, FB107 = 0, Kp = 0, Cr = 0, Cd = 0, Am = 0;
-    double x = -1, y = -1, z = -1, vx = -1, vy = -1, vz = -1, time = -1;
-    int stref = 0;
-    vsGetState(false, F107, FB107, Kp, stref, Cr, Cd, Am, x, y, z, vx, vy, vz, time);
-    EXPECT_EQ(F107, 111);
-    EXPECT_EQ(FB107, 122);
-    EXPECT_EQ(Kp, 2.5);
-    EXPECT_EQ(stref, 1);
-    EXPECT_EQ(Cr, 1.1);
-    EXPECT_EQ(Cd, 2.2);
-    EXPECT_EQ(Am, 0.033);
-    EXPECT_EQ(x, -1);
-    EXPECT_EQ(time, -1);
-    vsGetState(true, F107, FB107, Kp, stref, Cr, Cd, Am, x, y, z, vx, vy, vz, time);
-    EXPECT_DOUBLE_EQ(x, 8000);
-    EXPECT_DOUBLE_EQ(vy, 7);
-    EXPECT_EQ(time, mjd(2, 1, 2024, 12.0));
 }
 
 }  // namespace

@@ -1,6 +1,5 @@
 #include "orbit/mean_motion.h"
 
-#include <cmath>
 #include <limits>
 
 #include <gtest/gtest.h>

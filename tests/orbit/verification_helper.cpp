@@ -67,20 +67,31 @@ std::ifstream openFigures(const std::string& file)
     return in;
 }
 
+/// The sets of a file; `span` follows the second lines where the file gives none.
+std::vector<VerificationElements> setsOf(const std::string& file, const std::string& span)
+{
+    std::ifstream in = openFigures(file);
+    std::vector<VerificationElements> sets;
+    std::string line1;
+    for (std::string line; std::getline(in, line);) {
+        if (line.starts_with("1 "))
+            line1 = line;
+        if (line.starts_with("2 "))
+            sets.push_back(elementsOf(line1, line + span));
+    }
+    return sets;
+}
+
 }  // namespace
 
 std::vector<VerificationElements> verificationElements()
 {
-    std::ifstream in = openFigures("verification.tle");
-    std::vector<VerificationElements> sets;
-    std::string line1;
-    for (std::string line; std::getline(in, line);) {
-        if (line[0] == '1')
-            line1 = line;
-        if (line[0] == '2')
-            sets.push_back(elementsOf(line1, line));
-    }
-    return sets;
+    return setsOf("verification.tle", "");
+}
+
+std::vector<VerificationElements> catalogueElements()
+{
+    return setsOf("../elements/catalogue_2018.txt", " 0 1440 1");
 }
 
 std::vector<VerificationStates> verificationStates(const std::string& file)

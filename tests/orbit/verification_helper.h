@@ -31,6 +31,9 @@ struct VerificationStates
 /// microseconds), as in the program that made the published states: a highly eccentric orbit shows the difference.
 std::vector<VerificationElements> verificationElements();
 
+/// The sets of tests/data/elements/catalogue_2018.txt, each over its first day.
+std::vector<VerificationElements> catalogueElements();
+
 /// Blocks of a file of states in the folder of the set.
 std::vector<VerificationStates> verificationStates(const std::string& file);
 
