@@ -18,6 +18,7 @@
 #include "app/record/winp_data.h"
 #include "dialogs/st_quick_dialog.h"
 #include "elements/download.h"
+#include "engine/scan/workers.h"
 #include "view/message_boxes.h"
 #include "view/vorlix_view.h"
 
@@ -200,6 +201,8 @@ void VorlixApp::slotInputNextSat()
     showStatus(tr("Next satellites to pass..."));
     slotStopTime();
     const int found = view->vNextSat();
+    if (found == scanCancelled)
+        return;
     if (found < 1) {
         warnWithQuit(this, found < 0 ? tr("Unable to open TLE file") : tr("No suitable satellites found"));
         showStatus(tr("Failed to find next satellites."));

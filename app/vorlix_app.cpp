@@ -17,7 +17,10 @@
 #include <QToolBar>
 #include <QWhatsThis>
 
+#include "app/record/text.h"
+#include "app/scan_watch.h"
 #include "elements/download.h"
+#include "engine/scan/workers.h"
 #include "view/vorlix_view.h"
 
 QString APPDIR;
@@ -44,8 +47,11 @@ VorlixApp::VorlixApp()
     QLocale::setDefault(QLocale(QLocale::English, QLocale::AnyCountry));
     setWindowTitle(tr("Vorlix - 11.8"));
     setWindowIcon(iconOf("vorlix32"));
+    QGuiApplication::setDesktopFileName("io.vorlix.Vorlix");  // by it a desktop finds launcher and icon of the window
     download = new Download(this);
     connect(download, &Download::finished, this, &VorlixApp::httpDone);
+
+    scanWatch = new ScanWatch(this);
 
     initActions();
     initMenuBar();
@@ -70,6 +76,7 @@ VorlixApp::VorlixApp()
 
 VorlixApp::~VorlixApp()
 {
+    setScanProgress({});
     delete viewLabel;  // the scroll area owns the view, nobody else the label it was made with
 }
 
@@ -87,7 +94,7 @@ void VorlixApp::makeAction(const ActionRow& row)
     if (row.toggled)
         connect(action, &QAction::toggled, this, row.toggled);
     if (row.triggered)
-        connect(action, &QAction::triggered, this, row.triggered);
+        connect(action, &QAction::triggered, this, [this, slot = row.triggered] { run(slot); });
     this->*row.action = action;
 }
 
@@ -98,6 +105,7 @@ void VorlixApp::initActions()
     connect(helpAboutQt, &QAction::triggered, qApp, &QApplication::aboutQt);
     whatsThis = QWhatsThis::createAction(this);
     whatsThis->setObjectName("whatsThis");
+    whatsThis->setIcon(iconOf("satpwhat"));  // the library's own is a black pointer, lost on a dark tool bar
     whatsThis->setStatusTip(tr("What's This?"));
     whatsThis->setWhatsThis(tr("What's This?\n\nClick here, and then on a menu entry or a button, for a short "
                                "explanation. In a dialog Shift+F1 does the same for its fields."));
@@ -184,6 +192,7 @@ void VorlixApp::initToolBar()
 void VorlixApp::initStatusBar()
 {
     statusBar()->showMessage(tr("Ready."), readyMilliseconds);
+    setScanProgress([this](std::string_view name) { return scanGoesOn(textQString(name).trimmed()); });
 }
 
 void VorlixApp::initView()
@@ -201,6 +210,23 @@ void VorlixApp::initView()
 void VorlixApp::showStatus(const QString& message)
 {
     statusBar()->showMessage(message);
+}
+
+/// The line is painted at once: nothing waits for it.
+bool VorlixApp::scanGoesOn(const QString& satellite)
+{
+    if (!satellite.isEmpty()) {
+        showStatus(tr("Searching: ") + satellite);
+        statusBar()->repaint();
+    }
+    return scanWatch->look();
+}
+
+/// Assistive programs reach an action past all input events.
+void VorlixApp::run(void (VorlixApp::*slot)())
+{
+    if (!scanWatch->isLooking())
+        (this->*slot)();
 }
 
 void VorlixApp::scrollHome()

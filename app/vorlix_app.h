@@ -15,6 +15,7 @@ class QMenu;
 class QScrollArea;
 class QTimer;
 class QToolBar;
+class ScanWatch;
 class VorlixView;
 
 extern QString APPDIR;   // working directory at start-up, where the configuration lies
@@ -26,6 +27,7 @@ extern int picsize;      // reduction of the picture: 0 full, 2 half, 3 quarter
 class VorlixApp : public QMainWindow
 {
     Q_OBJECT
+    Q_DISABLE_COPY_MOVE(VorlixApp)
 
 public:
     /// Builds the window. The working directory must be that of the configuration.
@@ -125,6 +127,8 @@ private:
     void makeAction(const ActionRow& row);
     QMenu* makeMenu(const char* name, const QString& title, std::initializer_list<QAction*> actions);
     void showStatus(const QString& message);
+    bool scanGoesOn(const QString& satellite);
+    void run(void (VorlixApp::*slot)());
     QString askForElementSaveName();
     void startOrStop(int mode, int milliseconds);
     void scrollHome();
@@ -201,6 +205,7 @@ private:
     QAction* helpQuick = nullptr;
     QAction* whatsThis = nullptr;
 
+    ScanWatch* scanWatch = nullptr;
     QTimer* timer = nullptr;
     Download* download = nullptr;
     int tmmode = 0;  // 0 no timer, 1 real time, 2 delta time

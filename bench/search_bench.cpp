@@ -10,6 +10,7 @@
 #include "app/record/text.h"
 #include "app/record/winp_data.h"
 #include "app/record/wout_data.h"
+#include "bench/vienna_record.h"
 #include "elements/reader.h"
 #include "engine/aos_list.h"
 #include "engine/pass_search.h"
@@ -20,19 +21,11 @@ namespace {
 
 constexpr double startDay = 58138.0;  // 2018-01-20
 
-/// Vienna on 2018-01-20, with the catalogue of those days.
+/// The evening in Vienna.
 std::unique_ptr<WinpData> searchRecord()
 {
-    auto in = std::make_unique<WinpData>();
-    setDefaults(in.get());
-    in->lat = 48.2;
-    in->lng = 16.37;
-    in->height = 180.0;
-    in->year = 2018;
-    in->month = 1;
-    in->day = 20;
+    auto in = viennaRecord();
     in->mjd = startDay + 0.7;
-    assignField(in->tlename, TEST_DATA "/elements/catalogue_2018.txt");
     assignField(in->savename, (std::filesystem::temp_directory_path() / "vorlix_search_bench.txt").string());
     return in;
 }

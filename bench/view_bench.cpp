@@ -12,6 +12,7 @@
 #include "app/record/keep.h"
 #include "app/record/text.h"
 #include "elements/selection.h"
+#include "view/map_kind.h"
 #include "view/vorlix_view.h"
 
 namespace {
@@ -19,32 +20,17 @@ namespace {
 constexpr double januaryEvening = 58138.75;
 constexpr double stepDays = 15.0 / 86400.0;
 
-struct MapKind
-{
-    const char* name;
-    int mapprj, skymap, skyprj, night;
-    bool fromSatellite;
-    int occflg;
-};
-
 constexpr MapKind mapKinds[] = {
-    {"outline", 0, 0, 0, 0, false, 0},           {"outline_night", 0, 0, 0, 1, false, 0},
-    {"physical", 3, 0, 0, 0, false, 0},          {"physical_night", 3, 0, 0, 1, false, 0},
-    {"northern", 1, 0, 0, 0, false, 0},          {"northern_night", 1, 0, 0, 1, false, 0},
-    {"sky_zenith", 0, 1, 0, 0, false, 0},        {"sky_azimuth", 0, 1, 3, 0, false, 0},
-    {"sky_from_satellite", 0, 1, 0, 0, true, 0}, {"moon_disk", 0, 0, 0, 0, false, 2},
+    {"outline", 0, 0, 0, 0, false, 0, false},           {"outline_night", 0, 0, 0, 1, false, 0, false},
+    {"physical", 3, 0, 0, 0, false, 0, false},          {"physical_night", 3, 0, 0, 1, false, 0, false},
+    {"northern", 1, 0, 0, 0, false, 0, false},          {"northern_night", 1, 0, 0, 1, false, 0, false},
+    {"sky_zenith", 0, 1, 0, 0, false, 0, false},        {"sky_azimuth", 0, 1, 3, 0, false, 0, false},
+    {"sky_from_satellite", 0, 1, 0, 0, true, 0, false}, {"moon_disk", 0, 0, 0, 0, false, 2, true},
 };
 
 void show(const MapKind& kind)
 {
-    indata->mapprj = kind.mapprj;
-    indata->skymap = kind.skymap;
-    indata->skyprj = kind.skyprj;
-    indata->skaz = 180.0;
-    indata->mpnight = kind.night;
-    indata->satsky = kind.fromSatellite;
-    indata->occflg = kind.occflg;
-    indata->sunmplt = kind.occflg != 0;
+    setMap(kind, *indata);
     indata->mjd = januaryEvening;
 }
 

@@ -59,6 +59,7 @@ void equplt(double ra0, double dec0, double ra, double dec, double& x, double& y
     y = -(std::cos(dec) * std::sin(dec0) * std::cos(ra - ra0) - std::sin(dec) * std::cos(dec0)) / C;
 }
 
+// NOLINTNEXTLINE(readability-non-const-parameter): the signature is fixed
 void lsqfit(double* rows, double* out)
 {
     constexpr double leastPixels = 1e-20;

@@ -41,9 +41,9 @@ QLabel* labelOf(const QLineEdit* edit);
 
 /// The buttons below go to the end of the layout, each on a row of its own in a form. `shortcut` is set after the text
 /// and may be null: then the mnemonic of the text stands alone.
-QCheckBox* addBox(QLayout* to, const char* name, const QString& text, const char* shortcut, const Help& help);
-QRadioButton* addRadio(QLayout* to, const char* name, const QString& text, const char* shortcut, const Help& help);
-QPushButton* addButton(QLayout* to, const char* name, const QString& text, const char* shortcut, const Help& help);
+QCheckBox* addBox(QLayout* to, const char* name, const QString& caption, const char* shortcut, const Help& help);
+QRadioButton* addRadio(QLayout* to, const char* name, const QString& caption, const char* shortcut, const Help& help);
+QPushButton* addButton(QLayout* to, const char* name, const QString& caption, const char* shortcut, const Help& help);
 
 /// Two halves beside each other.
 QBoxLayout* columns(QLayout* left, QLayout* right);
@@ -52,7 +52,7 @@ QBoxLayout* columns(QLayout* left, QLayout* right);
 QGroupBox* addGroup(QLayout* to, const char* name, const QString& title, QLayout* inside, const Help& help);
 
 /// A line of text that belongs to no edit.
-QLabel* addText(QLayout* to, const char* name, const QString& text);
+QLabel* addText(QLayout* to, const char* name, const QString& line);
 
 /// A read-only text; it takes the room that is left.
 QTextEdit* addTextView(QLayout* to, const char* name, const Help& help);

@@ -24,6 +24,7 @@ StLocalDialog::StLocalDialog(QWidget* parent) : QDialog(parent)
     resize(443, 460);
 }
 
+// NOLINTNEXTLINE(performance-unnecessary-value-param): the signature is fixed
 void StLocalDialog::setParams(QString s, int fsz)
 {
     QFont font = textEdit->font();

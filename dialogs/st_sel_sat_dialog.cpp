@@ -106,34 +106,32 @@ void StSelSatDialog::connectSlots()
     connect(recentBox, &QCheckBox::toggled, this, &StSelSatDialog::lowSlot);
 }
 
-void StSelSatDialog::showSearch(const QString& name, int norad)
+StSelSatDialog::LastSearch StSelSatDialog::showLastSearch()
 {
+    QString name;
+    int norad = 0;
+    LastSearch last;
+    vsLastSat(name, last.mode, norad, last.selected, last.low, last.recent);
     satnameEdit->setText(searchText(name));
     form::setNumber(noradEdit, norad);
+    return last;
 }
 
 void StSelSatDialog::setParams()
 {
-    QString name;
-    int mode = 0;
-    int norad = 0;
-    int selected = 0;
-    int low = 0;
-    int recent = 0;
-    vsLastSat(name, mode, norad, selected, low, recent);
-    showSearch(name, norad);
+    const LastSearch last = showLastSearch();
     satnameEdit->setFocus();
-    noradBox->setChecked(mode == 1);
-    idsnBox->setChecked(mode == 2);
-    if (selected == 0)
+    noradBox->setChecked(last.mode == 1);
+    idsnBox->setChecked(last.mode == 2);
+    if (last.selected == 0)
         form::setShown(newButton, false);
     form::setShown(moreButton, false);
     form::setShown(selectButton, false);
-    if (mode == 2)
+    if (last.mode == 2)
         idsnSlot();
     noradSlot();
-    lowBox->setChecked(low == 1);
-    recentBox->setChecked(recent == 1);
+    lowBox->setChecked(last.low == 1);
+    recentBox->setChecked(last.recent == 1);
     dSatList();
 }
 
@@ -209,15 +207,9 @@ void StSelSatDialog::lowSlot()
     vsLowRecent(lowBox->isChecked() ? 1 : 0, recentBox->isChecked() ? 1 : 0);
 }
 
+// NOLINTNEXTLINE(performance-unnecessary-value-param): the signature is fixed
 void StSelSatDialog::dSatInfo(QString s1)
 {
-    QString name;
-    int mode = 0;
-    int norad = 0;
-    int selected = 0;
-    int low = 0;
-    int recent = 0;
-    vsLastSat(name, mode, norad, selected, low, recent);
-    showSearch(name, norad);
+    showLastSearch();
     satinfEdit->setPlainText(s1);
 }

@@ -49,7 +49,13 @@ private:
     void addButtons(QBoxLayout* row);
     void connectSlots();
     void search(bool more);
-    void showSearch(const QString& name, int norad);
+
+    struct LastSearch
+    {
+        int mode = 0, selected = 0, low = 0, recent = 0;
+    };
+    /// Puts name and number of the search last made into their fields.
+    LastSearch showLastSearch();
 
     QTextEdit* satinfEdit = nullptr;
     QPushButton* closeButton = nullptr;

@@ -25,7 +25,7 @@ StVisDialog::StVisDialog(QWidget* parent) : QDialog(parent)
     form::finish(this, form::columns(left, right));
     form::labelOf(flrmxEdit)->setObjectName("flrmagLabel");
     connectSlots();
-    showSlot();
+    StVisDialog::showSlot();
 }
 
 void StVisDialog::addConditions(QVBoxLayout* column)

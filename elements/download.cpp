@@ -4,12 +4,15 @@
 #include "elements/selection.h"
 
 #include <QByteArray>
+#include <QCoreApplication>
 #include <QFileInfo>
+#include <QTimer>
 #include <QUrlQuery>
 #include <algorithm>
 
 namespace {
 constexpr int longestAddress = 104;
+constexpr int endMilliseconds = 1;
 constexpr qsizetype shortestAddress = 2;
 constexpr qsizetype shortestKnownAddress = 6;
 constexpr QLatin1Char slash('/'), question('?');
@@ -108,9 +111,20 @@ bool takeAddress(WinpData* in, const QString& entered, AddressParts& parts)
     return true;
 }
 
+qint64 Received::writeData(const char* data, qint64 size)
+{
+    if (size > mostBytes - pos()) {
+        setErrorString(QCoreApplication::translate("Download", "The document is too long"));
+        return -1;
+    }
+    return QBuffer::writeData(data, size);
+}
+
 Download::Download(QObject* parent) : QObject(parent), backupFile(QStringLiteral("satwwwsave.tmp"))
 {
-    connect(&http, &Http::done, this, &Download::httpDone);
+    // by a timer: a scan that reads the element file lets other events in, but no timers
+    connect(&http, &Http::done, this,
+            [this](bool error) { QTimer::singleShot(endMilliseconds, this, [=, this] { httpDone(error); }); });
 }
 
 Download::Start Download::start(const AddressParts& parts, quint16 port)
@@ -120,14 +134,16 @@ Download::Start Download::start(const AddressParts& parts, quint16 port)
     tleFile.setFileName(parts.file);
     isNew = !tleFile.exists();
     hasBackup = saveBackup();
-    if (!tleFile.open(QIODevice::WriteOnly)) {
+    if (!tleFile.open(QIODevice::Append)) {  // for writing, with what it holds left alone as yet
         lastError = tleFile.errorString();
         dropBackup();
         return Start::cannotWriteFile;
     }
     updating = true;
+    received.setData(QByteArray());
+    received.open(QIODevice::WriteOnly);
     http.setHost(parts.host, port);
-    http.get(parts.path, &tleFile);
+    http.get(parts.path, &received);
     return Start::running;
 }
 
@@ -158,6 +174,13 @@ bool Download::restoreBackup()
     return tleFile.resize(0) && tleFile.seek(0) && writeAll(tleFile, lines);
 }
 
+/// Puts the new lines in the place of the old ones. A device has none that could be cut off.
+bool Download::storeReceived()
+{
+    const bool emptied = tleFile.resize(0) || !QFileInfo(tleFile).isFile();
+    return emptied && writeAll(tleFile, received.data());
+}
+
 void Download::dropBackup()
 {
     if (hasBackup)
@@ -168,6 +191,11 @@ void Download::dropBackup()
 void Download::httpDone(bool error)
 {
     lastError = http.errorString();
+    received.close();
+    if (!error && !storeReceived()) {
+        lastError = tleFile.errorString();
+        error = true;
+    }
     const bool oldLinesLost = error && hasBackup && !restoreBackup();
     updating = false;
     tleFile.close();

@@ -5,6 +5,7 @@
 
 #include "app/record/winp_data.h"
 
+#include <QBuffer>
 #include <QFile>
 #include <QObject>
 #include <QString>
@@ -39,7 +40,18 @@ QString besideElementFile(const QString& name);
 /// @return false, with nothing changed, for fewer than 2 characters
 [[nodiscard]] bool takeAddress(WinpData* in, const QString& entered, AddressParts& parts);
 
-/// Fetches a file over HTTP while its old lines wait in the backup file `satwwwsave.tmp`.
+/// Where a document waits until it is whole. No element file comes near the limit.
+class Received : public QBuffer
+{
+public:
+    static constexpr qint64 mostBytes = 128 * 1024 * 1024;
+
+protected:
+    qint64 writeData(const char* data, qint64 size) override;
+};
+
+/// Fetches a file over HTTP. The file is written when the document is whole, in one go, and meanwhile its old lines
+/// wait in the backup file `satwwwsave.tmp` as well: whenever the program is killed, one of the two holds them.
 class Download : public QObject
 {
     Q_OBJECT
@@ -74,7 +86,9 @@ private:
     bool saveBackup();
     bool restoreBackup();
     void dropBackup();
+    bool storeReceived();
 
+    Received received;
     Http http;
     QFile tleFile;
     QFile backupFile;

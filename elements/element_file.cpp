@@ -16,13 +16,12 @@ QByteArray bytesOf(std::FILE* file, std::size_t limit)
     return bytes;
 }
 
-/// The size of a file that can be read twice; 0 for a pipe or a device.
+/// The size of a regular file.
 std::size_t sizeOf(std::FILE* file)
 {
     struct stat status
     {};
-    const bool known = ::fstat(::fileno(file), &status) == 0 && S_ISREG(status.st_mode) && status.st_size > 0;
-    return known ? static_cast<std::size_t>(status.st_size) : 0;
+    return ::fstat(::fileno(file), &status) == 0 ? static_cast<std::size_t>(status.st_size) : 0;
 }
 
 FilePtr streamOf(const std::string& text)

@@ -14,6 +14,7 @@ class QIODevice;
 class Http : public QObject
 {
     Q_OBJECT
+    Q_DISABLE_COPY_MOVE(Http)
 
 public:
     explicit Http(QObject* parent = nullptr);

@@ -52,11 +52,12 @@ std::string epochCell(double epoch)
     constexpr double firstDay = -678577.0, lastDay = 2973483.0;  // of the years 1 and 9999
     epoch = std::isnan(epoch) ? 0.0 : std::clamp(epoch, firstDay, lastDay);
     const double start = std::floor(epoch);
-    const auto rounded = static_cast<long long>((epoch - start) * microsecondsPerDay + 0.5);
+    const long long rounded = std::llround((epoch - start) * microsecondsPerDay);
+    const long long daysCarried = rounded / microsecondsPerDay;
     const long long microseconds = rounded % microsecondsPerDay;
     int day = 0, month = 0, year = 0;
     double hours = 0;
-    caldat(start + static_cast<double>(rounded / microsecondsPerDay), day, month, year, hours);
+    caldat(start + static_cast<double>(daysCarried), day, month, year, hours);
     char text[48];
     return std::string(formatted(text, "%04i-%02i-%02iT%02lld:%02lld:%02lld.%06lld", year, month, day,
                                  microseconds / 3'600'000'000, microseconds / 60'000'000 % 60,

@@ -84,8 +84,8 @@ void putConditions(WoutData* out, const WinpData& in)
         line.add(in.moonflg ? "   Moonshine passes only" : "   visible passes only");
     putFormatted(out, line);
     putFormatted(out, TextWriter(text).addFormatted(" Year: %4i  +++ Timezone: %g +++", in.year, in.tzone));
-    if (heldSpan(in.dur) != in.dur)
-        putFormatted(out, TextWriter(text).addFormatted(" *** Time span held to %g days ***", heldSpan(in.dur)));
+    if (TextWriter note(text); addHeldSpan(note, in))
+        putFormatted(out, note);
     PutSpace(out);
 }
 

@@ -1,6 +1,7 @@
 #include "engine/epoch_state.h"
 
 #include "app/record/keep.h"
+#include "app/record/vector_registers.h"
 #include "engine/position.h"
 
 void resetForces(WinpData* in, int k)
@@ -21,6 +22,7 @@ void resetForces(WinpData* in, int k)
 
 void EpochState(WinpData* in, int k, bool reset)
 {
+    releaseVectorRegisters();  // the reader comes here from texts
     const Keep plain(in->rlm, 0);
     in->sgpsat = noSlot;
     GetSatPos(in->mjdep[k], in, satpos, k, 0);

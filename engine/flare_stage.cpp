@@ -184,7 +184,7 @@ Normal knownNormal(const Scene& s)
     return {true, normalOf(GetRVMat(s.r, s.v, first, second, 1))};
 }
 
-void knownSurface(Scene& s)
+void knownSurface(const Scene& s)
 {
     const Normal normal = knownNormal(s);
     if (!normal.found)

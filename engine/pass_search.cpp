@@ -1,8 +1,11 @@
 #include "engine/pass_search.h"
 
+#include "app/record/vector_registers.h"
 #include "app/record/winp_data.h"
 #include "astro/angles.h"
 #include "engine/flares.h"
+#include "engine/lazy_position.h"
+#include "engine/pass_bounds.h"
 #include "engine/position.h"
 #include "engine/satpos_data.h"
 
@@ -15,8 +18,10 @@ constexpr double halfMinuteDays = 0.00034722222222222224;
 constexpr double oneSecondDays = 1.157407407e-5;
 constexpr double coarseStepDays = 0.0069;  // the satellite is far below the horizon
 constexpr double sunStepDays = 0.0416667;  // the Sun is far above its limit
-constexpr double farBelowHorizonDeg = -25.0;
-constexpr double sunFarAboveDeg = 15.0;  // above the limit of the Sun
+constexpr double lowestElevationDeg = -90.0;
+constexpr double noneYetDeg = -100.0;
+constexpr double highestSunDeg = 90.001;  // no Sun stands higher, roundings included
+constexpr double sunFarAboveDeg = 15.0;   // above the limit of the Sun
 constexpr double horizonRadiusKm = 6378.137;
 constexpr int bisectionRounds = 6;
 constexpr int secondsPerMinute = 60;
@@ -42,16 +47,33 @@ bool relativeConditions(const WinpData& in, const SatPosData& sp, int isat)
     return seeEachOther(sp, isat) && (in.visflg == 0 || (sp.sunel1 >= 0.0 && sp.sunel2 >= 0.0));
 }
 
-bool observerConditions(const WinpData& in, const SatPosData& sp, int isat)
+/// The conditions at an observer, each looked at only if those before it hold.
+///
+/// @param at  answers highEnough, dark, sunlit and moonlit
+template <class Instant>
+bool observerConditions(const WinpData& in, Instant&& at)
 {
-    if (!(sp.el[isat] >= in.satel) || !(sp.osunel < in.sunel))
+    if (!at.highEnough() || !at.dark())
         return false;
     if (in.visflg == 0)
         return true;
     if (in.moonflg == 0)
-        return sp.sunel[isat] >= 0.0;
-    return sp.moonel[isat] >= 0.0 && sp.sunel[isat] < 0.0;
+        return at.sunlit();
+    return at.moonlit() && !at.sunlit();
 }
+
+/// An instant that the position record holds.
+struct RecordedInstant
+{
+    const WinpData& in;
+    const SatPosData& sp;
+    int isat;
+
+    bool highEnough() const { return sp.el[isat] >= in.satel; }
+    bool dark() const { return sp.osunel < in.sunel; }
+    bool sunlit() const { return sp.sunel[isat] >= 0.0; }
+    bool moonlit() const { return sp.moonel[isat] >= 0.0; }
+};
 
 /// The three instants of a pass in the arrays of the caller.
 struct PassArrays
@@ -69,12 +91,31 @@ struct PassArrays
     void copy(int to, int from) const { put(to, tm[from], a[from], b[from]); }
 };
 
+/// Whether nothing that GetSatPos leaves depends on any instant but the last. An event leaves its mark where it was
+/// seen last, and in relative mode the conditions are others.
+bool lastInstantCounts(const WinpData& in, int isat)
+{
+    return in.occflg == 0 && in.flarflg == 0 && !(in.iridflg == event::iridium && isat == in.prs) &&
+           !relativeMode(in);
+}
+
 /// A walk through time, forward or backward. What is "later" or "beyond" below is so in the sense of the walk.
+///
+/// It goes from instant to instant as if the whole position were found at each. Where the bounds settle what matters,
+/// nothing is found at all; else the position, and Sun and Moon where a condition asks for them. `finish` completes the
+/// last instant, so that the records are left as by a GetSatPos at each.
 class Walk
 {
 public:
     Walk(WinpData* record, int slot, double sense, const PassArrays& arrays)
-        : in(record), isat(slot), sign(sense), relative(relativeMode(*record)), pass(arrays)
+        : in(record),
+          isat(slot),
+          sign(sense),
+          relative(relativeMode(*record)),
+          lean(lastInstantCounts(*record, slot)),
+          pass(arrays),
+          position(record, satpos, slot, false),
+          bounds(*record, slot, sense)
     {}
 
     bool findPass(double t, double limit);
@@ -82,46 +123,171 @@ public:
     void scanEnd(int index, bool wanted);
     bool maximumOutside() const;
     void refineMaximum();
+    void finish();
 
     bool beyond(double t, double limit) const { return sign * t > sign * limit; }
     bool sawGroundPoint() const { return groundPoint; }
 
+    // The conditions at the instant looked at.
+    bool highEnough() const { return satpos->el[isat] >= in->satel; }
+    bool dark()
+    {
+        return !sunAbove(in->sunel, [&] { return !(sunAtObserver() < in->sunel); });
+    }
+    bool sunlit();
+    bool moonlit() { return position.moonAtSatellite() >= 0.0; }
+
 private:
+    void goTo(double t);
     bool look(double t);
     double elevation(double t);
-    double step() const;
+    double step();
+    void passBy(double t);
+    Verdict conditionsAt(double t);
+    bool failsAt(double t, double& stepThere);
+    bool holdsBelowBest(double t);
+    template <class Exactly>
+    bool sunAbove(double degrees, Exactly exactly);
+    double sunAtObserver();
     void putEnd(int index, double t) const;
     void noteInside();
+    void noteHighest(double t, bool inside);
     void scanMaximum(double from, double to);
 
     WinpData* in;
     int isat;
     double sign;  // 1 forward, -1 backward
     bool relative;
+    bool lean;  // only what is asked for is found, and bounds may settle it
     PassArrays pass;
     bool groundPoint = false;  // seen at an instant inside the pass
+    LazyPosition position;
+    PassBounds bounds;
+    double now = 0;        // the instant where the walk is
+    bool found = true;     // the position there has been found
+    bool complete = true;  // and everything else
 };
+
+void Walk::goTo(double t)
+{
+    now = t;
+    found = true;
+    complete = !lean;
+    if (!lean) {
+        GetSatPos(t, in, satpos, isat, 0);
+        return;
+    }
+    position.look(t);
+    bounds.anchor(position.scene());
+}
+
+/// Goes to an instant of which nothing has to be known.
+void Walk::passBy(double t)
+{
+    now = t;
+    found = complete = false;
+}
 
 bool Walk::look(double t)
 {
-    GetSatPos(t, in, satpos, isat, 0);
-    return cksatok(in, satpos, isat) != 0;
+    goTo(t);
+    return lean ? observerConditions(*in, *this) : cksatok(in, satpos, isat) != 0;
 }
 
 double Walk::elevation(double t)
 {
-    GetSatPos(t, in, satpos, isat, 0);
+    goTo(t);
     return satpos->el[isat];
 }
 
+void Walk::finish()
+{
+    if (!found)
+        goTo(now);
+    if (!complete)
+        position.complete();
+    complete = true;
+}
+
+double Walk::sunAtObserver()
+{
+    if (!lean)
+        return satpos->osunel;
+    const double el = position.sunAtObserver();
+    bounds.anchorSun(position.scene());
+    return el;
+}
+
+/// @param exactly  tells what the Sun's place itself says
+template <class Exactly>
+bool Walk::sunAbove(double degrees, Exactly exactly)
+{
+    if (degrees > highestSunDeg)
+        return false;
+    const Verdict settled = lean ? bounds.sunAbove(degrees, now) : Verdict::open;
+    return settled == Verdict::open ? exactly() : settled == Verdict::yes;
+}
+
+bool Walk::sunlit()
+{
+    const Verdict settled = bounds.sunlit(now);
+    if (settled != Verdict::open)
+        return settled == Verdict::yes;
+    const double el = position.sunAtSatellite();
+    bounds.anchorSun(position.scene());
+    return el >= 0.0;
+}
+
 /// By the state at the instant looked at last.
-double Walk::step() const
+double Walk::step()
 {
     if (relative || in->satel < 0.0)
         return oneMinuteDays;
-    if (sign > 0.0 && satpos->osunel - sunFarAboveDeg > in->sunel)
+    const auto sunFarAbove = [&] { return sunAtObserver() - sunFarAboveDeg > in->sunel; };
+    if (sign > 0.0 && sunAbove(in->sunel + sunFarAboveDeg, sunFarAbove))
         return sunStepDays;
     return satpos->el[isat] < farBelowHorizonDeg ? coarseStepDays : oneMinuteDays;
+}
+
+/// What the bounds settle of the conditions, the cheaper ones first.
+Verdict Walk::conditionsAt(double t)
+{
+    if (!lean)
+        return Verdict::open;
+    const Verdict tooHigh = in->sunel > highestSunDeg ? Verdict::no : bounds.sunAbove(in->sunel, t);
+    if (tooHigh == Verdict::yes)
+        return Verdict::no;
+    const Verdict high = bounds.highEnough(t);
+    if (high == Verdict::no || in->visflg == 0)
+        return high == Verdict::yes && tooHigh == Verdict::open ? Verdict::open : high;
+    const Verdict lit = bounds.sunlit(t);
+    if (lit == (in->moonflg ? Verdict::yes : Verdict::no))
+        return Verdict::no;
+    const bool holds = !in->moonflg && lit == Verdict::yes && high == Verdict::yes && tooHigh == Verdict::no;
+    return holds ? Verdict::yes : Verdict::open;
+}
+
+/// Whether the bounds settle that the conditions fail at an instant outside of passes, and the step from there.
+bool Walk::failsAt(double t, double& stepThere)
+{
+    const bool stepsVary = !(in->satel < 0.0);
+    if (lean && stepsVary && sign > 0.0 && !(in->sunel > highestSunDeg)) {
+        const Verdict farAbove = bounds.sunAbove(in->sunel + sunFarAboveDeg, t);
+        stepThere = sunStepDays;
+        if (farAbove != Verdict::no)
+            return farAbove == Verdict::yes;
+    }
+    if (conditionsAt(t) != Verdict::no)
+        return false;
+    const Verdict farBelow = stepsVary ? bounds.farBelow(t) : Verdict::no;
+    stepThere = farBelow == Verdict::yes ? coarseStepDays : oneMinuteDays;
+    return farBelow != Verdict::open;
+}
+
+/// Whether the bounds settle that the pass goes on at an instant, and that it is not the highest so far.
+bool Walk::holdsBelowBest(double t)
+{
+    return lean && bounds.notAboveBest(t) == Verdict::yes && conditionsAt(t) == Verdict::yes;
 }
 
 void Walk::putEnd(int index, double t) const
@@ -143,27 +309,41 @@ bool Walk::findPass(double t, double limit)
 {
     bool inside = false;
     while (!beyond(t, limit)) {
-        const bool holds = look(t);
-        if (inside && !holds) {
-            putEnd(2, t);
-            return true;
+        double stepThere = oneMinuteDays;
+        if (inside ? holdsBelowBest(t) : failsAt(t, stepThere)) {
+            passBy(t);
+        } else {
+            const bool holds = look(t);
+            if (inside && !holds) {
+                putEnd(2, t);
+                return true;
+            }
+            if (holds)
+                noteHighest(t, inside);
+            inside = holds;
+            stepThere = step();
         }
-        if (holds) {
-            noteInside();
-            if (!inside)
-                putEnd(0, t);
-            if (!inside || satpos->el[isat] > pass.a[1])
-                pass.put(1, t, satpos->el[isat], satpos->az[isat]);
-            inside = true;
-        }
-        const double next = t + sign * step();
+        const double next = t + sign * stepThere;
         if (!beyond(next, t))  // a time too far off for steps of a minute, or no number
             break;
         t = next;
     }
+    if (!found)
+        goTo(now);
     if (inside)
         putEnd(2, limit);
     return inside;
+}
+
+void Walk::noteHighest(double t, bool inside)
+{
+    noteInside();
+    if (!inside)
+        putEnd(0, t);
+    if (inside && !(satpos->el[isat] > pass.a[1]))
+        return;
+    pass.put(1, t, satpos->el[isat], satpos->az[isat]);
+    bounds.setBest(satpos->el[isat]);
 }
 
 /// Moves an end back by bisection, starting one step after the change, to where `wanted` still is the outcome.
@@ -171,15 +351,30 @@ void Walk::bisectEnd(int index, bool wanted)
 {
     double h = halfMinuteDays;
     double trial = pass.tm[index] - h;
+    bool endFound = true;
     for (int round = 0; round < bisectionRounds; ++round) {
-        const bool holds = look(trial);
+        const Verdict settled = conditionsAt(trial);
+        const bool holds = settled == Verdict::open ? look(trial) : settled == Verdict::yes;
+        if (settled != Verdict::open)
+            passBy(trial);
         if (holds)
             noteInside();
-        if (holds == wanted)
-            putEnd(index, trial);
+        if (holds == wanted) {
+            endFound = settled == Verdict::open;
+            pass.tm[index] = trial;
+            if (endFound)
+                putEnd(index, trial);
+        }
         h /= 2.0;
-        trial += holds == wanted ? -h : h;
+        if (round + 1 < bisectionRounds)
+            trial += holds == wanted ? -h : h;
     }
+    if (endFound)
+        return;
+    goTo(pass.tm[index]);
+    putEnd(index, now);
+    if (trial != now)
+        passBy(trial);
 }
 
 /// For the backward walk: from one minute later (in time) downward to the first second with the wanted outcome.
@@ -225,9 +420,15 @@ void Walk::refineMaximum()
 /// Ends where the elevation falls below the best of the scan, which has none before it improves on the pass.
 void Walk::scanMaximum(double from, double to)
 {
-    double best = -100.0;
+    double best = noneYetDeg;
     double t = from;
     for (int second = 0; second <= secondsPerMinute && !beyond(t, to); ++second, t += sign * oneSecondDays) {
+        if (lean && best < lowestElevationDeg && bounds.notAboveBest(t) == Verdict::yes) {
+            passBy(t);
+            continue;
+        }
+        if (lean)
+            position.expect(t, sign * oneSecondDays);
         const double el = elevation(t);
         if (el > pass.a[1]) {
             pass.put(1, t, el, satpos->az[isat]);
@@ -267,7 +468,8 @@ double heldSpan(double days)
 
 int cksatok(WinpData* in, SatPosData* sp, int isat)
 {
-    return relativeMode(*in) ? relativeConditions(*in, *sp, isat) : observerConditions(*in, *sp, isat);
+    return relativeMode(*in) ? relativeConditions(*in, *sp, isat)
+                             : observerConditions(*in, RecordedInstant{*in, *sp, isat});
 }
 
 double gpassend(WinpData* in, SatPosData* sp, int isat, double t, double tlimit)
@@ -282,32 +484,42 @@ double gpassbeg(WinpData* in, SatPosData* sp, int isat, double t, double tlimit)
 
 int nextpass(WinpData* in, int isat, double t0, double t1, double* tm, double* a, double* b)
 {
+    releaseVectorRegisters();
     if (in->iridflg == event::iridium)
         in->occra = 0.0;
     Walk walk(in, isat, 1.0, {tm, a, b});
-    if (!walk.findPass(in->pasjmp ? gpassend(in, satpos, isat, t0, t1) : t0, t1))
+    if (!walk.findPass(in->pasjmp ? gpassend(in, satpos, isat, t0, t1) : t0, t1)) {
+        walk.finish();
         return 0;
+    }
     if (tm[0] > t0)
         walk.bisectEnd(0, true);
     if (tm[2] > t0 && tm[2] < t1)
         walk.bisectEnd(2, false);
-    if (in->iridflg != event::plain)
+    if (in->iridflg != event::plain) {
+        walk.finish();
         return GetIrid(in, isat, walk.sawGroundPoint(), tm, a, b);
+    }
     if (!walk.maximumOutside())
         walk.refineMaximum();
+    walk.finish();
     return 1;
 }
 
 int lastpass(WinpData* in, int isat, double t0, double t1, double* tm, double* a, double* b)
 {
+    releaseVectorRegisters();
     Walk walk(in, isat, -1.0, {tm, a, b});
-    if (!walk.findPass(in->pasjmp ? gpassbeg(in, satpos, isat, t0, t1) : t0, t1))
+    if (!walk.findPass(in->pasjmp ? gpassbeg(in, satpos, isat, t0, t1) : t0, t1)) {
+        walk.finish();
         return 0;
+    }
     if (tm[0] < t0)
         walk.scanEnd(0, true);
     if (tm[2] > t1 && tm[2] < t0)
         walk.scanEnd(2, false);
     if (!walk.maximumOutside())
         walk.refineMaximum();
+    walk.finish();
     return 1;
 }

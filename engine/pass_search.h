@@ -11,6 +11,9 @@ bool relativeMode(const WinpData& in);
 /// The search step near the horizon, and the margin behind a pass.
 constexpr double oneMinuteDays = 0.0006944444444444445;
 
+/// Below this elevation a search takes coarse steps.
+constexpr double farBelowHorizonDeg = -25.0;
+
 /// A search over a longer span than this would not end in an acceptable time.
 constexpr double longestSpanDays = 100000.0;
 

@@ -1,9 +1,12 @@
 #include "engine/position.h"
 
+#include <array>
 #include <cmath>
+#include <utility>
 
 #include "astro/angles.h"
 #include "engine/event_geometry.h"
+#include "engine/lazy_position.h"
 #include "engine/pass_search.h"
 #include "engine/position_stages.h"
 
@@ -73,48 +76,129 @@ private:
 
 }  // namespace
 
-void GetSatPos(double mjd, WinpData* in, SatPosData* sp, int isat, int vis)
+LazyPosition::LazyPosition(WinpData* in, SatPosData* sp, int isat, bool relative)
 {
-    const RelativeObserver relative(mjd, in, sp, isat);
-    Scene s;
     s.in = in;
     s.sp = sp;
     s.isat = isat;
     s.prime = isat == in->prs;
-    s.relative = relative.active();
+    s.relative = relative;
+    readObserver(s);
+}
 
+void LazyPosition::look(double mjd)
+{
+    known = {};
     setTimes(s, mjd);
     setNutation(s);
-    placeSun(s);
-    if (moonWanted(s))
-        placeMoon(s);
-    setEpochMatrix(s);
+    if (s.in->numflg[s.isat]) {
+        needSun();
+        needMoon();
+    }
     propagate(s);
     turnToTrueOfDate(s);
+    findAzimuthElevation(s);
+}
+
+void LazyPosition::expect(double mjd, double step)
+{
+    const WinpData& in = *s.in;
+    const double epoch = in.mjdep[s.isat];
+    if (in.numflg[s.isat] || !in.aflg[s.isat] || ahead.has(mjd - epoch))
+        return;
+    std::array<double, Sgp4Ahead::instants> days{};
+    for (double& day : days) {
+        day = mjd - epoch;
+        mjd += step;
+    }
+    ahead.workOut(s.in, s.isat, days);
+    s.ahead = &ahead;
+}
+
+void LazyPosition::needSun()
+{
+    if (!std::exchange(known.sun, true))
+        placeSun(s);
+}
+
+void LazyPosition::needMoon()
+{
+    if (!std::exchange(known.moon, true))
+        placeMoon(s);
+}
+
+void LazyPosition::needSubSatellitePoint()
+{
+    if (std::exchange(known.subSatellitePoint, true))
+        return;
+    setGreenwich(s);
+    findSubSatellitePoint(s);
+}
+
+double LazyPosition::sunAtObserver()
+{
+    needSun();
+    if (!std::exchange(known.sunAtObserver, true))
+        findSunAtObserver(s);
+    return s.sp->osunel;
+}
+
+double LazyPosition::sunAtSatellite()
+{
+    needSun();
+    needSubSatellitePoint();
+    if (!std::exchange(known.sunAtSatellite, true))
+        findSunAtSatellite(s);
+    return s.sp->sunel[s.isat];
+}
+
+double LazyPosition::moonAtSatellite()
+{
+    needMoon();
+    needSubSatellitePoint();
+    if (!std::exchange(known.moonAtSatellite, true))
+        findMoonAtSatellite(s);
+    return s.sp->moonel[s.isat];
+}
+
+void LazyPosition::complete(int vis)
+{
+    const WinpData& in = *s.in;
+    needSun();
+    if (moonWanted(s))
+        needMoon();
+    needSubSatellitePoint();
+    setEpochMatrix(s);
     placeObserver(s);
     findObserverVelocity(s);
     findApparentPlace(s);
     findRangeRate(s);
     findSubSolarPoint(s);
-    findAzimuthElevation(s);
     findBeta(s);
-    if (in->eclflg && s.prime)
+    if (in.eclflg && s.prime)
         findSolarEclipse(s);
-    findSubSatellitePoint(s);
-    findSunAtObserver(s);
-    findSunAtSatellite(s);
-    if (in->moonflg)
-        findMoonAtSatellite(s);
-    if (in->chlen > 0 && s.prime)
+    sunAtObserver();
+    sunAtSatellite();
+    if (in.moonflg)
+        moonAtSatellite();
+    if (in.chlen > 0 && s.prime)
         findMagnitude(s);
-    if (vis && in->occflg == 0 && in->flarflg == 0)
-        GetSatVis(sp, s.subLatGeocentric, isat);
-    if (in->occflg != 0)
+    if (vis && in.occflg == 0 && in.flarflg == 0)
+        GetSatVis(s.sp, s.subLatGeocentric, s.isat);
+    if (in.occflg != 0)
         findTransitPoint(s);
-    if (in->flarflg || (in->iridflg == event::iridium && s.prime))
+    if (in.flarflg || (in.iridflg == event::iridium && s.prime))
         findFlare(s);
-    if (s.relative)
-        relative.close(s);
+}
+
+void GetSatPos(double mjd, WinpData* in, SatPosData* sp, int isat, int vis)
+{
+    const RelativeObserver relative(mjd, in, sp, isat);
+    LazyPosition position(in, sp, isat, relative.active());
+    position.look(mjd);
+    position.complete(vis);
+    if (relative.active())
+        relative.close(position.scene());
 }
 
 double ElvRefr(WinpData* in, double el)

@@ -82,7 +82,7 @@ double moonRadius(double distance)
 void findMoonAtObserver(Scene& s)
 {
     double distance = 0;
-    AppPos(s.ut1, s.eqeq, s.lat, s.lng, s.height, 1, s.moon, s.sp->omoonaz, s.sp->omoonel, distance);
+    AppPos(s.site, s.ut1, s.eqeq, s.lng, 1, s.moon, s.sp->omoonaz, s.sp->omoonel, distance);
     s.sp->moonrad = moonRadius(distance);
     if (s.in->sunmplt)
         s.sp->moonph = dot(vnorm(s.moon - s.sun), vnorm(s.moon));
@@ -95,6 +95,17 @@ Vec3 occultationTarget(const Scene& s)
     const double dec = DmsDegF(held(s.in->occdec, heldDegrees)) * radPerDeg;
     const Vec3 target = polcar(Vec3(1.0, ra, dec));
     return s.epochChosen ? mxvct(mxtrn(s.toEpoch), target) : target;
+}
+
+/// By the year of the date.
+double ttUtOf(double mjd, const WinpData* in)
+{
+    int day = 0;
+    int month = 0;
+    int year = 0;
+    double hour = 0;
+    caldat(mjd, day, month, year, hour);
+    return SetTtUt(in, year);
 }
 
 }  // namespace
@@ -114,18 +125,30 @@ void setTimes(Scene& s, double mjd)
     s.ut1 = s.mjd;
     if (s.in->IERSflg)
         s.ut1 += held(s.in->Ut1Utc, heldSeconds) / 86400.0;
-    int day = 0;
-    int month = 0;
-    int year = 0;
-    double hour = 0;
-    caldat(s.mjd, day, month, year, hour);
-    s.T = julcent(s.mjd + SetTtUt(s.in, year) / 86400.0);
+    if (const double day = std::floor(s.mjd); day != s.ttUtDay) {
+        s.ttUtDay = day;
+        s.ttUt = ttUtOf(s.mjd, s.in);
+    }
+    s.T = julcent(s.mjd + s.ttUt / 86400.0);
 }
 
 void setNutation(Scene& s)
 {
     s.nutation = nutmat(s.T, s.eqeq, s.in->IERSflg);
+}
+
+void setGreenwich(Scene& s)
+{
     s.greenwich = lsidtim(s.ut1, 0.0, s.eqeq) * radPerHour;
+}
+
+void readObserver(Scene& s)
+{
+    s.lngDeg = held(s.in->lng, heldDegrees);
+    s.lat = held(s.in->lat, heldDegrees) * radPerDeg;
+    s.lng = s.lngDeg * radPerDeg;
+    s.height = held(s.in->height, heldHeightMetres);
+    s.site = observerSite(s.lat, s.height);
 }
 
 void placeSun(Scene& s)
@@ -151,15 +174,13 @@ void setEpochMatrix(Scene& s)
     const double year = held(s.in->yrepoch, heldYears);
     s.epochChosen = year != 0.0;
     if (s.epochChosen)
-        s.toEpoch = pmatequ(s.T, (year - 2000.0) / 100.0);
+        s.toEpoch = pmatequ(s.T, (year - 2000.0) / 100.0) * mxtrn(s.nutation);
 }
 
 void turnToTrueOfDate(Scene& s)
 {
     s.r = mxvct(s.nutation, s.r);
     s.v = mxvct(s.nutation, s.v);
-    if (s.epochChosen)
-        s.toEpoch = s.toEpoch * mxtrn(s.nutation);
     if (!s.relative) {
         s.sp->rsat = s.r;
         s.sp->vsat = s.v;
@@ -168,10 +189,6 @@ void turnToTrueOfDate(Scene& s)
 
 void placeObserver(Scene& s)
 {
-    s.lngDeg = held(s.in->lng, heldDegrees);
-    s.lat = held(s.in->lat, heldDegrees) * radPerDeg;
-    s.lng = s.lngDeg * radPerDeg;
-    s.height = held(s.in->height, heldHeightMetres);
     const double xp = held(s.in->IERSxp, heldArcSeconds);
     const double yp = held(s.in->IERSyp, heldArcSeconds);
     s.observer = GeoPos(s.ut1, s.eqeq, s.lat, s.lng, s.height, xp, yp) * earthRadiusKm;
@@ -205,7 +222,7 @@ void findRangeRate(Scene& s)
     s.sp->rrate[s.isat] = dot(s.v, u) - dot(s.observerVelocity, u);
 }
 
-void findSubSolarPoint(Scene& s)
+void findSubSolarPoint(const Scene& s)
 {
     const Vec3 polar = carpol(s.sun);
     s.sp->sslng = wrapPi(polar[1] - s.greenwich) * degPerRad;
@@ -217,7 +234,7 @@ void findAzimuthElevation(Scene& s)
     double az = 0;
     double el = 0;
     double dst = 0;
-    AppPos(s.ut1, s.eqeq, s.lat, s.lng, s.height, 1, s.r / earthRadiusKm, az, el, dst);
+    AppPos(s.site, s.ut1, s.eqeq, s.lng, 1, s.r / earthRadiusKm, az, el, dst);
     if (az < 0.0)
         az += twoPi;
     s.sp->az[s.isat] = az * degPerRad;
@@ -255,7 +272,7 @@ void findSunAtObserver(Scene& s)
 {
     double el = 0;
     double distance = 0;
-    AppPos(s.ut1, s.eqeq, s.lat, s.lng, s.height, 1, s.sun, s.sp->osunaz, el, distance);
+    AppPos(s.site, s.ut1, s.eqeq, s.lng, 1, s.sun, s.sp->osunaz, el, distance);
     s.sp->osunel = el * degPerRad;
 }
 

@@ -2,15 +2,19 @@
 #pragma once
 
 #include "app/record/winp_data.h"
+#include "astro/frames.h"
 #include "astro/mat3.h"
 #include "astro/vec3.h"
 #include "engine/magnitude.h"
 #include "engine/satpos_data.h"
 
+class Sgp4Ahead;
+
 /// Equatorial radius of the Earth in the engine.
 constexpr double earthRadiusKm = 6378.137;
 
-/// What the stages hand on; made anew in each call. A stage reads what stages named before it have filled.
+/// What the stages hand on. A stage reads what stages named before it have filled for the same instant; observer and
+/// TT minus UT are kept from one instant to the next.
 struct Scene
 {
     WinpData* in = nullptr;
@@ -21,22 +25,26 @@ struct Scene
 
     double mjd = 0;            // UTC
     double ut1 = 0;            // MJD
+    double ttUt = 0;           // TT minus UT, seconds
+    double ttUtDay = -1e300;   // the day of `mjd` for which it stands
     double T = 0;              // Julian centuries of TT from J2000
     Mat3 nutation = mxidn();   // mean to true equator of date
     double eqeq = 0;           // equation of the equinoxes, seconds of time
     double greenwich = 0;      // apparent sidereal time, radians
     bool epochChosen = false;  // coordinates on show are those of a fixed equinox
-    Mat3 toEpoch = mxidn();    // mean of date, later true of date, to the equator of that epoch
+    Mat3 toEpoch = mxidn();    // true of date to the equator of that epoch
     Vec3 sun;                  // true equator of date, Earth radii
     Vec3 moon;                 // the same; zero unless a stage needs it
 
-    Vec3 r;  // satellite, km: mean equator of date, then true of date
-    Vec3 v;  // km/s
+    const Sgp4Ahead* ahead = nullptr;  // what is known of the states to come
+    Vec3 r;                            // satellite, km: mean equator of date, then true of date
+    Vec3 v;                            // km/s
 
     double lat = 0;         // observer, radians
     double lng = 0;         // radians
     double lngDeg = 0;      // degrees
     double height = 0;      // metres
+    ObserverSite site;      // the same place
     Vec3 observer;          // true equator of date, km
     Vec3 observerVelocity;  // km/s
     Vec3 sight;             // from the observer to the satellite, km
@@ -59,6 +67,8 @@ double wrapPi(double x);
 // Time, Sun, Moon and frames.
 void setTimes(Scene& s, double mjd);
 void setNutation(Scene& s);
+void setGreenwich(Scene& s);
+void readObserver(Scene& s);
 void placeSun(Scene& s);
 void placeMoon(Scene& s);
 bool moonWanted(const Scene& s);
@@ -73,7 +83,7 @@ void placeObserver(Scene& s);
 void findObserverVelocity(Scene& s);
 void findApparentPlace(Scene& s);
 void findRangeRate(Scene& s);
-void findSubSolarPoint(Scene& s);
+void findSubSolarPoint(const Scene& s);
 void findAzimuthElevation(Scene& s);
 void findBeta(Scene& s);
 

@@ -34,7 +34,9 @@ void replaceSenselessState(Vec3& r, Vec3& v)
 /// SGP4 counts right ascension from the mean equinox on the true equator.
 void analyticState(Scene& s)
 {
-    Sgp4(s.in, s.mjd - s.in->mjdep[s.isat], s.isat, s.r, s.v);
+    const double days = s.mjd - s.in->mjdep[s.isat];
+    if (!s.ahead || !s.ahead->find(days, s.r, s.v))
+        Sgp4(s.in, days, s.isat, s.r, s.v);
     const Mat3 turn = zrot(-s.eqeq / eqeqSecondsPerRad);
     s.r = mxvct(turn, s.r);
     s.v = mxvct(turn, s.v);

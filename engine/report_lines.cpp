@@ -1,6 +1,9 @@
 #include "engine/report_lines.h"
 
+#include "app/record/numbers.h"
+#include "app/record/winp_data.h"
 #include "app/record/wout_data.h"
+#include "engine/pass_search.h"
 
 void putLines(WoutData* out, std::initializer_list<const char*> lines)
 {
@@ -10,4 +13,13 @@ void putLines(WoutData* out, std::initializer_list<const char*> lines)
         else
             PutSpace(out);
     }
+}
+
+bool addHeldSpan(TextWriter& heading, const WinpData& in)
+{
+    const double held = heldSpan(in.dur);
+    if (held == in.dur)
+        return false;
+    heading.addFormatted(" *** Time span held to %g days ***", held);
+    return true;
 }

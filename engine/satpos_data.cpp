@@ -6,4 +6,4 @@ SatPosData reported;
 }  // namespace
 
 SatPosData* satps = &plotted;
-SatPosData* satpos = &reported;
+constinit thread_local SatPosData* satpos = &reported;

@@ -56,5 +56,6 @@ struct SatPosData
 /// Positions of the last plot. Made before main, never freed.
 extern SatPosData* satps;
 
-/// Positions of the last report step: a report leaves what is on the map untouched. Made before main, never freed.
-extern SatPosData* satpos;
+/// Positions of the last report step: a report leaves what is on the map untouched. Made before main, never freed. A
+/// thread that helps in a search points it at a record of its own first.
+extern constinit thread_local SatPosData* satpos;

@@ -5,6 +5,7 @@
 #include "app/record/numbers.h"
 #include "engine/pass_search.h"
 #include "engine/position.h"
+#include "engine/report_lines.h"
 #include "reports/step_lines.h"
 
 #include <string>
@@ -18,10 +19,10 @@ void writeHeading(const WinpData& in)
 {
     char text[lineRoom];
     TextWriter heading(text);
-    heading.addFormatted("\n Year: %4i  +++> Timezone %g <+++", in.year, in.tzone);
-    if (heldSpan(in.dur) != in.dur)
-        heading.addFormatted("\n *** Time span held to %g days ***", heldSpan(in.dur));
-    heading.add("\n").add(std::string(21, ' '));
+    heading.addFormatted("\n Year: %4i  +++> Timezone %g <+++\n", in.year, in.tzone);
+    if (addHeldSpan(heading, in))
+        heading.add("\n");
+    heading.add(std::string(21, ' '));
     heading.add(groundPointWanted(in) ? " Ctr.Line  long.    lat.\n" : "\n").add("\n");
     std::fputs(text, outptr);
 }

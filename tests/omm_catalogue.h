@@ -58,7 +58,7 @@ inline std::string date(const std::string& field)
 {
     const int year = 2000 + std::stoi(columns(field, 1, 2)) - (std::stoi(columns(field, 1, 2)) < 57 ? 0 : 100);
     int day = std::stoi(columns(field, 3, 5)), month = 0;
-    std::array<int, 12> lengths{31, year % 4 == 0 ? 29 : 28, 31, 30, 31, 30, 31, 31, 30, 31, 30, 31};
+    const std::array<int, 12> lengths{31, year % 4 == 0 ? 29 : 28, 31, 30, 31, 30, 31, 31, 30, 31, 30, 31};
     for (; day > lengths[static_cast<std::size_t>(month)]; ++month)
         day -= lengths[static_cast<std::size_t>(month)];
     const long long us = std::stoll(columns(field, 7, 14)) * 864;

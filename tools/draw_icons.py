@@ -2,8 +2,10 @@
 """Draws the icons of the tool bar and of the window into resources/icons, and the icon of the window in the sizes of
 a desktop into resources/desktop/hicolor.
 
-Simple shapes in one look: a dark blue pencil, pale fills, one orange mark for the satellite. Needs the standard
-library only. Run it from anywhere; the files come out the same byte for byte.
+Simple shapes in one look: a dark blue pencil, pale fills, one orange mark for the satellite. A pale rim keeps the
+pencil legible on a dark tool bar; on a light one it does not show. Each icon of the tool bar comes in two sizes, the
+second for a screen of twice the resolution. Needs the standard library only. Run it from anywhere; the files come out
+the same byte for byte.
 """
 import functools
 import math
@@ -45,6 +47,22 @@ class Canvas:
         total = cover + alpha * (1 - cover)
         mixed = [(c * cover + old * alpha * (1 - cover)) / total for c, old in zip(colour, (red, green, blue))]
         self.pixels[y][x] = (*mixed, total)
+
+    def rim(self, width, colour):
+        """Lays a rim of width grid units under the shapes, solid at their edge and fading outwards."""
+        reach = math.ceil(width / self.unit)
+        steps = range(-reach, reach + 1)
+        near = [(dx, dy, max(0, 1 - math.hypot(dx, dy) / (reach + 1))) for dx in steps for dy in steps]
+        before = [[alpha for _, _, _, alpha in row] for row in self.pixels]
+        for y in range(self.size):
+            for x in range(self.size):
+                glow = max(before[y + dy][x + dx] * fall for dx, dy, fall in near
+                           if 0 <= x + dx < self.size and 0 <= y + dy < self.size)
+                red, green, blue, alpha = self.pixels[y][x]
+                total = alpha + glow * (1 - alpha)
+                if total > 0:
+                    mixed = [(c * alpha + r * glow * (1 - alpha)) / total for c, r in zip((red, green, blue), colour)]
+                    self.pixels[y][x] = (*mixed, total)
 
     def disc(self, x, y, r, colour):
         self.fill(lambda px, py: (px - x) ** 2 + (py - y) ** 2 <= r * r, colour)
@@ -263,6 +281,13 @@ def satptstp(c):
         c.disc(x, y, 1.8, ORANGE)
 
 
+def satpwhat(c):
+    c.polygon([(2, 2), (2, 16.5), (5.4, 13.4), (7.8, 19), (10.6, 17.8), (8.2, 12.3), (12.8, 12.3)], BLUE)
+    c.polygon([(3.5, 5.5), (3.5, 13), (5.9, 10.9), (9.3, 10.9)], PALE)
+    c.path(arc_points(16, 6, 3.4, -84, 132) + [(16, 11.4)], 2, ORANGE)
+    c.disc(16, 15, 1.4, ORANGE)
+
+
 def vorlix32(c):
     c.disc(16, 16, 10, BLUE)
     c.disc(16, 16, 8.6, SEA)
@@ -274,23 +299,26 @@ def vorlix32(c):
 
 
 TOOL_BAR = (fileopen, filesave, satpsels, satpnx4p, satpdate, satploc, satppaos, satpirid, satpfind, satpxorb, satprtim,
-            satpdltm, satppass, satprefr, satpswss, satpsmap, satpvisb, satptstp)
+            satpdltm, satppass, satprefr, satpswss, satpsmap, satpvisb, satptstp, satpwhat)
 
 
 DESKTOP_SIZES = (16, 22, 24, 32, 48, 64, 128, 256)
 
 
-def save(draw, size, grid, *path):
+def save(draw, size, grid, *path, rim=0):
     path = os.path.join(os.path.dirname(os.path.abspath(__file__)), "..", "resources", *path)
     os.makedirs(os.path.dirname(path), exist_ok=True)
     canvas = Canvas(size, grid)
     draw(canvas)
+    if rim:
+        canvas.rim(rim, PALE)
     canvas.save(path)
 
 
 def main():
     for draw in TOOL_BAR:
-        save(draw, 22, 22, "icons", draw.__name__ + ".png")
+        save(draw, 22, 22, "icons", draw.__name__ + ".png", rim=1)
+        save(draw, 44, 22, "icons", draw.__name__ + "@2x.png", rim=1)
     save(vorlix32, 32, 32, "icons", "vorlix32.png")
     for size in DESKTOP_SIZES:
         save(vorlix32, size, 32, "desktop", "hicolor", f"{size}x{size}", "apps", "vorlix.png")

@@ -38,6 +38,18 @@ QString remark(const std::vector<int>& leftOutSlots)
 {
     return leftOutSlots.empty() ? QString() : VorlixView::tr("\n\nLeft out:") + namesOf(leftOutSlots);
 }
+
+/// Asks for a line of text, in a window wide enough for a usual address. Empty if it was cancelled.
+QString askForLine(QWidget* parent, const QString& label, const QString& proposed, bool& accepted)
+{
+    QInputDialog dialog(parent);
+    dialog.setWindowTitle(VorlixView::tr("Online Update"));
+    dialog.setLabelText(label);
+    dialog.setTextValue(proposed);
+    dialog.resize(dialog.fontMetrics().averageCharWidth() * 80, dialog.sizeHint().height());
+    accepted = dialog.exec() == QDialog::Accepted;
+    return accepted ? dialog.textValue() : QString();
+}
 }  // namespace
 
 QString VorlixView::getTLEname() const
@@ -77,10 +89,8 @@ void VorlixView::setTSaveName(const QString& name)
 
 void VorlixView::vFileSave()
 {
-    if (indata->satn < 1 && indata->iridflg != event::iridium) {
-        QMessageBox::information(this, tr("Vorlix"), tr("*** No Satellite Selected ***"));
-        return;
-    }
+    if (indata->satn < 1 && indata->iridflg != event::iridium)
+        return sayNoSatellite(this);
     vsFileName(indata->savename);
     const Keep toFile(indata->tofile, 1);
     if (indata->iridflg == event::iridium) {
@@ -93,10 +103,8 @@ void VorlixView::vFileSave()
 
 void VorlixView::vOrbitTrack()
 {
-    if (indata->satn < 1) {
-        QMessageBox::information(this, tr("Vorlix"), tr("*** No Satellite Selected ***"));
-        return;
-    }
+    if (indata->satn < 1)
+        return sayNoSatellite(this);
     vsFileName(indata->savename);
     int result = 0;
     {
@@ -111,10 +119,8 @@ void VorlixView::vOrbitTrack()
 
 void VorlixView::vTLESave()
 {
-    if (indata->satn < 1) {
-        QMessageBox::information(this, tr("Vorlix"), tr("*** No Satellite Selected ***"));
-        return;
-    }
+    if (indata->satn < 1)
+        return sayNoSatellite(this);
     vsFileName(indata->tlesave);
     const LeftOut out = leftOut(*indata);
     const bool shorten = !out.numbers.empty() && agreesToShorten(this, out.numbers);
@@ -134,12 +140,12 @@ void VorlixView::vTLESave()
 int VorlixView::vUpdate(QString& host, QString& path, QString& file)
 {
     bool accepted = false;
-    const QString address = QInputDialog::getText(this, tr("Online Update"), tr("URL for TLE file to be downloaded:"),
-                                                  QLineEdit::Normal, proposedAddress(indata), &accepted);
+    const QString address =
+        askForLine(this, tr("URL for TLE file to be downloaded:"), proposedAddress(indata), accepted);
     QString name = fileNameOfAddress(address);
     if (accepted && name.isEmpty() && address.contains(QLatin1Char('/')))
-        name = QInputDialog::getText(this, tr("Online Update"), tr("Name of the file that takes the elements:"),
-                                     QLineEdit::Normal, suggestedFileName(address), &accepted);
+        name =
+            askForLine(this, tr("Name of the file that takes the elements:"), suggestedFileName(address), accepted);
     if (accepted && !name.isEmpty() && !isFileName(name)) {
         QMessageBox::warning(this, tr("Online Update"), tr("No file can bear the name %1.").arg(name));
         return 1;

@@ -20,7 +20,6 @@ namespace {
 
 constexpr QSize textSize(860, 2500);
 constexpr QSize mapSize(721, 501);
-constexpr QSize displaySize(860, 501);
 constexpr QSize legendSize(860, 140);
 
 QColor backgroundColour(int mgrey)
@@ -40,7 +39,8 @@ QColor backgroundColour(int mgrey)
 VorlixView::VorlixView(QWidget* parent) : QScrollArea(parent)
 {
     setFrameShape(QFrame::NoFrame);  // a position of the mouse is a position in the pixmap
-    setFocusPolicy(Qt::NoFocus);     // a click that means nothing leaves the keys to the main window
+    viewport()->setAttribute(Qt::WA_OpaquePaintEvent);
+    setFocusPolicy(Qt::NoFocus);  // a click that means nothing leaves the keys to the main window
     resize(720, 600);
     outdata->nlines = 0;
     swelcm(indata, outdata);
@@ -68,24 +68,40 @@ void VorlixView::makePixmaps()
 
 void VorlixView::update()
 {
-    viewport()->repaint();
+    const bool mapStays = onScreen == &dspPix && onScreen == &pixmapOnShow();
+    if (unseen && mapStays && ChangedTiles::fit(devicePixelRatioF()))
+        viewport()->repaint(*unseen);
+    else
+        viewport()->repaint();
+    unseen.reset();
 }
 
-void VorlixView::paintEvent(QPaintEvent*)
+const QPixmap& VorlixView::pixmapOnShow() const
 {
+    if (indata->dspmd < 1)
+        return txtPix;
+    return indata->picflg ? picDsp : dspPix;
+}
+
+void VorlixView::paintEvent(QPaintEvent* event)
+{
+    onScreen = &pixmapOnShow();
     QPainter painter(viewport());
-    if (indata->dspmd < 1) {
+    if (onScreen == &txtPix)
         resize(txtPix.size());
-        painter.drawPixmap(0, 0, txtPix);
-    } else if (indata->picflg) {
-        if (viewport()->size() != picDsp.size())
-            resize(picDsp.size());
-        painter.drawPixmap(0, 0, picDsp);
-    } else {
-        if (viewport()->height() == txtPix.height())
-            resize(dspPix.size());
-        painter.drawPixmap(0, 0, dspPix);
+    else if (onScreen == &picDsp && viewport()->size() != picDsp.size())
+        resize(picDsp.size());
+    else if (onScreen == &dspPix && viewport()->height() == txtPix.height())
+        resize(dspPix.size());
+    for (const QRect& part : event->region() - onScreen->rect())
+        painter.fillRect(part, palette().window());
+    // with another scale parts might be taken from other pixels than the whole
+    if (devicePixelRatioF() != 1.0) {
+        painter.drawPixmap(0, 0, *onScreen);
+        return;
     }
+    for (const QRect& part : event->region() & onScreen->rect())
+        painter.drawPixmap(part, *onScreen, part);
 }
 
 int VorlixView::getLeft() const
@@ -150,6 +166,7 @@ void VorlixView::vRefresh()
 void VorlixView::drawBackground()
 {
     mapPix.fill(backgroundColour(indata->mgrey));
+    legend.reset();
     const bool disk = diskWanted();
     chooseScales(disk);
     QPainter painter(&mapPix);
@@ -197,12 +214,29 @@ void VorlixView::chooseScales(bool disk)
     }
 }
 
+/// Lays a part of the map on the display, on black where it is wider.
+void VorlixView::copyMap(QPainter& painter, const QRect& part) const
+{
+    const QRect onMap = part & mapPix.rect();
+    painter.drawPixmap(onMap, mapPix, onMap);
+    if (part.right() >= mapPix.width())
+        painter.fillRect(part & QRect(mapPix.width(), 0, dspPix.width() - mapPix.width(), dspPix.height()),
+                         Qt::black);
+}
+
 void VorlixView::copyMapToDisplay()
 {
     QPainter painter(&dspPix);
-    // the map covers the rest
-    painter.fillRect(mapPix.width(), 0, dspPix.width() - mapPix.width(), dspPix.height(), Qt::black);
-    painter.drawPixmap(0, 0, mapPix);
+    copyMap(painter, dspPix.rect());
+    marks = Marks();
+    stale.clear();
+    unseen.reset();
+}
+
+void VorlixView::forgetPlot()
+{
+    legend.reset();
+    stale.addAll();
 }
 
 void VorlixView::vRefreshP()

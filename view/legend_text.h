@@ -18,6 +18,8 @@ struct LegendText
     QString text;
     QColor colour;
     bool label = false;  // a name, on the background of the map
+
+    bool operator==(const LegendText&) const = default;
 };
 
 /// The legend of a plot, in the order of drawing; `sp` holds the positions of its time.

@@ -258,7 +258,8 @@ std::vector<QPoint> nightPoints(const MapFrame& map, double mjd)
     for (const NightMeridian& dark : nightMeridians(mjd)) {
         const Spoke spoke(map, dark.lng);
         for (int k = dark.first; k <= dark.last; ++k) {
-            const QPoint p = crossing(map, parallels[static_cast<std::size_t>(k + 180)], spoke);
+            const std::size_t halfDegrees = k + 180;  // from the south pole on
+            const QPoint p = crossing(map, parallels[halfDegrees], spoke);
             if (map.shows(p))
                 points.push_back(p);
         }

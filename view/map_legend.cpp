@@ -2,30 +2,97 @@
 
 #include "view/vorlix_view.h"
 
+#include <algorithm>
+
+#include <QFontMetrics>
 #include <QPainter>
 
 #include "engine/satpos_data.h"
-#include "view/legend_text.h"
 #include "view/painting.h"
 
 namespace {
 
 constexpr int columnX[] = {10, 150, 300, 430, 590};
 constexpr int rowBelowAscent[] = {367, 389, 411};
+constexpr QRect wholeLegend(QPoint(0, legendTop), QPoint(displaySize.width() - 1, displaySize.height() - 1));
+
+QPoint originOf(const LegendText& text, const QFontMetrics& metrics)
+{
+    return {columnX[text.column], metrics.ascent() + rowBelowAscent[text.row]};
+}
+
+/// Around the letters and, behind a name, the ground.
+QRect boxOf(const LegendText& text, const QFontMetrics& metrics)
+{
+    constexpr int overhang = 2;
+    const QRect ground(0, -metrics.ascent(), metrics.horizontalAdvance(text.text), metrics.height());
+    const QRect box = metrics.boundingRect(text.text) | ground;
+    return box.adjusted(-overhang, -overhang, overhang, overhang).translated(originOf(text, metrics));
+}
+
+bool sameStyle(const std::optional<DrawnLegend>& before, const DrawnLegend& after)
+{
+    return before && before->font == after.font && before->ground == after.ground;
+}
+
+bool sameText(const std::optional<DrawnLegend>& before, const DrawnLegend& after, std::size_t i)
+{
+    return sameStyle(before, after) && i < before->texts.size() && i < after.texts.size() &&
+           before->texts[i] == after.texts[i];
+}
+
+void measure(DrawnLegend& legend, const std::optional<DrawnLegend>& before, const QFontMetrics& metrics)
+{
+    for (std::size_t i = 0; i < legend.texts.size(); ++i)
+        legend.boxes.push_back(sameText(before, legend, i) ? before->boxes[i] : boxOf(legend.texts[i], metrics));
+}
+
+void write(QPainter& painter, const LegendText& text)
+{
+    painter.setPen(text.colour);
+    painter.setBackgroundMode(text.label ? Qt::OpaqueMode : Qt::TransparentMode);
+    painter.drawText(originOf(text, painter.fontMetrics()), text.text);
+}
 
 }  // namespace
 
+void addChanges(ChangedTiles& changed, const std::optional<DrawnLegend>& before, const DrawnLegend& after)
+{
+    if (!sameStyle(before, after)) {
+        changed.add(wholeLegend);
+        return;
+    }
+    const std::size_t count = std::max(before->texts.size(), after.texts.size());
+    for (std::size_t i = 0; i < count; ++i) {
+        if (sameText(before, after, i))
+            continue;
+        if (i < before->boxes.size())
+            changed.add(before->boxes[i]);
+        if (i < after.boxes.size())
+            changed.add(after.boxes[i]);
+    }
+}
+
 void VorlixView::drawLegend(const PlotScene& scene)
 {
-    QPainter painter(&mapPix);
-    painter.drawPixmap(0, legendTop, legendPix);
-    painter.setFont(legendFont(*indata));
     // names stand out in the colours of their markers on the map
-    painter.setBackground(indata->mgrey == 2 ? QColor(0, 0, 0) : QColor(255, 255, 255));
-    const int ascent = painter.fontMetrics().ascent();
-    for (const LegendText& text : legendTexts(indata, satps, scene)) {
-        painter.setPen(text.colour);
-        painter.setBackgroundMode(text.label ? Qt::OpaqueMode : Qt::TransparentMode);
-        painter.drawText(columnX[text.column], ascent + rowBelowAscent[text.row], text.text);
+    const QColor ground = indata->mgrey == 2 ? QColor(0, 0, 0) : QColor(255, 255, 255);
+    DrawnLegend now{legendFont(*indata), ground, legendTexts(indata, satps, scene), {}};
+    measure(now, legend, QFontMetrics(now.font, &mapPix));
+    ChangedTiles changed;
+    addChanges(changed, legend, now);
+    legend = std::move(now);
+    stale.add(changed);
+
+    const QRegion region = changed.region() & wholeLegend;
+    QPainter painter(&mapPix);
+    for (const QRect& part : region)
+        painter.drawPixmap(part, legendPix, part.translated(0, -legendTop));
+    painter.setClipRegion(region);
+    painter.setFont(legend->font);
+    painter.setBackground(legend->ground);
+    for (std::size_t i = 0; i < legend->texts.size(); ++i) {
+        if (region.intersects(legend->boxes[i]))
+            write(painter, legend->texts[i]);
     }
 }

@@ -21,6 +21,11 @@ void warnOnlyQuit(QWidget* parent, const QString& text)
     box.exec();
 }
 
+void sayNoSatellite(QWidget* parent)
+{
+    QMessageBox::information(parent, QMessageBox::tr("Vorlix"), QMessageBox::tr("*** No Satellite Selected ***"));
+}
+
 WaitCursor::WaitCursor()
 {
     QApplication::setOverrideCursor(Qt::WaitCursor);

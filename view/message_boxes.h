@@ -11,6 +11,9 @@ void warnWithQuit(QWidget* parent, const QString& text);
 /// A warning titled "Vorlix" with the one button "Quit".
 void warnOnlyQuit(QWidget* parent, const QString& text);
 
+/// A message titled "Vorlix": there is no satellite for the command.
+void sayNoSatellite(QWidget* parent);
+
 /// Shows the wait cursor for the length of a scope.
 class WaitCursor
 {

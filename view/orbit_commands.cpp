@@ -20,6 +20,7 @@
 #include "dialogs/st_launch_dialog.h"
 #include "dialogs/st_orb_det_dialog.h"
 #include "engine/epoch_state.h"
+#include "view/message_boxes.h"
 
 namespace {
 
@@ -141,10 +142,8 @@ bool VorlixView::askEventDate()
 
 void VorlixView::vDeltaV()
 {
-    if (indata->satn < 1) {
-        QMessageBox::information(this, tr("Vorlix"), tr("*** No Satellite Selected ***"));
-        return;
-    }
+    if (indata->satn < 1)
+        return sayNoSatellite(this);
     if (!indata->ionf[indata->prs] && !askEventDate())
         return;
     Maneuver maneuver = lastManeuver(*indata);

@@ -1,4 +1,4 @@
-// What stands on top of the map: markers, circles of visibility, names and the symbol of the Sun.
+// The marks of a plot, and how they come on the display.
 
 #include "view/vorlix_view.h"
 
@@ -9,6 +9,7 @@
 
 #include "engine/satpos_data.h"
 #include "view/legend_text.h"
+#include "view/marks.h"
 #include "view/painting.h"
 
 namespace {
@@ -33,23 +34,6 @@ bool isMarkedOnSky(const WinpData& in, const SatPosData& sp, int slot)
     return !in.visflg || !(sp.sunel[slot] < 0) || inMoonlight;
 }
 
-void VorlixView::drawMarkers(const PlotScene& scene)
-{
-    if (indata->satn == 0)
-        return;
-    QPainter painter(&dspPix);
-    painter.setFont(QFont("Helvetica", 8, QFont::Normal));
-    for (int slot = 0; slot < indata->satn; ++slot) {
-        const QPoint p = markerOf(slot, scene.disk);
-        lastx[slot] = p.x();
-        lasty[slot] = p.y();
-        painter.setPen(scene.colours[static_cast<std::size_t>(slot)]);
-        drawMarker(painter, slot, scene);
-    }
-    if (!scene.disk && !indata->skymap)
-        drawSunSymbol(painter, scene);
-}
-
 QPoint VorlixView::markerOf(int slot, bool disk) const
 {
     const bool events = indata->occflg || (indata->flarflg && indata->flarmod >= 1);
@@ -63,51 +47,62 @@ QPoint VorlixView::markerOf(int slot, bool disk) const
     return events ? PxCoord(satps->occlat[slot], satps->occlng[slot]) : PxCoord(satps->lat[slot], satps->lng[slot]);
 }
 
-void VorlixView::drawMarker(QPainter& painter, int slot, const PlotScene& scene)
+/// Also sets `lastx`, `lasty`.
+Marks VorlixView::marksOf(const PlotScene& scene)
 {
-    const QPoint p(lastx[slot], lasty[slot]);
-    const bool onDisplay = p.x() - 2 <= indata->mapw;
-    if (onDisplay)
-        drawSymbol(painter, p, slot, scene.disk);
-    if (scene.circles && !indata->occflg && !indata->flarflg && !indata->skymap)
-        drawCircle(painter, slot);
-    if (onDisplay && indata->nmflg && !isObserver(*indata, slot))
-        painter.drawText(p - QPoint(2, 2), shownName(*indata, slot));
+    Marks now;
+    for (int slot = 0; slot < indata->satn; ++slot)
+        now.satellites.push_back(markOf(slot, scene));
+    if (indata->satn != 0 && !scene.disk && !indata->skymap)
+        now.sun = SunMark{PxCoord(satps->sslat, satps->sslng), scene.colours[4], scene.colours[0]};
+    return now;
 }
 
-/// A square on the sky, else a circle, with a point in the middle.
-void VorlixView::drawSymbol(QPainter& painter, const QPoint& p, int slot, bool disk)
+Mark VorlixView::markOf(int slot, const PlotScene& scene)
 {
-    if (disk || !indata->skymap)
-        painter.drawEllipse(boxAbout(p, 2));
-    else if (!isObserver(*indata, slot))
-        painter.drawRect(boxAbout(p, 2));
-    else
-        return;
-    painter.drawPoint(p);
+    Mark mark;
+    mark.at = markerOf(slot, scene.disk);
+    mark.colour = scene.colours[static_cast<std::size_t>(slot)];
+    lastx[slot] = mark.at.x();
+    lasty[slot] = mark.at.y();
+    const bool onDisplay = mark.at.x() - 2 <= indata->mapw;
+    const bool observer = isObserver(*indata, slot);
+    if (onDisplay && (scene.disk || !indata->skymap))
+        mark.figure = Mark::Figure::disk;
+    else if (onDisplay && !observer)
+        mark.figure = Mark::Figure::square;
+    if (onDisplay && indata->nmflg && !observer)
+        mark.name = shownName(*indata, slot);
+    if (scene.circles && !indata->occflg && !indata->flarflg && !indata->skymap)
+        mark.circle = circleOf(slot);
+    return mark;
 }
 
 /// The edge of the region that sees the satellite.
-void VorlixView::drawCircle(QPainter& painter, int slot)
+std::vector<QPoint> VorlixView::circleOf(int slot) const
 {
     const auto degrees = [](double radians) { return 180.0 * radians / std::numbers::pi; };
     const int count = std::clamp(satps->nvis, 0, circlePoints);
-    std::array<QPoint, circlePoints> points;
+    std::vector<QPoint> points;
+    points.reserve(static_cast<std::size_t>(count));
     for (int j = 0; j < count; ++j)
-        points[static_cast<std::size_t>(j)] = PxCoord(degrees(satps->vlat[slot][j]), degrees(satps->vlng[slot][j]));
-    painter.drawPoints(points.data(), count);
+        points.push_back(PxCoord(degrees(satps->vlat[slot][j]), degrees(satps->vlng[slot][j])));
+    return points;
 }
 
-/// A star of single pixels over the subsolar point.
-void VorlixView::drawSunSymbol(QPainter& painter, const PlotScene& scene)
+/// Brings the display up to the background and the marks of the plot: what lags behind is painted, the rest stays.
+void VorlixView::showMarks(const PlotScene& scene)
 {
-    static constexpr std::array<QPoint, 16> rays{QPoint{-2, -2}, {-2, 0}, {-2, 2}, {-1, -1}, {-1, 0}, {-1, 1},
-                                                 {0, -2},        {0, -1}, {0, 1},  {0, 2},   {1, -1}, {1, 0},
-                                                 {1, 1},         {2, -2}, {2, 0},  {2, 2}};
-    const QPoint p = PxCoord(satps->sslat, satps->sslng);
-    painter.setPen(scene.colours[4]);
-    for (const QPoint& ray : rays)
-        painter.drawPoint(p + ray);
-    painter.setPen(scene.colours[0]);
-    painter.drawPoint(p);
+    Marks now = marksOf(scene);
+    measure(now, marks, &dspPix);
+    addChanges(stale, marks, now);
+    unseen = stale.region();
+    stale.clear();
+    marks = std::move(now);
+
+    QPainter painter(&dspPix);
+    for (const QRect& part : *unseen)
+        copyMap(painter, part);
+    painter.setClipRegion(*unseen);
+    paint(painter, marks);
 }

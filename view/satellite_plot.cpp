@@ -52,10 +52,8 @@ void VorlixView::SatPlot(double t, int circles)
     for (int slot = 0; slot < indata->satn; ++slot)
         GetSatPos(t, indata, satps, slot, circles);
     drawLegend(scene);
-    copyMapToDisplay();
-    drawMarkers(scene);
-    if (!indata->mpnight)
-        drawTrails(scene);
+    showMarks(scene);
+    drawTrails(scene);
     update();
 }
 
@@ -100,11 +98,12 @@ PlotScene VorlixView::sceneOf(double t, int circles) const
     return scene;
 }
 
-/// A dot for each satellite into the background, where it stays.
+/// A dot for each satellite into the background, where it stays. On the display it lies under the point of its marker and
+/// comes to light when that moves on. A map with night has no trails.
 void VorlixView::drawTrails(const PlotScene& scene)
 {
     QPainter painter(&mapPix);
-    for (int slot = 0; slot < indata->satn; ++slot) {
+    for (int slot = 0; slot < indata->satn && !indata->mpnight; ++slot) {
         if (lastx[slot] > indata->mapw)
             continue;
         painter.setPen(scene.colours[static_cast<std::size_t>(slot)]);

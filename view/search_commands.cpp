@@ -17,6 +17,7 @@
 #include "engine/scan/all_satellites.h"
 #include "engine/scan/iridium_scan.h"
 #include "engine/scan/matching.h"
+#include "engine/scan/workers.h"
 #include "view/message_boxes.h"
 
 /// Asks for the largest distance of a transit or flare line. @return  false if the user cancelled
@@ -63,6 +64,8 @@ bool VorlixView::vAllSat()
         const WaitCursor wait;
         result = AllSatAos(indata);
     }
+    if (result == scanCancelled)
+        return false;
     if (result == 1)
         QMessageBox::information(this, tr("All Passes"), tr("*** Problems with the output file"));
     else if (result != 0)
@@ -122,6 +125,8 @@ void VorlixView::listMatches()
         const WaitCursor wait;
         failed = SatMatch(indata, outdata);
     }
+    if (failed == scanCancelled)
+        return;
     if (failed != 0)
         QMessageBox::information(this, tr("Find Matching Sats"), tr("*** Unable to open TLE file ***"));
     indata->txtrdy = 1;

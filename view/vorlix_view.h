@@ -8,14 +8,20 @@
 
 #include <array>
 #include <cstddef>
+#include <optional>
+#include <vector>
 
 #include <QColor>
 #include <QPixmap>
 #include <QPoint>
+#include <QRegion>
 #include <QScrollArea>
 #include <QString>
 
 #include "app/record/winp_data.h"
+#include "view/changed_tiles.h"
+#include "view/drawn_legend.h"
+#include "view/marks.h"
 
 class QImage;
 class QPainter;
@@ -53,7 +59,7 @@ struct PlotScene
     std::array<QColor, maxSatellites> colours;
 };
 
-class VorlixView : public QScrollArea
+class VorlixView final : public QScrollArea
 {
     Q_OBJECT
 
@@ -61,7 +67,8 @@ public:
     /// Brings the records up with `swelcm`, paints the welcome text and draws the map once behind it.
     explicit VorlixView(QWidget* parent = nullptr);
 
-    /// A synchronous repaint, not a queued one: every plot ends in it.
+    /// A synchronous repaint, not a queued one: every plot ends in it. Behind a plot on a map it repaints what the plot
+    /// changed, otherwise all.
     virtual void update();
 
     // --- frame
@@ -110,7 +117,8 @@ public:
     // --- selection and files
     void vSelectSat();
     void vRemoveSat();
-    /// @return  number of satellites now selected, 0 for none, -1 if the element file cannot be opened
+    /// @return  number of satellites now selected, 0 for none, -1 if the element file cannot be opened,
+    ///          `scanCancelled`
     int vNextSat();
     QString getTLEname() const;
     void setTLEname(const QString& name);
@@ -180,6 +188,8 @@ public:
     void PicPlot(double t);
 
     // --- what is on show, for tests that look at pixels
+    /// The next plot paints all of its legend and display, not only what differs from the plot before.
+    void forgetPlot();
     const QPixmap& textPixmap() const { return txtPix; }
     const QPixmap& mapPixmap() const { return mapPix; }
     const QPixmap& displayPixmap() const { return dspPix; }
@@ -197,7 +207,9 @@ private:
     void chooseScales(bool disk);
     void drawBackground();
     void drawPhysicalMap(QPainter& painter);
+    void copyMap(QPainter& painter, const QRect& part) const;
     void copyMapToDisplay();
+    const QPixmap& pixmapOnShow() const;
 
     // text display
     void paintReport(bool fixed, std::size_t first);
@@ -223,13 +235,11 @@ private:
     void drawTrails(const PlotScene& scene);
     /// The five columns under the map, into `mapPix`.
     void drawLegend(const PlotScene& scene);
-    /// Markers, circles, names and the symbol of the Sun, into `dspPix`; sets `lastx`, `lasty`.
-    void drawMarkers(const PlotScene& scene);
+    void showMarks(const PlotScene& scene);
+    Marks marksOf(const PlotScene& scene);
+    Mark markOf(int slot, const PlotScene& scene);
     QPoint markerOf(int slot, bool disk) const;
-    void drawMarker(QPainter& painter, int slot, const PlotScene& scene);
-    void drawSymbol(QPainter& painter, const QPoint& p, int slot, bool disk);
-    void drawCircle(QPainter& painter, int slot);
-    void drawSunSymbol(QPainter& painter, const PlotScene& scene);
+    std::vector<QPoint> circleOf(int slot) const;
 
     // the drawing as the geometry sees it: record and scales
     MapFrame mapFrame() const;
@@ -265,6 +275,14 @@ private:
     QPixmap picPix;     // the picture as loaded,
     QPixmap picBase;    // at the chosen size,
     QPixmap picDsp;     // and with plots on it
+
+    // what of a plot need not be painted again by the next one
+    std::optional<DrawnLegend> legend;  // in mapPix
+    Marks marks;                        // in dspPix
+    std::vector<QPoint> trailDots;      // of the last plot, in mapPix
+    ChangedTiles stale;                 // where dspPix differs from mapPix with the marks on it
+    std::optional<QRegion> unseen;      // where the screen differs from dspPix; all of it may if there is none
+    const QPixmap* onScreen = nullptr;  // painted last
 };
 
 /// The row of the pass table that a click at the height y of the text means, -1 above the first; `rows` are in use.

@@ -224,7 +224,7 @@ std::string configText(const WinpData& in)
 
 int getcfg(WinpData* in)
 {
-    const FilePtr file(std::fopen(configName, "r"));
+    const FilePtr file = openForReading(configName);
     if (!file)
         return 2;
     ConfigReader from(file.get());

@@ -4,12 +4,11 @@
 
 FilePtr openForReading(const char* name)
 {
-    FilePtr file(std::fopen(name, "r"));
+    // looked at before it is opened: that would wait for the other end of a pipe
     struct stat status
     {};
-    if (file && ::fstat(::fileno(file.get()), &status) == 0 && S_ISDIR(status.st_mode))
-        file.reset();
-    return file;
+    const bool isRegular = ::stat(name, &status) == 0 && S_ISREG(status.st_mode);
+    return FilePtr(isRegular ? std::fopen(name, "r") : nullptr);
 }
 
 bool readLine(std::FILE* file, std::string& line)

@@ -13,7 +13,8 @@ struct CloseFile
 };
 using FilePtr = std::unique_ptr<std::FILE, CloseFile>;
 
-/// Opens a file for reading; null also for a directory, which fopen would take.
+/// Opens a file for reading; null also for a directory, which fopen would take, and for pipes and devices, which may
+/// have no end.
 FilePtr openForReading(const char* name);
 
 /// Reads a line of any length, with its line feed if it has one.

@@ -65,7 +65,7 @@ public:
 private:
     char* addPiece(const char* format, std::va_list values);
 
-    char* begin;
-    std::size_t size;
+    char* begin = nullptr;
+    std::size_t size = 0;
     std::size_t used = 0;
 };

@@ -1,8 +1,7 @@
 #include "app/record/winp_data.h"
 
+#include "app/record/slot_copy.h"
 #include "app/record/text.h"
-
-#include <algorithm>
 
 namespace {
 WinpData theInput;
@@ -100,18 +99,6 @@ void setSlots(WinpData* in)
     in->Am[0] = 0.01;
     in->suns[0] = true;
 }
-
-template <class... Arrays>
-void copyEntry(int to, int from, Arrays&... arrays)
-{
-    ((arrays[to] = arrays[from]), ...);
-}
-
-template <std::size_t N>
-void copyText(char (&to)[N], const char (&from)[N])
-{
-    std::copy_n(from, N, to);
-}
 }  // namespace
 
 WinpData* indata = &theInput;
@@ -130,18 +117,7 @@ void setDefaults(WinpData* in)
 
 void ShiftElm(WinpData* in, int to, int from)
 {
-    in->sgpsat = noSlot;
-    if (to == from)
-        return;
-    copyText(in->ldsn[to], in->ldsn[from]);
-    copyText(in->fsname[to], in->fsname[from]);
-    copyEntry(to, from, in->norad, in->aflg, in->numflg);
-    copyEntry(to, from, in->mjdep, in->a, in->ra, in->aper, in->inc, in->ecc, in->m0, in->n0);
-    copyEntry(to, from, in->adot, in->ndot, in->n6dot, in->bstar);
-    copyEntry(to, from, in->epr0, in->epr1, in->epr2, in->epv0, in->epv1, in->epv2);
-    copyEntry(to, from, in->cstm, in->csr0, in->csr1, in->csr2, in->csv0, in->csv1, in->csv2);
-    copyEntry(to, from, in->F107, in->FB107, in->Kp, in->Cd, in->Cr, in->Am);
-    copyEntry(to, from, in->deltv, in->yaw, in->pitch, in->ionf, in->suns, in->epu);
+    copySlot(in, to, *in, from);
 }
 
 void currentToEpochState(WinpData* in, int k)

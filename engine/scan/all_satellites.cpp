@@ -1,41 +1,39 @@
 #include "engine/scan/all_satellites.h"
 
-#include "app/record/clock.h"
 #include "app/record/files.h"
 #include "app/record/keep.h"
 #include "app/record/numbers.h"
+#include "app/record/slot_copy.h"
 #include "app/record/text.h"
 #include "app/record/winp_data.h"
 #include "elements/element_file.h"
 #include "engine/aos_list.h"
-#include "engine/flares.h"
 #include "engine/pass_search.h"
+#include "engine/report_lines.h"
 #include "engine/scan/entries.h"
+#include "engine/scan/entry_lines.h"
+#include "engine/scan/entry_task.h"
+#include "engine/scan/records_before.h"
 #include "engine/scan/save_lines.h"
-#include "engine/sun_moon_transit.h"
+#include "engine/scan/workers.h"
 
 #include <algorithm>
 #include <array>
 #include <cstdio>
 #include <cstring>
 #include <filesystem>
+#include <memory>
+#include <optional>
 #include <string>
+#include <string_view>
 #include <system_error>
+#include <utility>
 #include <vector>
 
 namespace {
 
 constexpr double faintestLimitMag = 29.0;
-constexpr int hitResult = 1;  // of nextpass: a pass or an event
-constexpr int transitTextRoom = 64;
 constexpr int lineRoom = 256;
-
-struct Band
-{
-    double lowKm, highKm;
-};
-constexpr Band operationalMeanKm{7157.0, 7157.6};        // semi-major axes of SGP4 elements
-constexpr Band operationalOsculatingKm{7150.0, 7159.9};  // of all others
 
 bool refused(const WinpData& in)
 {
@@ -44,12 +42,7 @@ bool refused(const WinpData& in)
     return in.iridflg > event::plain && in.maxdst == 0.0;
 }
 
-void write(const TextWriter& line)
-{
-    std::fwrite(line.text().data(), 1, line.text().size(), outptr);
-}
-
-void writeHeading(const WinpData& in)
+std::string headingOf(const WinpData& in)
 {
     char text[4 * lineRoom];
     TextWriter heading(text);
@@ -59,43 +52,13 @@ void writeHeading(const WinpData& in)
     if (in.visflg)
         heading.add(in.moonflg ? "   Moonshine passes only" : "   visible passes only");
     heading.addFormatted("\n Year: %4i  +++ Timezone: %g +++ \n", in.year, in.tzone);
-    if (heldSpan(in.dur) != in.dur)
-        heading.addFormatted(" *** Time span held to %g days ***\n", heldSpan(in.dur));
+    if (addHeldSpan(heading, in))
+        heading.add("\n");
     heading.add(std::string(71, '='));
     heading.add(in.iridflg > event::plain
                     ? "\n    Event Time (Azim.,Elev.)\n"
                     : "\n  Start (Azim.,Elev.)    Maximum (Azim.,MaxElev.)     End (Azim.,Elev.)\n");
-    write(heading);
-}
-
-const char* mirrorName(const WinpData& in)
-{
-    if (in.irsolp)
-        return mirrors[3].name;
-    if (in.occra < 0.0)
-        return mirrors[1].name;
-    return in.occra > 0.0 ? mirrors[2].name : mirrors[0].name;
-}
-
-void addIridiumFlare(TextWriter& line, const WinpData& in, const Pass& pass)
-{
-    line.add("  Iridium Flare  ").add(mirrorName(in)).add(pass.a[0] > pass.a[2] ? "->S" : "->N");
-    line.addFormatted("  mag %5.1lf", pass.b[2]);
-}
-
-void addDistantEvent(TextWriter& line, const WinpData& in, const Pass& pass)
-{
-    if (in.iridflg == event::flare && in.flarmod == 1)
-        line.addFormatted("  Flare  Y: %g  P: %g", in.occra, in.occdec);
-    else if (in.iridflg == event::flare)
-        line.addFormatted("  Flare  R.A.: %g  Dec.: %g", in.occra, in.occdec);
-    else if (in.occflg == 1)
-        line.add("  Sun Transit");
-    else if (in.occflg == 2)
-        line.add("  Moon Transit");
-    else
-        line.addFormatted("  Occ. R.A.: %g  Dec.: %g", in.occra, in.occdec);
-    line.addFormatted("  dist:%7.1lf km", pass.b[2]);
+    return std::string(heading.text());
 }
 
 /// The scan of a file: one satellite after the other in the prime slot, whose content is parked meanwhile.
@@ -103,12 +66,7 @@ class Scan
 {
 public:
     Scan(WinpData* record, double distanceBefore)
-        : in(record),
-          nothingSelected(record->satn < 1),
-          automatic(transitsOfDisk(*record) && distanceBefore <= 0.0),
-          hitsJoinSelection(transitsOfDisk(*record) && distanceBefore == 0.0),
-          start(startMjd(record)),
-          end(start + heldSpan(record->dur))
+        : in(record), search(record, distanceBefore), nothingSelected(record->satn < 1)
     {
         if (nothingSelected)
             in->satn = 1;
@@ -123,112 +81,103 @@ public:
     Scan(const Scan&) = delete;
     Scan& operator=(const Scan&) = delete;
 
-    void satellite();
+    /// Appends the lines of all entries to the heading.
+    std::string linesOf(std::FILE* elements, std::string heading);
 
 private:
-    void round();
-    bool addEvent(TextWriter& line, const Pass& pass);
-    void writeLine(TextWriter& line);
-    void joinSelection();
+    void oneByOne(Entries& entries);
+    void shared(Entries& entries);
+    void take(const EntryLines& found);
+    void joinSelection(const WinpData& hit);
 
     WinpData* in;
+    EntrySearch search;
     bool nothingSelected;
-    bool automatic;
-    bool hitsJoinSelection;
-    double start, end;
-    bool firstLine = true;  // of the present satellite
+    std::string lines;
 };
 
-/// The entry in the work slot; with solar panel flares in a second round as well.
-void Scan::satellite()
+std::string Scan::linesOf(std::FILE* elements, std::string heading)
 {
-    ShiftElm(in, in->prs, workSlot);
-    firstLine = true;
-    in->irsolp = false;
-    round();
-    if (in->iridflg != event::iridium || !in->irsol)
-        return;
-    in->irsolp = true;
-    round();
-    in->irsolp = false;
+    lines = std::move(heading);
+    Entries entries(in, elements);
+    if (scanWorkers() > 1 && EntrySearch::entriesIndependent(*in))
+        shared(entries);
+    else
+        oneByOne(entries);
+    return std::move(lines);
 }
 
-void Scan::round()
+void Scan::oneByOne(Entries& entries)
 {
-    if (in->iridflg == event::iridium && in->ops && !operationalOrbit(*in, in->prs))
-        return;
-    double t = start;
-    Pass pass;
-    while (t <= end) {
-        const int result = nextpass(in, in->prs, t, end, pass.tm, pass.a, pass.b);
-        if (result == 0)
-            return;
-        char text[lineRoom];
-        TextWriter line(text);
-        bool hit = result == hitResult;
-        if (in->iridflg == event::plain)
-            addPassStamps(line, *in, pass);
-        else if (hit)
-            hit = addEvent(line, pass);
-        if (hit)
-            writeLine(line);
-        const double next = timeAfterPass(*in, in->prs, pass);
-        if (!(next > t))  // a time too far off for steps of a minute
-            return;
-        t = next;
+    while (entries.next()) {
+        ShiftElm(in, in->prs, workSlot);
+        take(search.linesOf(in));
     }
 }
 
-/// False if the automatic width drops the event.
-bool Scan::addEvent(TextWriter& line, const Pass& pass)
+void Scan::shared(Entries& entries)
 {
-    addEventStamp(line, *in, pass);
-    if (in->iridflg == event::iridium)
-        addIridiumFlare(line, *in, pass);
-    else
-        addDistantEvent(line, *in, pass);
-    if (!transitsOfDisk(*in))
-        return true;
-    int result = hitResult;
-    char width[transitTextRoom] = {};  // not part of these lines
-    SunMoonTr(in, pass.tm[1], in->prs, pass.b[2], automatic, result, width);
-    return result == hitResult;
+    struct Task : EntryTask
+    {
+        EntryLines found;
+    };
+    std::vector<Task> tasks(EntryRing::placesNeeded());
+    const auto searchIn = [&](int place) {
+        Task& task = tasks[place];
+        searchEntry(task, [&] { task.found = search.linesOf(&task.in); });
+        task.searched = task.found.searched;
+    };
+    const auto finish = [&](int place) {
+        const int prs = in->prs;
+        endEntry(in, tasks[place], prs);
+        take(tasks[place].found);
+    };
+    EntryRing ring(static_cast<int>(tasks.size()), searchIn, finish);
+    while (entries.next()) {
+        const int place = ring.freePlace();
+        if (place < 0)
+            break;
+        Task& task = tasks[place];
+        beginEntry(task, *in, in->prs);
+        ShiftElm(&task.in, in->prs, workSlot);
+        ring.filled(in->numflg[workSlot] != 0);
+    }
+    ring.complete();
 }
 
-void Scan::writeLine(TextWriter& line)
+void Scan::take(const EntryLines& found)
 {
-    const bool doubtful = in->iridflg == event::iridium && !operationalOrbit(*in, in->prs);
-    line.add(doubtful ? " ? " : "   ").add(fieldText(in->fsname[in->prs])).add("\n");
-    if (firstLine)
-        std::fputs("\n", outptr);
-    firstLine = false;
-    write(line);
-    if (hitsJoinSelection)
-        joinSelection();
+    lines += found.text;
+    for (const WinpData& hit : found.joining)
+        joinSelection(hit);
 }
 
 /// With nothing selected before, the satellite takes the parked place and so becomes the prime one.
-void Scan::joinSelection()
+void Scan::joinSelection(const WinpData& hit)
 {
     if (nothingSelected) {
-        ShiftElm(in, parkedSlot, in->prs);
+        copySlot(in, parkedSlot, hit, in->prs);
         nothingSelected = false;
     } else if (in->satn < maxSatellites) {
-        ShiftElm(in, in->satn, in->prs);
+        copySlot(in, in->satn, hit, in->prs);
         ++in->satn;
     }
 }
 
-void scanFile(WinpData* in, std::FILE* elements, double distanceBefore)
+bool exists(const char* name)
+{
+    std::error_code unknown;
+    return std::filesystem::exists(name, unknown) || unknown;
+}
+
+/// Heading and lines of all entries.
+std::string listOf(WinpData* in, std::FILE* elements, double distanceBefore)
 {
     const Keep absolute(in->rlm, 0);
     const Keep keptSunLimit(in->sunel);
     if (in->iridflg == event::transit && in->occflg == 1)
         in->sunel = anySunElevationDeg;
-    writeHeading(*in);
-    Scan scan(in, distanceBefore);
-    for (Entries entries(in, elements); entries.next();)
-        scan.satellite();
+    return Scan(in, distanceBefore).linesOf(elements, headingOf(*in));
 }
 
 constexpr const char* sortFileName = "vorlix.tmp";
@@ -239,26 +188,28 @@ constexpr char noMonth = 'X';
 struct PassLine
 {
     std::array<char, 18> key{};
-    std::string text;
+    std::string_view text;
 };
 
 struct SaveFileLines
 {
-    std::vector<std::string> headings;
+    std::vector<std::string_view> headings;
     std::vector<PassLine> passes;
 };
 
-SaveFileLines readLines(std::FILE* file)
+SaveFileLines linesOf(std::string_view content)
 {
     SaveFileLines lines;
-    for (std::string text; nextSaveLine(file, text);) {
+    while (!content.empty()) {
+        const std::string_view text = content.substr(0, content.find('\n'));
+        content.remove_prefix(std::min(text.size() + 1, content.size()));
         if (text.size() < shortestLine)
             continue;
         if (isHeading(text)) {
             lines.headings.push_back(text);
         } else if (text.size() >= passStampLength) {
             PassLine line;
-            CpMMM(line.key.data(), text.c_str());
+            CpMMM(line.key.data(), std::string(text.substr(0, passStampLength)).c_str());
             line.text = text;
             lines.passes.push_back(line);
         }
@@ -274,65 +225,50 @@ bool earlier(const PassLine& one, const PassLine& other)
     return std::memcmp(one.key.data(), other.key.data(), one.key.size()) < 0;
 }
 
-void writeSorted(std::FILE* file, const SaveFileLines& lines)
+/// The text of a save file in order; as it is with fewer than two passes.
+std::string sorted(std::string content)
 {
-    const auto put = [file](const std::string& text) {
-        std::fwrite(text.data(), 1, text.size(), file);
-        std::fputc('\n', file);
-    };
-    for (const std::string& heading : lines.headings)
-        put(heading);
+    SaveFileLines lines = linesOf(content);
+    if (lines.passes.size() < 2)
+        return content;
+    std::stable_sort(lines.passes.begin(), lines.passes.end(), earlier);
+    std::string text;
+    text.reserve(content.size());
+    for (const std::string_view heading : lines.headings)
+        (text += heading) += '\n';
     for (std::size_t i = 0; i < lines.passes.size(); ++i) {
         if (i % linesPerGroup == 0)
-            put("");
-        put(lines.passes[i].text);
+            text += '\n';
+        (text += lines.passes[i].text) += '\n';
     }
+    return text;
 }
 
-/// The sorted copy; deleted at the end of the scope.
-class SortFile
+/// Replaces a save file by its lines in order. They wait in a temporary file meanwhile; if that cannot be written, the
+/// file takes them as they are.
+bool replaceSorted(const char* name, const std::string& content)
 {
-public:
-    SortFile() : file(std::fopen(sortFileName, "w+")) {}
-    ~SortFile()
-    {
-        if (file)
-            std::remove(sortFileName);
-    }
-    SortFile(const SortFile&) = delete;
-    SortFile& operator=(const SortFile&) = delete;
-
-    std::FILE* get() const { return file.get(); }
-
-    /// Whether everything written so far is on the disk.
-    bool complete() const { return std::fflush(file.get()) == 0 && !std::ferror(file.get()); }
-
-    void copyTo(std::FILE* target) const
-    {
-        std::rewind(file.get());
-        char block[4096];
-        for (std::size_t n; (n = std::fread(block, 1, sizeof block, file.get())) > 0;)
-            std::fwrite(block, 1, n, target);
-    }
-
-private:
-    FilePtr file;
-};
+    std::error_code missing;
+    if (std::filesystem::equivalent(name, sortFileName, missing))
+        return replaceFile(name, content);  // the list itself would be overwritten
+    const std::string inOrder = sorted(content);
+    const bool waits = inOrder != content && writeNew(sortFileName, inOrder);
+    const bool replaced = replaceFile(name, waits ? inOrder : content);
+    if (waits)
+        std::remove(sortFileName);
+    return replaced;
+}
 
 }  // namespace
 
-bool operationalOrbit(const WinpData& in, int isat)
-{
-    const Band band = in.aflg[isat] ? operationalMeanKm : operationalOsculatingKm;
-    return in.a[isat] >= band.lowKm && in.a[isat] <= band.highKm;
-}
-
 int AllSatAos(WinpData* in)
 {
+    const auto before = std::make_unique<RecordsBefore>(*in);
+    const bool isNew = !exists(in->savename);
     // The file is started anew only once there is something to write: a refused search must not cost the old list.
     if (!FilePtr(std::fopen(in->savename, "a")))
         return 1;
-    const char* mode = takeSaveMode(in);
+    const bool startsAnew = takeSaveMode(in)[0] == 'w';
     const FilePtr elements = openElementFile(in->tlename);
     if (!elements)
         return 2;
@@ -341,38 +277,21 @@ int AllSatAos(WinpData* in)
         in->maxdst = automaticWidthKm;
     if (refused(*in))
         return -1;
-    {
-        const ReportFile file(in->savename, mode);
-        if (!file)
-            return 1;
-        scanFile(in, elements.get(), keptDistance.before);
+    std::string list = listOf(in, elements.get(), keptDistance.before);
+    if (scanEnded()) {
+        before->putBack(in);
+        if (isNew)
+            std::remove(in->savename);
+        return scanCancelled;
     }
-    SortAos(in);
-    return 0;
+    if (!startsAnew)
+        list.insert(0, contentOfFile(in->savename).value_or(std::string()));
+    return replaceSorted(in->savename, list) ? 0 : 1;
 }
 
 void SortAos(WinpData* in)
 {
-    SaveFileLines lines;
-    {
-        const ReportFile file(in->savename, "r");
-        if (!file)
-            return;
-        lines = readLines(outptr);
-    }
-    if (lines.passes.size() < 2)
-        return;
-    std::error_code missing;
-    if (std::filesystem::equivalent(in->savename, sortFileName, missing))
-        return;  // the list itself would be overwritten
-    std::stable_sort(lines.passes.begin(), lines.passes.end(), earlier);
-    const SortFile sorted;
-    if (!sorted.get())
-        return;
-    writeSorted(sorted.get(), lines);
-    if (!sorted.complete())
-        return;
-    const ReportFile file(in->savename, "w");
-    if (file)
-        sorted.copyTo(outptr);
+    const std::optional<std::string> content = contentOfFile(in->savename);
+    if (content && sorted(*content) != *content)
+        replaceSorted(in->savename, *content);
 }

@@ -3,16 +3,17 @@
 
 struct WinpData;
 
-/// Semi-major axes of operational Iridium satellites: whether that of slot `isat` lies among them.
-bool operationalOrbit(const WinpData& in, int isat);
-
 /// Writes all passes or events of every entry of `tlename` between the start date and `dur` days later to `savename`.
 ///
 /// `savename` must be complete (`vsFileName`). The selection, `prs`, `rlm`, `sunel` and `maxdst` are as before at the
 /// end, but for satellites with a transit in automatic width: these join the selection. `newsave` becomes 0.
 /// The search text becomes "*".
 ///
-/// @return  0 done, 1 the save file cannot be opened, 2 the element file cannot be opened, -1 input refused
+/// The entries are shared among `scanWorkers` threads, and the list does not depend on their number. The save file
+/// keeps its old content until the list is whole and sorted.
+///
+/// @return  0 done, 1 the save file cannot be written, 2 the element file cannot be opened, -1 input refused,
+///          `scanCancelled`
 int AllSatAos(WinpData* in);
 
 /// Sorts the lines of `savename` by month, day and time; headings go to the top, in their order.

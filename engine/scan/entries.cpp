@@ -1,6 +1,8 @@
 #include "engine/scan/entries.h"
 
 #include "app/record/text.h"
+#include "app/record/vector_registers.h"
+#include "engine/scan/workers.h"
 
 namespace {
 constexpr int moreFollow = 2;  // of tleread
@@ -9,6 +11,7 @@ constexpr int moreFollow = 2;  // of tleread
 Entries::Entries(WinpData* in, std::FILE* file) : record(in), elements(file)
 {
     assignField(record->cfgname[workSlot], "*");
+    beginProgress();
 }
 
 bool Entries::next()
@@ -18,5 +21,7 @@ bool Entries::next()
     const int result = tleread(record, elements, report, started);
     started = true;
     more = result == moreFollow;
-    return result != 0;
+    const bool wanted = result != 0 && tellProgress(fieldText(record->fsname[workSlot]));
+    releaseVectorRegisters();  // texts were made, calculations follow
+    return wanted;
 }

@@ -6,13 +6,14 @@
 
 #include <cstdio>
 
-/// Brings one entry after the other to the work slot. The search text becomes "*".
+/// Brings one entry after the other to the work slot, and tells the listener of the scan its name. The search text
+/// becomes "*".
 class Entries
 {
 public:
     Entries(WinpData* in, std::FILE* file);
 
-    /// Reads the next entry; false if there is none.
+    /// Reads the next entry; false if there is none, or if the listener ends the scan.
     bool next();
 
     /// Whether the reader said that nothing follows the entry read last.

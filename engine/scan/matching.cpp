@@ -17,6 +17,8 @@
 #include "engine/position.h"
 #include "engine/report_lines.h"
 #include "engine/scan/entries.h"
+#include "engine/scan/records_before.h"
+#include "engine/scan/workers.h"
 
 #include <algorithm>
 #include <cmath>
@@ -304,10 +306,16 @@ int SatMatch(WinpData* in, WoutData* out)
         return 1;
     }
     putLines(out, {"", (" Possible matches on TLE-file: " + std::string(fieldText(in->tlename))).c_str(), ""});
+    const auto before = std::make_unique<RecordsBefore>(*in);
     if (in->odm)
         takeSightings(in);
     Target target(in);
     const Tally tally = searchFile(in, out, elements.get(), target);
+    if (scanEnded()) {
+        before->putBack(in);
+        out->nlines = 0;
+        return scanCancelled;
+    }
     putTally(out, *in, tally);
     if (target.spanHeld())
         putLines(out, {" *** Time interval held to 100000 days ***"});

@@ -2,19 +2,45 @@
 
 #include "app/record/clock.h"
 #include "app/record/files.h"
+#include "app/record/slot_copy.h"
+#include "app/record/text.h"
 #include "app/record/winp_data.h"
 #include "elements/element_file.h"
 #include "engine/pass_search.h"
 #include "engine/scan/entries.h"
+#include "engine/scan/entry_task.h"
+#include "engine/scan/records_before.h"
+#include "engine/scan/workers.h"
 
 #include <algorithm>
 #include <array>
+#include <memory>
+#include <optional>
 #include <utility>
+#include <vector>
 
 namespace {
 
 constexpr double windowDays = 0.1;
 constexpr double leastLeadDays = 0.0018;
+
+/// Whether the search for a pass depends on the elements and the time alone, and not on the slot: events are measured
+/// for the prime satellite only.
+bool anySlotServes(const WinpData& in)
+{
+    return in.iridflg == event::plain && in.occflg == 0 && in.flarflg == 0 && !in.eclflg;
+}
+
+/// The start of the pass of slot `isat` that begins soon after `t`; nothing if there is none.
+std::optional<double> soonStart(WinpData* in, int isat, double t)
+{
+    double tm[3] = {};
+    double a[3] = {};
+    double b[3] = {};
+    if (nextpass(in, isat, t, t + windowDays, tm, a, b) == 0 || !(tm[0] > t + leastLeadDays))
+        return std::nullopt;
+    return tm[0];
+}
 
 /// The satellites kept so far: start times of their passes, parallel to the slots.
 class Candidates
@@ -26,8 +52,15 @@ public:
     void sortSlots();
     int count() const { return kept; }
 
+    /// The slot where an entry stands that is tried now.
+    int trialSlot() const { return slot; }
+
+    /// The entry in the trial slot has this pass; the parked slot holds what was there before, and the work slot of
+    /// `read` the entry as it was read.
+    void decide(std::optional<double> passStart, const WinpData& read);
+
 private:
-    void takeOver(double passStart);
+    void takeOver(double passStart, const WinpData& read);
 
     WinpData* in;
     std::array<double, maxSatellites> start{};
@@ -40,21 +73,23 @@ void Candidates::tryEntry(double t)
 {
     ShiftElm(in, parkedSlot, slot);
     ShiftElm(in, slot, workSlot);
-    double tm[3] = {};
-    double a[3] = {};
-    double b[3] = {};
-    if (nextpass(in, slot, t, t + windowDays, tm, a, b) == 0 || !(tm[0] > t + leastLeadDays)) {
+    decide(soonStart(in, slot, t), *in);
+}
+
+void Candidates::decide(std::optional<double> passStart, const WinpData& read)
+{
+    if (!passStart) {
         ShiftElm(in, slot, parkedSlot);
     } else if (kept < maxSatellites) {
-        start[kept++] = tm[0];
+        start[kept++] = *passStart;
         slot = std::min(kept, maxSatellites - 1);
     } else {
-        takeOver(tm[0]);
+        takeOver(*passStart, read);
     }
 }
 
 /// With a full table the latest one gives way to an earlier one; its slot may be that of the trial itself.
-void Candidates::takeOver(double passStart)
+void Candidates::takeOver(double passStart, const WinpData& read)
 {
     const int latest = static_cast<int>(std::max_element(start.begin(), start.end()) - start.begin());
     if (!(start[latest] > passStart)) {
@@ -64,7 +99,7 @@ void Candidates::takeOver(double passStart)
     start[latest] = passStart;
     if (latest == slot)
         return;
-    ShiftElm(in, latest, workSlot);
+    copySlot(in, latest, read, workSlot);
     ShiftElm(in, slot, parkedSlot);
 }
 
@@ -82,6 +117,43 @@ void Candidates::sortSlots()
     }
 }
 
+void tryOneByOne(Entries& entries, Candidates& candidates, double t)
+{
+    while (entries.next())
+        candidates.tryEntry(t);
+}
+
+/// The searches run in the parked slot of records of their own, the choice in the order of the file.
+void tryShared(WinpData* in, Entries& entries, Candidates& candidates, double t)
+{
+    struct Task : EntryTask
+    {
+        std::optional<double> passStart;
+    };
+    std::vector<Task> tasks(EntryRing::placesNeeded());
+    const auto search = [&](int place) {
+        Task& task = tasks[place];
+        searchEntry(task, [&] { task.passStart = soonStart(&task.in, parkedSlot, t); });
+    };
+    const auto finish = [&](int place) {
+        const int slot = candidates.trialSlot();
+        ShiftElm(in, parkedSlot, slot);
+        copySlot(in, slot, tasks[place].in, parkedSlot);
+        candidates.decide(tasks[place].passStart, tasks[place].in);
+    };
+    EntryRing ring(static_cast<int>(tasks.size()), search, finish);
+    while (entries.next()) {
+        const int place = ring.freePlace();
+        if (place < 0)
+            break;
+        Task& task = tasks[place];
+        beginEntry(task, *in, parkedSlot);
+        ShiftElm(&task.in, parkedSlot, workSlot);
+        ring.filled(in->numflg[workSlot] != 0);
+    }
+    ring.complete();
+}
+
 }  // namespace
 
 int nextSatellites(WinpData* in, double t)
@@ -89,12 +161,20 @@ int nextSatellites(WinpData* in, double t)
     const FilePtr elements = openElementFile(in->tlename);
     if (!elements)
         return -1;
+    const auto before = std::make_unique<RecordsBefore>(*in);
     const int selectedBefore = in->satn;
     in->rlm = 0;
     in->satn = 1;
     Candidates candidates(in);
-    for (Entries entries(in, elements.get()); entries.next();)
-        candidates.tryEntry(t);
+    Entries entries(in, elements.get());
+    if (scanWorkers() > 1 && anySlotServes(*in))
+        tryShared(in, entries, candidates, t);
+    else
+        tryOneByOne(entries, candidates, t);
+    if (scanEnded()) {
+        before->putBack(in);
+        return scanCancelled;
+    }
     candidates.sortSlots();
     in->satn = candidates.count() > 0 ? candidates.count() : selectedBefore;
     in->prs = 0;

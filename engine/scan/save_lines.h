@@ -1,7 +1,8 @@
-// The lines of a save file of passes.
+// The lines of a save file of passes, and the file as a whole.
 #pragma once
 
 #include <cstdio>
+#include <optional>
 #include <string>
 #include <string_view>
 
@@ -13,3 +14,15 @@ bool isHeading(std::string_view line);
 
 /// Reads a line of any length without its line feed; false if nothing was left to read.
 bool nextSaveLine(std::FILE* file, std::string& line);
+
+/// All that a file holds; nothing if it cannot be read twice, as a pipe or a device.
+std::optional<std::string> contentOfFile(const char* name);
+
+/// Gives a file another content. It holds the old one until the new one is whole on the disk, also if the program ends
+/// meanwhile; pipes and devices are just written to.
+///
+/// @return false if the content could not be written
+bool replaceFile(const char* name, std::string_view content);
+
+/// Writes a file of this content; none is left if that fails.
+bool writeNew(const char* name, std::string_view content);

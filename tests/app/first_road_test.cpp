@@ -5,7 +5,6 @@
 #include <fstream>
 #include <sstream>
 
-#include <QDebug>
 #include <QMessageBox>
 #include <QTextEdit>
 
@@ -262,19 +261,6 @@ Harvest harvestOf(Session& session)
     return harvest;
 }
 
-/// Every field that the configuration file holds.
-QString savedFields()
-{
-    QString all;
-    QDebug(&all).noquote() << indata->tzone << indata->tzauto << indata->lat << indata->lng << indata->height
-                           << indata->geoname << indata->fsz << indata->mgrid << indata->mgrey << indata->tlename
-                           << indata->visflg << indata->sunel << indata->satel << indata->yrepoch << indata->mfsz
-                           << indata->bf << indata->leftbtn << indata->url << indata->dur << indata->dF107
-                           << indata->dFB107 << indata->dKp << indata->dCd << indata->dCr << indata->dAm
-                           << indata->satn << indata->norad[0] << indata->norad[1];
-    return all;
-}
-
 }  // namespace
 
 class FirstRoadTest : public QObject
@@ -351,22 +337,6 @@ private Q_SLOTS:
             QVERIFY2(found[i].second == theirs,
                      qPrintable(found[i].first + ":\n" + QString::fromUtf8(found[i].second.left(3000))));
         }
-    }
-
-    void theConfigurationReadsBackTheSame()
-    {
-        Session session;
-        const CommaLocale comma;
-        if (!comma.present)
-            QSKIP("no locale with a decimal comma");
-        session.start();
-        const QString fields = savedFields();
-        QVERIFY2(fields.contains("48.25 16.37 171.5 Vienna"), qPrintable(fields));
-        QVERIFY2(fields.contains("2.5 150.5 140.5 3.5 2.2 1.2 0.015 2 20580 27386"), qPrintable(fields));
-        session.choose("fileQuit");
-        QVERIFY(!session.place.read("vorlix.cfg").contains(','));
-        session.start();
-        QCOMPARE(savedFields(), fields);
     }
 
 private:

@@ -1,81 +1,55 @@
 // The hot keys of the main window, with real key events.
 
-#include <memory>
-
-#include <QAction>
 #include <QScrollArea>
 #include <QScrollBar>
 #include <QStatusBar>
 
-#include "app/vorlix_app.h"
-#include "view/vorlix_view.h"
-#include "view/window_helper.h"
+#include "app/app_fixture.h"
 
 using windows::answering;
 
-class KeysTest : public QObject
+class KeysTest : public AppTest
 {
     Q_OBJECT
 
 private Q_SLOTS:
     void init()
     {
-        windows::stopTheClock();
-        place = std::make_unique<windows::Workplace>();
-        app = std::make_unique<VorlixApp>();
-        app->show();
+        AppTest::open();
         activate();
     }
 
-    void cleanup()
-    {
-        app.reset();
-        place.reset();
-    }
+    void cleanup() { close(); }
 
-    void lettersOpenTheirDialogs_data()
+    void keysOpenTheirDialogs()
     {
-        QTest::addColumn<Qt::Key>("key");
-        QTest::addColumn<QString>("title");
-        QTest::newRow("C") << Qt::Key_C << "Observer's Location";
-        QTest::newRow("D") << Qt::Key_D << "Date, Time and Timezone";
-        QTest::newRow("F") << Qt::Key_F << "TLE file dialog";
-        QTest::newRow("H") << Qt::Key_H << "Quick Help";
-        QTest::newRow("M") << Qt::Key_M << "Magnitude";
-        QTest::newRow("S") << Qt::Key_S << "Select Satellite";
-        QTest::newRow("T") << Qt::Key_T << "Time Step";
-        QTest::newRow("V") << Qt::Key_V << "Visibility Settings";
-        QTest::newRow("W") << Qt::Key_W << "Select Prime Satellite";
-        QTest::newRow("Y") << Qt::Key_Y << "Map Settings";
-        QTest::newRow("Z") << Qt::Key_Z << "Remove Satellites";
-        QTest::newRow("Space") << Qt::Key_Space << "Observer's Location";
-    }
-
-    void lettersOpenTheirDialogs()
-    {
-        QFETCH(Qt::Key, key);
-        QFETCH(QString, title);
         windows::select("ISS");
-        const QList<Qt::KeyboardModifiers> ways{Qt::NoModifier, Qt::ShiftModifier};
-        for (const Qt::KeyboardModifiers modifiers : ways) {
-            QString seen;
-            answering([&] { QTest::keyClick(app.get(), key, modifiers); },
-                      {[&](QDialog* dialog) { seen = dialog->windowTitle(); }});
-            QCOMPARE(seen, title);
-        }
-    }
-
-    void shortcutsOpenTheSameDialogs()
-    {
-        for (const auto& [key, title] : {std::pair{Qt::Key_S, "Select Satellite"},
-                                         {Qt::Key_D, "Date, Time and Timezone"},
-                                         {Qt::Key_V, "Visibility Settings"},
-                                         {Qt::Key_I, "Online Update"}}) {
-            QString seen;
+        const struct
+        {
+            QKeyCombination key;
+            const char* title;
+        } cases[] = {{Qt::Key_C, "Observer's Location"},
+                     {Qt::Key_D, "Date, Time and Timezone"},
+                     {Qt::Key_F, "TLE file dialog"},
+                     {Qt::Key_H, "Quick Help"},
+                     {Qt::Key_M, "Magnitude"},
+                     {Qt::Key_S, "Select Satellite"},
+                     {Qt::Key_T, "Time Step"},
+                     {Qt::Key_V, "Visibility Settings"},
+                     {Qt::Key_W, "Select Prime Satellite"},
+                     {Qt::Key_Y, "Map Settings"},
+                     {Qt::Key_Z, "Remove Satellites"},
+                     {Qt::Key_Space, "Observer's Location"},
+                     {Qt::CTRL | Qt::Key_I, "Online Update"},
+                     {Qt::CTRL | Qt::Key_V, "Visibility Settings"},
+                     {Qt::SHIFT | Qt::Key_S, "Select Satellite"},
+                     {Qt::Key_J, ""}};
+        for (const auto& c : cases) {
             activate();
-            answering([&] { QTest::keyClick(app.get(), key, Qt::ControlModifier); },
+            QString seen;
+            answering([&] { QTest::keyClick(app.get(), c.key.key(), c.key.keyboardModifiers()); },
                       {[&](QDialog* dialog) { seen = dialog->windowTitle(); }});
-            QCOMPARE(seen, QString(title));
+            QCOMPARE(seen, QString(c.title));
         }
     }
 
@@ -91,36 +65,28 @@ private Q_SLOTS:
         }
     }
 
-    void lettersWithoutAKeyDoNothing()
-    {
-        app->statusBar()->showMessage("as before");
-        for (const Qt::Key key : {Qt::Key_B, Qt::Key_I, Qt::Key_J, Qt::Key_K, Qt::Key_Q}) {
-            QCOMPARE(answering([&] { QTest::keyClick(app.get(), key); }, {}), 0);
-            QCOMPARE(app->statusBar()->currentMessage(), QString("as before"));
-        }
-    }
-
     void lettersPlotAndToggle()
     {
-        QTest::keyClick(app.get(), Qt::Key_R);
+        const auto press = [this](Qt::Key key) { QTest::keyClick(app.get(), key); };
+        press(Qt::Key_R);
         QVERIFY(timer()->isActive());
         QCOMPARE(indata->rtflg, 1);
-        QTest::keyClick(app.get(), Qt::Key_G);  // a running plot is only stopped
+        press(Qt::Key_G);  // a running plot is only stopped
         QVERIFY(!timer()->isActive());
-        QTest::keyClick(app.get(), Qt::Key_G);
+        press(Qt::Key_G);
         QVERIFY(timer()->isActive());
-        QTest::keyClick(app.get(), Qt::Key_U);
+        press(Qt::Key_U);
         QVERIFY(!timer()->isActive());
-        QTest::keyClick(app.get(), Qt::Key_N);
+        press(Qt::Key_N);
         QCOMPARE(indata->nmflg, 1);
-        QVERIFY(app->findChild<QAction*>("viewNames")->isChecked());
+        QVERIFY(action("viewNames")->isChecked());
         QCOMPARE(indata->dspmd, 1);
-        QTest::keyClick(app.get(), Qt::Key_X);
+        press(Qt::Key_X);
         QCOMPARE(indata->dspmd, 0);
         windows::select("ISS");
-        QTest::keyClick(app.get(), Qt::Key_A);
+        press(Qt::Key_A);
         QCOMPARE(indata->dspmd, -1);
-        QTest::keyClick(app.get(), Qt::Key_Delete);
+        press(Qt::Key_Delete);
         QCOMPARE(indata->dspmd, 1);
     }
 
@@ -179,13 +145,6 @@ private Q_SLOTS:
         QCOMPARE(canvas()->pos(), QPoint(0, 0));
     }
 
-    void aClickThatMeansNothingKeepsTheKeys()
-    {
-        QTest::mouseClick(canvas()->viewport(), Qt::LeftButton, Qt::NoModifier, {100, 100});
-        pressWhereTheFocusIs(Qt::Key_R);
-        QVERIFY(timer()->isActive());
-    }
-
     void theCanvasHandsTheKeysBack()
     {
         QTest::mouseClick(canvas()->viewport(), Qt::RightButton, Qt::NoModifier, {100, 100});
@@ -211,27 +170,6 @@ private Q_SLOTS:
         QTRY_VERIFY(indata->mjd > before + 59.0 / 86400.0);
     }
 
-    void realTimeTicksGoOnBehindOtherDialogs()
-    {
-        QTest::keyClick(app.get(), Qt::Key_R);
-        canvas()->RT_Plot();
-        const double before = indata->mjd;
-        answering([&] { QTest::keyClick(app.get(), Qt::Key_D); }, {[&](QDialog* dialog) {
-                      windows::clockSeconds += 60;
-                      QTRY_VERIFY(indata->mjd > before + 59.0 / 86400.0);
-                      dialog->reject();
-                  }});
-    }
-
-    void aPickEndsADeltaPlot()
-    {
-        QTest::keyClick(app.get(), Qt::Key_G);
-        answering([&] { QTest::keyClick(app.get(), Qt::Key_Space); }, {[&](QDialog* dialog) {
-                      QTRY_VERIFY(!timer()->isActive());
-                      dialog->reject();
-                  }});
-    }
-
 private:
     /// No window manager gives the window back its keys when a dialog closes.
     void activate()
@@ -246,10 +184,6 @@ private:
     }
 
     VorlixView* canvas() const { return app->canvas(); }
-    QTimer* timer() const { return app->findChild<QTimer*>(QString(), Qt::FindDirectChildrenOnly); }
-
-    std::unique_ptr<windows::Workplace> place;
-    std::unique_ptr<VorlixApp> app;
 };
 
 QTEST_MAIN(KeysTest)

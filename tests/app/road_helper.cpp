@@ -1,7 +1,10 @@
 #include "road_helper.h"
 
 #include <QAction>
+#include <QComboBox>
+#include <QDoubleSpinBox>
 
+#include "app/record/text.h"
 #include "app/record/wout_data.h"
 
 namespace road {
@@ -47,10 +50,8 @@ void Session::choose(const char* name, const std::vector<std::function<void(QDia
 QStringList report()
 {
     QStringList lines;
-    for (int i = 0; i < outdata->nlines; ++i) {
-        const std::string_view line = lineText(*outdata, i);
-        lines << QString::fromUtf8(line.data(), static_cast<qsizetype>(line.size()));
-    }
+    for (int i = 0; i < outdata->nlines; ++i)
+        lines << textQString(lineText(*outdata, i));
     return lines;
 }
 
@@ -59,6 +60,40 @@ std::function<void(QDialog*)> entering(const std::vector<Entry>& entries)
     return [entries](QDialog* dialog) {
         for (const Entry& entry : entries)
             windows::enter(dialog, entry.edit, entry.text);
+        windows::click(dialog, "okButton");
+    };
+}
+
+std::function<void(QDialog*)> number(double value)
+{
+    return [=](QDialog* dialog) {
+        auto* box = dialog->findChild<QDoubleSpinBox*>();
+        QVERIFY2(box, qPrintable(dialog->windowTitle()));
+        box->setValue(value);
+        dialog->accept();
+    };
+}
+
+std::function<void(QDialog*)> ellipse(const QString& name, double perigee, double apogee, std::vector<Entry> others)
+{
+    others.insert(others.end(),
+                  {{"nameEdit", name}, {"periEdit", QString::number(perigee)}, {"apoEdit", QString::number(apogee)}});
+    return [others](QDialog* dialog) {
+        mark(dialog, "spg4Box", false);
+        mark(dialog, "perapBox", true);
+        entering(others)(dialog);
+    };
+}
+
+std::function<void(QDialog*)> launchFrom(int site, const char* direction)
+{
+    return [=](QDialog* dialog) {
+        auto* sites = dialog->findChild<QComboBox*>("siteBox");
+        sites->setFocus();
+        QTest::keyClick(sites, Qt::Key_Home);
+        for (int k = 0; k < site; ++k)
+            QTest::keyClick(sites, Qt::Key_Down);
+        windows::click(dialog, direction);
         windows::click(dialog, "okButton");
     };
 }

@@ -55,7 +55,7 @@ public:
     /// The same with Ctrl.
     void command(Qt::Key key, const std::vector<std::function<void(QDialog*)>>& handlers = {});
     /// The same for a command that has no key.
-    void choose(const char* action, const std::vector<std::function<void(QDialog*)>>& handlers = {});
+    void choose(const char* name, const std::vector<std::function<void(QDialog*)>>& handlers = {});
 
     const windows::Workplace place;
     std::unique_ptr<VorlixApp> app;
@@ -71,6 +71,16 @@ struct Entry
     QString text;
 };
 std::function<void(QDialog*)> entering(const std::vector<Entry>& entries);
+
+/// Enters the number of an input dialog.
+std::function<void(QDialog*)> number(double value);
+
+/// Makes an ellipse of the simple model in the editor: heights of perigee and apogee, km, and what else is given.
+std::function<void(QDialog*)> ellipse(const QString& name, double perigee, double apogee,
+                                      std::vector<Entry> others = {});
+
+/// Chooses a launch site of the list, and the direction by its button.
+std::function<void(QDialog*)> launchFrom(int site, const char* direction);
 
 /// Marks or unmarks a box by a click, if it is not so already.
 void mark(QDialog* dialog, const char* box, bool on);

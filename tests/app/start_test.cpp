@@ -2,39 +2,24 @@
 
 #include <memory>
 
-#include <QAction>
 #include <QFileDialog>
 #include <QInputDialog>
 #include <QMessageBox>
 #include <QScrollArea>
 #include <QSpinBox>
 
+#include "app/app_fixture.h"
 #include "app/record/config.h"
-#include "app/record/text.h"
-#include "app/record/wout_data.h"
-#include "app/vorlix_app.h"
-#include "scratch_dir.h"
-#include "view/vorlix_view.h"
-#include "view/window_helper.h"
 
 using windows::answering;
 
-class StartTest : public QObject
+class StartTest : public AppTest
 {
     Q_OBJECT
 
 private Q_SLOTS:
-    void init()
-    {
-        windows::stopTheClock();
-        place = std::make_unique<windows::Workplace>();
-    }
-
-    void cleanup()
-    {
-        app.reset();
-        place.reset();
-    }
+    void init() { prepare(); }
+    void cleanup() { close(); }
 
     void aFirstRunHasTheDefaults()
     {
@@ -48,6 +33,14 @@ private Q_SLOTS:
         QCOMPARE(qobject_cast<QScrollArea*>(app->centralWidget())->widget(), app->canvas());
         QCOMPARE(indata->satn, 0);
         QVERIFY(!QFile::exists("vorlix.cfg"));
+    }
+
+    void aDesktopFindsTheLauncherOfTheWindow()
+    {
+        start();
+        const QString launcher = QGuiApplication::desktopFileName() + ".desktop";
+        QCOMPARE(launcher, QString("io.vorlix.Vorlix.desktop"));
+        QVERIFY(QFile::exists(SOURCE_DIR "/resources/desktop/" + launcher));
     }
 
     void theFontSizeOfTheConfigurationSizesTheWindow()
@@ -96,32 +89,6 @@ private Q_SLOTS:
         QCOMPARE(place->read("vorlix.cfg"), saved);
     }
 
-    void aDecimalCommaOfTheEnvironmentReachesNoFile()
-    {
-        configure([](WinpData& in) {
-            in.tzauto = 0;
-            in.tzone = 5.5;
-            in.lat = 48.25;
-        });
-        const QByteArray pointed = place->read("vorlix.cfg");
-        const CommaLocale comma;
-        if (!comma.present)
-            QSKIP("no locale with a decimal comma");
-        start();
-        QCOMPARE(indata->lat, 48.25);
-        QCOMPARE(QByteArray(outdata->text[4]).left(13), QByteArray("Timezone: 5.5"));
-        action("fileQuit")->trigger();
-        QCOMPARE(place->read("vorlix.cfg"), pointed);
-    }
-
-    void quittingStopsARunningPlot()
-    {
-        start();
-        action("plotRT")->trigger();
-        action("fileQuit")->trigger();
-        QVERIFY(!app->findChild<QTimer*>(QString(), Qt::FindDirectChildrenOnly)->isActive());
-    }
-
     void openingAnElementFileKeepsTheSelection()
     {
         start();
@@ -132,32 +99,48 @@ private Q_SLOTS:
                       auto* files = qobject_cast<QFileDialog*>(dialog);
                       QCOMPARE(files->nameFilters(),
                                QStringList({"TLE files (*.txt *.TXT *.tle *.TLE)", "all files (*.*)"}));
-                      files->findChild<QLineEdit*>("fileNameEdit")->setText(place->path("other.txt"));
-                      QTest::keyClick(files->findChild<QLineEdit*>("fileNameEdit"), Qt::Key_Return);
+                      chooseFile(dialog, place->path("other.txt"));
                   }});
         QCOMPARE(QFileInfo(TLEname).fileName(), QString("other.txt"));
         QCOMPARE(QFileInfo(app->canvas()->getTLEname()).fileName(), QString("other.txt"));
         QCOMPARE(indata->satn, 1);
     }
 
-    void savingUnderANewNameStartsTheFileAnew()
+    void theFormOmmCsvGivesTheNameItsEnding()
     {
         start();
-        windows::observeAllFromVienna();
         windows::select("ISS");
-        answering([&] { action("fileSaveAs")->trigger(); },
-                  {[&](QDialog* dialog) {
-                       QCOMPARE(dialog->windowTitle(), QString("Select a File Name"));
-                       auto* name = dialog->findChild<QLineEdit*>("fileNameEdit");
-                       name->setText(place->path("list.txt"));
-                       QTest::keyClick(name, Qt::Key_Return);
-                   },
-                   [&](QDialog* dialog) {
-                       QCOMPARE(qobject_cast<QMessageBox*>(dialog)->text(),
-                                "Saved on File " + place->path("list.txt"));
-                       dialog->accept();
-                   }});
-        QVERIFY(place->read("list.txt").contains(" Satellite: ISS"));
+        QStringList filters;
+        QString question, done;
+        const auto choose = [&](QDialog* dialog) {
+            auto* files = qobject_cast<QFileDialog*>(dialog);
+            QVERIFY(files);
+            filters = files->nameFilters();
+            files->selectNameFilter("OMM CSV (*.csv)");
+            chooseFile(dialog, place->path("mine"));
+        };
+        const auto read = [&](QDialog* dialog) { done = qobject_cast<QMessageBox*>(dialog)->text(); };
+        const auto answer = [&](const QString& button) {
+            return [&, button](QDialog* dialog) {
+                question = qobject_cast<QMessageBox*>(dialog)->text();
+                windows::press(dialog, button);
+            };
+        };
+        const auto save = [this] { action("fileTLESaveAs")->trigger(); };
+        answering(save, {choose, read});
+        QCOMPARE(filters, QStringList({"TLE files (*.txt *.TXT *.tle *.TLE)", "OMM CSV (*.csv)", "all files (*.*)"}));
+        QCOMPARE(done, "TLE's saved on file " + place->path("mine.csv"));
+        const QByteArray saved = place->read("mine.csv");
+        QVERIFY(saved.startsWith("OBJECT_NAME,OBJECT_ID,EPOCH,"));
+        QVERIFY(saved.contains("\r\nISS (ZARYA),1998-067A,"));
+        QVERIFY(!QFile::exists(place->path("mine")));
+
+        place->write("mine.csv", "precious");
+        answering(save, {choose, answer("No")});
+        QVERIFY(question.contains("mine.csv"));
+        QCOMPARE(place->read("mine.csv"), QByteArray("precious"));
+        answering(save, {choose, answer("Yes"), read});
+        QCOMPARE(place->read("mine.csv"), saved);
     }
 
     void theFontSizeCommandOffersThreeSizes()
@@ -186,49 +169,8 @@ private Q_SLOTS:
         windows::observeAllFromVienna();
         QCOMPARE(answering([&] { action("inputNextSat")->trigger(); }, {}), 0);
         QVERIFY(indata->satn >= 1);
-        QVERIFY(app->findChild<QTimer*>(QString(), Qt::FindDirectChildrenOnly)->isActive());
+        QVERIFY(timer()->isActive());
         QCOMPARE(indata->rtflg, 1);
-    }
-
-    void aPictureThatIsNoneIsTold()
-    {
-        start();
-        place->write("no.png", "no picture");
-        QString text;
-        answering([&] { action("filePicture")->trigger(); },
-                  {[&](QDialog* dialog) {
-                       QCOMPARE(dialog->windowTitle(), QString("Open Picture"));
-                       auto* name = dialog->findChild<QLineEdit*>("fileNameEdit");
-                       name->setText(place->path("no.png"));
-                       QTest::keyClick(name, Qt::Key_Return);
-                   },
-                   [&](QDialog* dialog) {
-                       text = qobject_cast<QMessageBox*>(dialog)->text();
-                       dialog->accept();
-                   }});
-        QCOMPARE(text, "Cannot load " + place->path("no.png") + ".");
-        QVERIFY(!action("viewPicture")->isEnabled());
-        QCOMPARE(CFDIR, place->path("no.png"));
-    }
-
-    void aPictureEnablesItsActions()
-    {
-        start();
-        QImage(64, 48, QImage::Format_RGB32).save(place->path("yes.png"));
-        answering([&] { action("filePicture")->trigger(); }, {[&](QDialog* dialog) {
-                      auto* name = dialog->findChild<QLineEdit*>("fileNameEdit");
-                      name->setText(place->path("yes.png"));
-                      QTest::keyClick(name, Qt::Key_Return);
-                  }});
-        for (const char* name : {"viewPicture", "size25", "size50", "normalSize"})
-            QVERIFY2(action(name)->isEnabled(), name);
-        QVERIFY(action("viewPicture")->isChecked());
-        QVERIFY(indata->picflg);
-        action("viewPicture")->trigger();
-        QVERIFY(!indata->picflg);
-        QVERIFY(action("size25")->isEnabled());
-        action("size25")->trigger();
-        QCOMPARE(picsize, 3);
     }
 
     void aFailedDownloadGivesTheOldFileBack()
@@ -282,17 +224,6 @@ private:
         change(*run);
         putcfg(run.get());
     }
-
-    void start()
-    {
-        app.reset();
-        app = std::make_unique<VorlixApp>();
-    }
-
-    QAction* action(const char* name) const { return app->findChild<QAction*>(QLatin1String(name)); }
-
-    std::unique_ptr<windows::Workplace> place;
-    std::unique_ptr<VorlixApp> app;
 };
 
 QTEST_MAIN(StartTest)

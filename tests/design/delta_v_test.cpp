@@ -64,16 +64,6 @@ TEST(DeltaV, PlaneChangeByYawFollowsSphericalTrigonometry)
     }
 }
 
-TEST(DeltaV, PitchPointsUpward)
-{
-    WinpData* in = freshRecord();
-    addCircle(in, 7000.0, 51.6, 30.0, 20.0);
-    const State before = stateAt(in, 0, in->mjd);
-    ExDeltaV(in, 10.0, 0.0, 90.0);
-    const Vec3 change = Vec3(in->epv0[0], in->epv1[0], in->epv2[0]) / 1000.0 - before.v;
-    EXPECT_NEAR(dot(change, vnorm(before.r)), 0.01, 1e-8);
-}
-
 TEST(DeltaV, EscapeLeavesAHyperbola)
 {
     for (const int numeric : {0, 1}) {
@@ -134,21 +124,6 @@ TEST(DeltaV, NothingRenewsTheElementsOfTheModel)
     }
 }
 
-TEST(Maneuver, ActsOnThePrimeSatelliteAloneInRelativeMode)
-{
-    WinpData* in = freshRecord();
-    addCircle(in, 7000.0, 51.6, 30.0, 0.0);
-    addCircle(in, 7000.0, 51.6, 30.0, 1.0);
-    in->rlm = 1;
-    const double other = in->a[1];
-    EXPECT_EQ(perform({100.0, 0.0, 0.0, false, true, false}, in), 0);
-    EXPECT_EQ(in->rlm, 1);
-    EXPECT_EQ(in->a[1], other);
-    // da = 2 a^2 v dv / GM
-    EXPECT_NEAR(in->a[0], 7000.0 + 2.0 * 7000.0 * 0.1 / std::sqrt(gmKm3PerS2 / 7000.0), 10.0);
-    EXPECT_EQ(in->deltv[0], 100.0);
-}
-
 /// A numerically flown circle at the equator under the Earth's gravity alone, on the day of an equinox.
 WinpData* spacecraft(double a)
 {
@@ -169,40 +144,6 @@ State fly(WinpData* in, double days)
         stateAt(in, 0, start + hour / 24.0);
     in->mjd = start + days;
     return stateAt(in, 0, in->mjd);
-}
-
-TEST(Thrust, IsKeptInMetresAndShownInMillimetres)
-{
-    WinpData* in = spacecraft(42164.0);
-    EXPECT_EQ(perform({5.0, 10.0, -20.0, true, false, true}, in), 0);
-    EXPECT_DOUBLE_EQ(in->deltv[0], 0.005);
-    EXPECT_TRUE(in->ionf[0] && in->epu[0] && !in->suns[0]);
-    const Maneuver shown = lastManeuver(*in);
-    EXPECT_DOUBLE_EQ(shown.deltv, 5.0);
-    EXPECT_EQ(shown.yaw, 10.0);
-    EXPECT_EQ(shown.pitch, -20.0);
-    EXPECT_TRUE(shown.ionf && shown.epu && !shown.suns);
-}
-
-TEST(Thrust, SwitchingOffIsNoImpulse)
-{
-    WinpData* in = spacecraft(42164.0);
-    perform({5.0, 0.0, 0.0, true, true, true}, in);
-    const WinpData before = *in;
-    EXPECT_EQ(perform({5.0, 0.0, 0.0, false, true, true}, in), 0);
-    EXPECT_FALSE(in->ionf[0] || in->epu[0]);
-    EXPECT_EQ(in->epv1[0], before.epv1[0]);
-    EXPECT_EQ(in->a[0], before.a[0]);
-    EXPECT_EQ(in->deltv[0], 5.0);
-}
-
-TEST(Thrust, OfAnAnalyticSatelliteIsAnImpulse)
-{
-    WinpData* in = freshRecord();
-    addCircle(in, 7000.0, 51.6, 30.0, 0.0);
-    perform({10.0, 0.0, 0.0, true, true, true}, in);
-    EXPECT_FALSE(in->ionf[0] || in->epu[0]);
-    EXPECT_GT(in->a[0], 7010.0);
 }
 
 // On a slow spiral the speed falls by the acceleration: a = GM / (v0 - f t)^2.
@@ -231,27 +172,6 @@ TEST(Thrust, RestsInTheShadow)
     EXPECT_GT(gain[0], 0.0);
     // a day is no whole number of revolutions: up to half a shadow of 13.4
     EXPECT_NEAR(gain[1] / gain[0], 1.0 - std::asin(equatorKm / a) / std::numbers::pi, 0.02);
-}
-
-TEST(Thrust, MovesTheEpochOnlyIfAsked)
-{
-    for (const bool update : {false, true}) {
-        SCOPED_TRACE(update);
-        WinpData* in = spacecraft(42164.0);
-        perform({1.0, 0.0, 0.0, true, false, update}, in);
-        const double epoch = in->mjdep[0];
-        const State start = stateAt(in, 0, epoch);
-        const State end = fly(in, 1.0);
-        EXPECT_NEAR(in->mjdep[0], update ? epoch + 1.0 : epoch, 1e-7);
-        EXPECT_NEAR(in->a[0], update ? axisOf(end) : 42164.0, 1e-3);
-        EXPECT_EQ(in->epr0[0] == in->csr0[0], update);
-        // back: to the stored epoch, or against the thrust from where the satellite is
-        const State back = stateAt(in, 0, epoch);
-        if (update)
-            EXPECT_NEAR(in->mjdep[0], epoch, 1e-7);
-        else
-            EXPECT_EQ(abs(back.r - start.r), 0.0);
-    }
 }
 
 TEST(DeltaV, BadNumbersLeaveFiniteElements)

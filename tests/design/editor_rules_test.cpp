@@ -103,13 +103,6 @@ TEST(EditorRules, HeightsThatNameNoEllipseAreHeld)
     }
 }
 
-TEST(EditorRules, HeightsThatWereNotEditedChangeNothing)
-{
-    const Orbit orbit = refreshed(station(), station(), {1, 0, 0}, byHeights);
-    EXPECT_EQ(orbit.a, 7000.0);
-    EXPECT_EQ(orbit.n0, 15.5);
-}
-
 TEST(EditorRules, AHyperbolaTradesAxisAgainstPerigeeDistance)
 {
     const struct
@@ -170,14 +163,6 @@ TEST(EditorRules, TheStoredMeanMotionStaysInItsRange)
     EXPECT_EQ(editor::storedMeanMotion(-5.0, 1.5), 0.001);
     EXPECT_EQ(editor::storedMeanMotion(1000.0, 0.1), 100.0);
     EXPECT_EQ(editor::storedMeanMotion(7000.0, 1.5), 7000.0);
-}
-
-TEST(EditorRules, AnEpochIsAYearAndADay)
-{
-    const editor::YearDay noon = editor::yearDay(58119.5);  // 2018 January 1, 12 h
-    EXPECT_EQ(noon.year, 2018);
-    EXPECT_NEAR(noon.day, 1.5, 1e-9);
-    EXPECT_NEAR(editor::mjdOf(editor::YearDay{2018, 32.0}), 58150.0, 1e-9);
 }
 
 TEST(EditorRules, AMomentKeepsItsWholeSecond)

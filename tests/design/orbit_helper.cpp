@@ -70,11 +70,11 @@ double eccentricityOf(const State& state)
     return abs(state.v * (state.r * state.v) * (1.0 / gmKm3PerS2) - vnorm(state.r));
 }
 
-bool elementsAreFinite(const WinpData& in, int k)
+bool elementsAreFinite(const WinpData& in, int slot)
 {
-    for (const double x : {in.mjdep[k], in.a[k], in.ra[k], in.aper[k], in.inc[k], in.ecc[k], in.m0[k], in.n0[k],
-                           in.adot[k], in.ndot[k], in.n6dot[k], in.bstar[k], in.epr0[k], in.epr1[k], in.epr2[k],
-                           in.epv0[k], in.epv1[k], in.epv2[k]})
+    for (const double x : {in.mjdep[slot], in.a[slot], in.ra[slot], in.aper[slot], in.inc[slot], in.ecc[slot],
+                           in.m0[slot], in.n0[slot], in.adot[slot], in.ndot[slot], in.n6dot[slot], in.bstar[slot],
+                           in.epr0[slot], in.epr1[slot], in.epr2[slot], in.epv0[slot], in.epv1[slot], in.epv2[slot]})
         if (!std::isfinite(x))
             return false;
     return true;

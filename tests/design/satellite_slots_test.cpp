@@ -11,32 +11,6 @@
 
 namespace {
 
-TEST(SatelliteSlots, NewSatellitesComeBehindTheOthersAndGoAgain)
-{
-    const struct
-    {
-        const char* what;
-        int satn, prs, satnWith, prsWith, satnAfter, prsAfter;
-    } cases[] = {
-        {"the second", 1, 0, 2, 1, 1, 0},
-        {"behind the last, whichever is prime", 4, 1, 5, 4, 4, 3},
-        {"the tenth", 9, 8, 10, 9, 9, 8},
-        {"instead of the tenth, and the list gets shorter", 10, 2, 10, 9, 9, 8},
-    };
-    for (const auto& c : cases) {
-        SCOPED_TRACE(c.what);
-        WinpData* in = freshRecord();
-        in->satn = c.satn;
-        in->prs = c.prs;
-        addBlankSatellite(in);
-        EXPECT_EQ(in->satn, c.satnWith);
-        EXPECT_EQ(in->prs, c.prsWith);
-        dropAddedSatellite(in);
-        EXPECT_EQ(in->satn, c.satnAfter);
-        EXPECT_EQ(in->prs, c.prsAfter);
-    }
-}
-
 TEST(SatelliteSlots, NothingIsLeftOfTheFormerSatellite)
 {
     const Keep clock(systemSeconds, [] { return std::time_t{1516467909}; });  // 2018-01-20 17:05:09 UTC

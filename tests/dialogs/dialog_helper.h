@@ -61,14 +61,4 @@ void type(const QWidget& dialog, const char* name, const QString& typed);
 void click(const QWidget& dialog, const char* name);
 
 /// Does something with the modal dialog that opens next, and cancels it if it is still open after that.
-void whenDialogOpens(std::function<void(QDialog&)> meanwhile);
-
-/// What a user may type into a field of numbers and what is read.
-struct BadText
-{
-    const char* typed;
-    double number;
-};
-
-inline constexpr BadText badTexts[] = {{"", 0},          {"abc", 0},         {"nan", 0},   {"inf", 0}, {"-inf", 0},
-                                       {"1e300", 1e300}, {"-1e300", -1e300}, {"1e999", 0}, {"12,5", 0}};
+void whenDialogOpens(const std::function<void(QDialog&)>& meanwhile);

@@ -129,140 +129,119 @@ class FormTest : public QObject
     Q_OBJECT
 
 private Q_SLOTS:
-    void noDialogIsLeftOut();
-    void everyDialogHasItsTitle();
-    void everyWidgetHasAnObjectNameAndAWhatsThisText();
-    void everyEditHasALabelThatLeadsToIt();
-    void noKeyLeadsToTwoWidgets();
-    void noKeyLeadsToTwoWidgetsWhateverIsMarked();
-    void okAcceptsAndCancelRejects();
-    void theReturnKeyPressesTheDefaultButton();
-    void tabReachesEveryWidgetInUse();
-    void noTextIsCutOff();
-};
+    void noDialogIsLeftOut() { QCOMPARE(dialogFiles().size(), qsizetype(std::size(dialogCases))); }
 
-void FormTest::noDialogIsLeftOut()
-{
-    QCOMPARE(dialogFiles().size(), qsizetype(std::size(dialogCases)));
-}
-
-void FormTest::everyDialogHasItsTitle()
-{
-    for (const DialogCase& c : dialogCases)
-        QCOMPARE(std::unique_ptr<QDialog>(c.maker())->windowTitle(), QString(c.title));
-}
-
-void FormTest::everyWidgetHasAnObjectNameAndAWhatsThisText()
-{
-    for (const DialogCase& c : dialogCases) {
-        const std::unique_ptr<QDialog> dialog(c.maker());
-        const QList<QWidget*> widgets = controls(*dialog);
-        QVERIFY2(widgets.size() >= 2, c.title);
-        QSet<QString> names;
-        for (const QWidget* widget : widgets) {
-            QVERIFY2(!widget->objectName().isEmpty(), c.title);
-            QVERIFY2(!names.contains(widget->objectName()), qPrintable(widget->objectName()));
-            names.insert(widget->objectName());
-            QVERIFY2(widget->whatsThis().size() > 10, qPrintable(widget->objectName()));
-        }
+    void everyDialogHasItsTitle()
+    {
+        for (const DialogCase& c : dialogCases)
+            QCOMPARE(std::unique_ptr<QDialog>(c.maker())->windowTitle(), QString(c.title));
     }
-}
 
-void FormTest::everyEditHasALabelThatLeadsToIt()
-{
-    for (const DialogCase& c : dialogCases) {
-        if (qstrcmp(c.title, "Remove Satellites") == 0)
-            continue;  // its edits stand beside boxes
-        const std::unique_ptr<QDialog> dialog(c.maker());
-        QSet<const QWidget*> buddies;
-        for (const QLabel* label : dialog->findChildren<QLabel*>())
-            buddies.insert(label->buddy());
-        for (const QLineEdit* field : dialog->findChildren<QLineEdit*>())
-            QVERIFY2(buddies.contains(field), qPrintable(field->objectName()));
-    }
-}
-
-void FormTest::noKeyLeadsToTwoWidgets()
-{
-    for (const DialogCase& c : dialogCases) {
-        const std::unique_ptr<QDialog> dialog(c.maker());
-        QCOMPARE(QString(c.title) + ": " + sharedKeys(*dialog), QString(c.title) + ": " + c.sharedKeys);
-    }
-}
-
-// A box can change the labels around it.
-void FormTest::noKeyLeadsToTwoWidgetsWhateverIsMarked()
-{
-    for (const DialogCase& c : dialogCases) {
-        const std::unique_ptr<QDialog> first(c.maker());
-        for (const auto* box : first->findChildren<QCheckBox*>()) {
+    void everyWidgetHasAnObjectNameAndAWhatsThisText()
+    {
+        for (const DialogCase& c : dialogCases) {
             const std::unique_ptr<QDialog> dialog(c.maker());
-            auto* same = dialog->findChild<QCheckBox*>(box->objectName());
-            same->setChecked(!same->isChecked());
-            const QString where = QString(c.title) + ", " + box->objectName() + ": ";
-            QCOMPARE(where + sharedKeys(*dialog), where + c.sharedKeys);
+            const QList<QWidget*> widgets = controls(*dialog);
+            QVERIFY2(widgets.size() >= 2, c.title);
+            QSet<QString> names;
+            for (const QWidget* widget : widgets) {
+                QVERIFY2(!widget->objectName().isEmpty(), c.title);
+                QVERIFY2(!names.contains(widget->objectName()), qPrintable(widget->objectName()));
+                names.insert(widget->objectName());
+                QVERIFY2(widget->whatsThis().size() > 10, qPrintable(widget->objectName()));
+            }
         }
     }
-}
 
-void FormTest::okAcceptsAndCancelRejects()
-{
-    for (const DialogCase& c : dialogCases) {
-        for (const char* name : {c.ok, c.cancel}) {
-            if (!name)
-                continue;
+    void everyEditHasALabelThatLeadsToIt()
+    {
+        for (const DialogCase& c : dialogCases) {
+            if (qstrcmp(c.title, "Remove Satellites") == 0)
+                continue;  // its edits stand beside boxes
+            const std::unique_ptr<QDialog> dialog(c.maker());
+            QSet<const QWidget*> buddies;
+            for (const QLabel* label : dialog->findChildren<QLabel*>())
+                buddies.insert(label->buddy());
+            for (const QLineEdit* field : dialog->findChildren<QLineEdit*>())
+                QVERIFY2(buddies.contains(field), qPrintable(field->objectName()));
+        }
+    }
+
+    // A box can change the labels around it.
+    void noKeyLeadsToTwoWidgetsWhateverIsMarked()
+    {
+        for (const DialogCase& c : dialogCases) {
+            const std::unique_ptr<QDialog> first(c.maker());
+            QCOMPARE(QString(c.title) + ": " + sharedKeys(*first), QString(c.title) + ": " + c.sharedKeys);
+            for (const auto* box : first->findChildren<QCheckBox*>()) {
+                const std::unique_ptr<QDialog> dialog(c.maker());
+                auto* same = dialog->findChild<QCheckBox*>(box->objectName());
+                same->setChecked(!same->isChecked());
+                const QString where = QString(c.title) + ", " + box->objectName() + ": ";
+                QCOMPARE(where + sharedKeys(*dialog), where + c.sharedKeys);
+            }
+        }
+    }
+
+    void okAcceptsAndCancelRejects()
+    {
+        for (const DialogCase& c : dialogCases) {
+            for (const char* name : {c.ok, c.cancel}) {
+                if (!name)
+                    continue;
+                const std::unique_ptr<QDialog> dialog(c.maker());
+                QVERIFY2(opened(*dialog), c.title);
+                dialog->setResult(-1);
+                click(*dialog, name);
+                QVERIFY2(!dialog->isVisible(), c.title);
+                QCOMPARE(dialog->result(), name == c.ok ? int(QDialog::Accepted) : int(QDialog::Rejected));
+            }
+        }
+    }
+
+    void theReturnKeyPressesTheDefaultButton()
+    {
+        for (const DialogCase& c : dialogCases) {
+            const std::unique_ptr<QDialog> dialog(c.maker());
+            const auto* ok = child<QPushButton>(*dialog, c.ok);
+            const bool searches = qstrcmp(c.title, "Select Satellite") == 0;
+            QCOMPARE(ok->isDefault(), !searches);
+            QCOMPARE(ok->autoDefault(), !searches);
+            if (searches)
+                QVERIFY(child<QPushButton>(*dialog, "findButton")->isDefault());
+        }
+    }
+
+    void tabReachesEveryWidgetInUse()
+    {
+        for (const DialogCase& c : dialogCases) {
             const std::unique_ptr<QDialog> dialog(c.maker());
             QVERIFY2(opened(*dialog), c.title);
-            dialog->setResult(-1);
-            click(*dialog, name);
-            QVERIFY2(!dialog->isVisible(), c.title);
-            QCOMPARE(dialog->result(), name == c.ok ? int(QDialog::Accepted) : int(QDialog::Rejected));
+            QSet<QWidget*> reached;
+            for (int i = 0; i < 60; ++i) {
+                reached.insert(dialog->focusWidget());
+                QTest::keyClick(dialog->focusWidget() ? dialog->focusWidget() : dialog.get(), Qt::Key_Tab);
+            }
+            for (QWidget* widget : controls(*dialog)) {
+                const bool radio = qobject_cast<QRadioButton*>(widget);  // the arrow keys lead to these
+                if (widget->isVisible() && widget->isEnabled() && !radio && (widget->focusPolicy() & Qt::TabFocus))
+                    QVERIFY2(reached.contains(widget), qPrintable(widget->objectName()));
+            }
         }
     }
-}
 
-void FormTest::theReturnKeyPressesTheDefaultButton()
-{
-    for (const DialogCase& c : dialogCases) {
-        const std::unique_ptr<QDialog> dialog(c.maker());
-        const auto* ok = child<QPushButton>(*dialog, c.ok);
-        const bool searches = qstrcmp(c.title, "Select Satellite") == 0;
-        QCOMPARE(ok->isDefault(), !searches);
-        QCOMPARE(ok->autoDefault(), !searches);
-        if (searches)
-            QVERIFY(child<QPushButton>(*dialog, "findButton")->isDefault());
-    }
-}
-
-void FormTest::tabReachesEveryWidgetInUse()
-{
-    for (const DialogCase& c : dialogCases) {
-        const std::unique_ptr<QDialog> dialog(c.maker());
-        QVERIFY2(opened(*dialog), c.title);
-        QSet<QWidget*> reached;
-        for (int i = 0; i < 60; ++i) {
-            reached.insert(dialog->focusWidget());
-            QTest::keyClick(dialog->focusWidget() ? dialog->focusWidget() : dialog.get(), Qt::Key_Tab);
-        }
-        for (QWidget* widget : controls(*dialog)) {
-            const bool radio = qobject_cast<QRadioButton*>(widget);  // the arrow keys lead to these
-            if (widget->isVisible() && widget->isEnabled() && !radio && (widget->focusPolicy() & Qt::TabFocus))
-                QVERIFY2(reached.contains(widget), qPrintable(widget->objectName()));
+    void noTextIsCutOff()
+    {
+        for (const DialogCase& c : dialogCases) {
+            const std::unique_ptr<QDialog> dialog(c.maker());
+            QVERIFY2(opened(*dialog), c.title);
+            for (const QWidget* widget : dialog->findChildren<QWidget*>())
+                if (widget->isVisible() &&
+                    (qobject_cast<const QLabel*>(widget) || qobject_cast<const QAbstractButton*>(widget)))
+                    QVERIFY2(widget->width() >= widget->sizeHint().width(), qPrintable(widget->objectName()));
         }
     }
-}
-
-void FormTest::noTextIsCutOff()
-{
-    for (const DialogCase& c : dialogCases) {
-        const std::unique_ptr<QDialog> dialog(c.maker());
-        QVERIFY2(opened(*dialog), c.title);
-        for (const QWidget* widget : dialog->findChildren<QWidget*>())
-            if (widget->isVisible() &&
-                (qobject_cast<const QLabel*>(widget) || qobject_cast<const QAbstractButton*>(widget)))
-                QVERIFY2(widget->width() >= widget->sizeHint().width(), qPrintable(widget->objectName()));
-    }
-}
+};
 
 QTEST_MAIN(FormTest)
 #include "form_test.moc"

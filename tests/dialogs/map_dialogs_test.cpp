@@ -1,7 +1,5 @@
 // The map dialog and the switch dialog.
 
-#include <QRadioButton>
-
 #include "app/record/text.h"
 #include "app/record/winp_data.h"
 #include "dialogs/dialog_helper.h"
@@ -43,234 +41,160 @@ class MapDialogsTest : public QObject
     Q_OBJECT
 
 private Q_SLOTS:
-    void buttonsGiveTheirValues_data();
-    void buttonsGiveTheirValues();
-    void boxesAndNumbersComeBack();
-    void settingsOfWorldAndSkyTakeTurns();
-    void thePhysicalMapNeedsItsImage();
-    void theDirectionWritesItsAzimuth();
-    void badTextsReadAsTheirNumber();
-    void switchShowsTheSelectedSatellites();
-    void switchGivesTheCheckedSatellite();
-    void switchKeepsAnAmpersandOfAName();
-};
-
-void MapDialogsTest::buttonsGiveTheirValues_data()
-{
-    QTest::addColumn<QString>("name");
-    QTest::addColumn<int>("value");
-    QTest::addColumn<int>("which");  // 0 grid, 1 background, 2 world map, 3 sky
-    const struct
+    void buttonsGiveTheirValues()
     {
-        int which;
-        QStringList names;
-    } groups[] = {{0, {"gnoButton", "g30Button", "g10Button"}},
-                  {1, {"whiteButton", "greyButton", "blackButton"}},
-                  {2, {"pstdButton", "pnorthButton", "psouthButton", "ppwmButton"}},
-                  {3, {"zenithButton", "northButton", "eastButton", "southButton", "westButton", "azimButton"}}};
-    for (const auto& group : groups)
-        for (int i = 0; i < group.names.size(); ++i)
-            QTest::newRow(qPrintable(group.names[i])) << group.names[i] << i << group.which;
-}
+        const struct
+        {
+            int Map::*field;
+            std::vector<const char*> names;
+        } groups[] = {
+            {&Map::mgrid, {"gnoButton", "g30Button", "g10Button"}},
+            {&Map::mgrey, {"whiteButton", "greyButton", "blackButton"}},
+            {&Map::mapprj, {"pstdButton", "pnorthButton", "psouthButton", "ppwmButton"}},
+            {&Map::skyprj, {"zenithButton", "northButton", "eastButton", "southButton", "westButton", "azimButton"}}};
+        for (const auto& group : groups) {
+            for (int value = 0; value < static_cast<int>(group.names.size()); ++value) {
+                const char* name = group.names[static_cast<std::size_t>(value)];
+                StMapDialog typed, filled;
+                Map start;
+                start.skymap = group.field == &Map::skyprj ? 1 : 0;
+                start.*group.field = value == 0 ? 1 : 0;  // another button first
+                fill(typed, start, true);
+                QVERIFY(opened(typed));
+                click(typed, name);
+                QVERIFY2(read(typed).*group.field == value, name);
+                start.*group.field = value;
+                fill(filled, start, true);
+                QVERIFY2(button(filled, name)->isChecked(), name);
+            }
+        }
+    }
 
-void MapDialogsTest::buttonsGiveTheirValues()
-{
-    QFETCH(QString, name);
-    QFETCH(int, value);
-    QFETCH(int, which);
-    const auto of = [which](Map& m) -> int& {
-        return which == 0 ? m.mgrid : which == 1 ? m.mgrey : which == 2 ? m.mapprj : m.skyprj;
-    };
+    void settingsOfWorldAndSkyTakeTurns()
+    {
+        StMapDialog dialog;
+        fill(dialog, {}, true);
+        QVERIFY(opened(dialog));
+        for (int round = 0; round < 2; ++round) {
+            for (const char* name : ofTheWorld)
+                QVERIFY2(shown(dialog, name), name);
+            for (const char* name : ofTheSky)
+                QVERIFY2(hidden(dialog, name), name);
+            QVERIFY(shown(dialog, "ppwmButton"));
+            QVERIFY(hidden(dialog, "azimEdit") && hidden(dialog, "azimLabel"));
+            click(dialog, "skyBox");
+            for (const char* name : ofTheWorld)
+                QVERIFY2(hidden(dialog, name), name);
+            for (const char* name : ofTheSky)
+                QVERIFY2(shown(dialog, name), name);
+            QVERIFY(hidden(dialog, "ppwmButton"));
+            QVERIFY(hidden(dialog, "azimEdit") && hidden(dialog, "azimLabel"));
+            button(dialog, "azimButton")->setChecked(true);
+            QVERIFY(shown(dialog, "azimEdit") && shown(dialog, "azimLabel"));
+            button(dialog, "zenithButton")->setChecked(true);
+            click(dialog, "skyBox");
+        }
+    }
 
-    StMapDialog typed;
-    Map start;
-    start.skymap = which == 3 ? 1 : 0;
-    of(start) = value == 0 ? 1 : 0;  // another button first
-    fill(typed, start, true);
-    QVERIFY(opened(typed));
-    click(typed, name.toLatin1());
-    Map back = read(typed);
-    QCOMPARE(of(back), value);
-
-    StMapDialog filled;
-    of(start) = value;
-    fill(filled, start, true);
-    QVERIFY(button(filled, name.toLatin1())->isChecked());
-}
-
-void MapDialogsTest::boxesAndNumbersComeBack()
-{
-    for (const bool on : {false, true}) {
+    void thePhysicalMapNeedsItsImage()
+    {
         Map m;
-        m.mpnight = m.ra4d = on ? 1 : 0;
-        m.mfsz = on ? 12 : 10;
-        m.bf = m.satsky = on;
-        m.centmer = -30.5;
-        m.frequ = 1.4585e8;
-        m.skaz = 45.0;
-        m.skyprj = 5;
+        m.mapprj = 3;
+        StMapDialog with;
+        fill(with, m, true);
+        QVERIFY(shown(with, "ppwmButton"));
+        QCOMPARE(read(with).mapprj, 3);
+        StMapDialog without;
+        fill(without, m, false);
+        QVERIFY(hidden(without, "ppwmButton"));
+        QCOMPARE(read(without).mapprj, 0);
+    }
+
+    void theDirectionWritesItsAzimuth()
+    {
+        const struct
+        {
+            const char* name;
+            double azimuth;
+        } cases[] = {{"northButton", 0},
+                     {"eastButton", 90},
+                     {"southButton", 180},
+                     {"westButton", 270},
+                     {"zenithButton", 270}};  // the last keeps what the one before has left
+        Map m;
         m.skymap = 1;
+        m.skyprj = 5;
+        m.skaz = 33.25;
         StMapDialog dialog;
         fill(dialog, m, true);
-        QCOMPARE(text(dialog, "frequEdit"), QString("1.4585e+08"));
-        const Map back = read(dialog);
-        QCOMPARE(back.mpnight, m.mpnight);
-        QCOMPARE(back.ra4d, m.ra4d);
-        QCOMPARE(back.mfsz, m.mfsz);
-        QCOMPARE(back.bf, on);
-        QCOMPARE(back.satsky, on);
-        QCOMPARE(back.centmer, -30.5);
-        QCOMPARE(back.frequ, 1.4585e8);
-        QCOMPARE(back.skaz, 45.0);
-        QCOMPARE(back.skymap, 1);
-    }
-}
-
-void MapDialogsTest::settingsOfWorldAndSkyTakeTurns()
-{
-    StMapDialog dialog;
-    fill(dialog, {}, true);
-    QVERIFY(opened(dialog));
-    for (int round = 0; round < 2; ++round) {
-        for (const char* name : ofTheWorld)
-            QVERIFY2(shown(dialog, name), name);
-        for (const char* name : ofTheSky)
-            QVERIFY2(hidden(dialog, name), name);
-        QVERIFY(shown(dialog, "ppwmButton"));
-        QVERIFY(hidden(dialog, "azimEdit") && hidden(dialog, "azimLabel"));
-        click(dialog, "skyBox");
-        for (const char* name : ofTheWorld)
-            QVERIFY2(hidden(dialog, name), name);
-        for (const char* name : ofTheSky)
-            QVERIFY2(shown(dialog, name), name);
-        QVERIFY(hidden(dialog, "ppwmButton"));
-        QVERIFY(hidden(dialog, "azimEdit") && hidden(dialog, "azimLabel"));
-        button(dialog, "azimButton")->setChecked(true);
-        QVERIFY(shown(dialog, "azimEdit") && shown(dialog, "azimLabel"));
-        button(dialog, "zenithButton")->setChecked(true);
-        click(dialog, "skyBox");
-    }
-}
-
-void MapDialogsTest::thePhysicalMapNeedsItsImage()
-{
-    Map m;
-    m.mapprj = 3;
-    StMapDialog with;
-    fill(with, m, true);
-    QVERIFY(shown(with, "ppwmButton"));
-    QCOMPARE(read(with).mapprj, 3);
-    StMapDialog without;
-    fill(without, m, false);
-    QVERIFY(hidden(without, "ppwmButton"));
-    QCOMPARE(read(without).mapprj, 0);
-}
-
-void MapDialogsTest::theDirectionWritesItsAzimuth()
-{
-    const struct
-    {
-        const char* name;
-        double azimuth;
-    } cases[] = {{"northButton", 0},
-                 {"eastButton", 90},
-                 {"southButton", 180},
-                 {"westButton", 270},
-                 {"zenithButton", 270}};  // the last keeps what the one before has left
-    Map m;
-    m.skymap = 1;
-    m.skyprj = 5;
-    m.skaz = 33.25;
-    StMapDialog dialog;
-    fill(dialog, m, true);
-    QCOMPARE(read(dialog).skaz, 33.25);
-    QVERIFY(opened(dialog));
-    for (const auto& c : cases) {
-        click(dialog, c.name);
-        QCOMPARE(read(dialog).skaz, c.azimuth);
-    }
-
-    Map east;
-    east.skyprj = 2;
-    StMapDialog turnedOn;
-    fill(turnedOn, east, true);
-    QVERIFY(opened(turnedOn));
-    click(turnedOn, "skyBox");
-    QCOMPARE(text(turnedOn, "azimEdit"), QString("90"));
-    QVERIFY(hidden(turnedOn, "azimEdit"));
-}
-
-void MapDialogsTest::badTextsReadAsTheirNumber()
-{
-    Map m;
-    m.skymap = 0;
-    StMapDialog dialog;
-    fill(dialog, m, true);
-    QVERIFY(opened(dialog));
-    for (const BadText& c : badTexts) {
-        type(dialog, "meridianEdit", c.typed);
-        type(dialog, "frequEdit", c.typed);
-        QCOMPARE(read(dialog).centmer, c.number);
-        QCOMPARE(read(dialog).frequ, c.number);
-    }
-    button(dialog, "skyBox")->setChecked(true);
-    button(dialog, "azimButton")->setChecked(true);
-    for (const BadText& c : badTexts) {
-        type(dialog, "azimEdit", c.typed);
-        QCOMPARE(read(dialog).skaz, c.number);
-    }
-}
-
-void MapDialogsTest::switchShowsTheSelectedSatellites()
-{
-    for (int i = 0; i < maxSatellites; ++i)
-        assignField(indata->fsname[i], QString("SAT %1").arg(i + 1).toStdString());
-    for (const int satn : {0, 3, 10}) {
-        StSwitchDialog dialog;
-        dialog.setParams(0, 1, satn);
-        for (int i = 1; i <= 10; ++i) {
-            const QByteArray name = QString("satButton%1").arg(i).toLatin1();
-            QCOMPARE(shown(dialog, name), i <= satn);
-            QCOMPARE(hidden(dialog, name), i > satn);
-            const QString digit = i < 10 ? QString("&%1 ").arg(i) : QString("1&0 ");
-            if (i <= satn)
-                QCOMPARE(button(dialog, name)->text(), digit + QString("SAT %1").arg(i));
+        QCOMPARE(read(dialog).skaz, 33.25);
+        QVERIFY(opened(dialog));
+        for (const auto& c : cases) {
+            click(dialog, c.name);
+            QCOMPARE(read(dialog).skaz, c.azimuth);
         }
-        QVERIFY(button(dialog, "relativeBox")->isChecked());
+
+        Map east;
+        east.skyprj = 2;
+        StMapDialog turnedOn;
+        fill(turnedOn, east, true);
+        QVERIFY(opened(turnedOn));
+        click(turnedOn, "skyBox");
+        QCOMPARE(text(turnedOn, "azimEdit"), QString("90"));
+        QVERIFY(hidden(turnedOn, "azimEdit"));
     }
-}
 
-void MapDialogsTest::switchGivesTheCheckedSatellite()
-{
-    StSwitchDialog dialog;
-    dialog.setParams(1, 0, 10);
-    QVERIFY(opened(dialog));
-    int prs = -1;
-    int rlm = -1;
-    dialog.getParams(prs, rlm);
-    QCOMPARE(prs, 1);
-    QCOMPARE(rlm, 0);
-    click(dialog, "satButton7");
-    click(dialog, "relativeBox");
-    dialog.getParams(prs, rlm);
-    QCOMPARE(prs, 6);
-    QCOMPARE(rlm, 1);
-    QTest::keyClick(&dialog, Qt::Key_0, Qt::AltModifier);
-    QTRY_VERIFY(button(dialog, "satButton10")->isChecked());
-    dialog.getParams(prs, rlm);
-    QCOMPARE(prs, 9);
-    QTest::keyClick(&dialog, Qt::Key_C, Qt::AltModifier);
-    QTRY_COMPARE(dialog.result(), int(QDialog::Accepted));
-}
+    void switchShowsTheSelectedSatellites()
+    {
+        for (int i = 0; i < maxSatellites; ++i)
+            assignField(indata->fsname[i], QString("SAT %1").arg(i + 1).toStdString());
+        for (const int satn : {0, 3, 10}) {
+            StSwitchDialog dialog;
+            dialog.setParams(0, 1, satn);
+            for (int i = 1; i <= 10; ++i) {
+                const QByteArray name = QString("satButton%1").arg(i).toLatin1();
+                QCOMPARE(shown(dialog, name), i <= satn);
+                QCOMPARE(hidden(dialog, name), i > satn);
+                const QString digit = i < 10 ? QString("&%1 ").arg(i) : QString("1&0 ");
+                if (i <= satn)
+                    QCOMPARE(button(dialog, name)->text(), digit + QString("SAT %1").arg(i));
+            }
+            QVERIFY(button(dialog, "relativeBox")->isChecked());
+        }
+    }
 
-void MapDialogsTest::switchKeepsAnAmpersandOfAName()
-{
-    assignField(indata->fsname[0], "A & B");
-    StSwitchDialog dialog;
-    dialog.setParams(0, 0, 1);
-    QCOMPARE(button(dialog, "satButton1")->text(), QString("&1 A && B"));
-    QCOMPARE(button(dialog, "satButton1")->shortcut(), QKeySequence("Alt+1"));
-}
+    void switchGivesTheCheckedSatellite()
+    {
+        StSwitchDialog dialog;
+        dialog.setParams(1, 0, 10);
+        QVERIFY(opened(dialog));
+        int prs = -1;
+        int rlm = -1;
+        dialog.getParams(prs, rlm);
+        QCOMPARE(prs, 1);
+        QCOMPARE(rlm, 0);
+        click(dialog, "satButton7");
+        click(dialog, "relativeBox");
+        dialog.getParams(prs, rlm);
+        QCOMPARE(prs, 6);
+        QCOMPARE(rlm, 1);
+        QTest::keyClick(&dialog, Qt::Key_0, Qt::AltModifier);
+        QTRY_VERIFY(button(dialog, "satButton10")->isChecked());
+        dialog.getParams(prs, rlm);
+        QCOMPARE(prs, 9);
+        QTest::keyClick(&dialog, Qt::Key_C, Qt::AltModifier);
+        QTRY_COMPARE(dialog.result(), int(QDialog::Accepted));
+    }
+
+    void switchKeepsAnAmpersandOfAName()
+    {
+        assignField(indata->fsname[0], "A & B");
+        StSwitchDialog dialog;
+        dialog.setParams(0, 0, 1);
+        QCOMPARE(button(dialog, "satButton1")->text(), QString("&1 A && B"));
+        QCOMPARE(button(dialog, "satButton1")->shortcut(), QKeySequence("Alt+1"));
+    }
+};
 
 QTEST_MAIN(MapDialogsTest)
 #include "map_dialogs_test.moc"

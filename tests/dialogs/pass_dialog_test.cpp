@@ -1,7 +1,6 @@
 // The window with the details of a pass.
 
 #include <QMessageBox>
-#include <QPushButton>
 #include <QTextEdit>
 
 #include "app/record/files.h"
@@ -59,47 +58,6 @@ private Q_SLOTS:
         indata->aostm[0] = secondPass;
     }
 
-    void hasTheOutlineOfTheOthers()
-    {
-        StPassDialog dialog;
-        dialog.setParams(10);
-        QVERIFY(opened(dialog));
-        QCOMPARE(dialog.windowTitle(), QString("Pass Details"));
-        QCOMPARE(dialog.size(), QSize(491, 477));
-        const auto* text = child<QTextEdit>(dialog, "passEdit");
-        QCOMPARE(text->geometry(), QRect(10, 10, 469, 419));
-        QVERIFY(text->isReadOnly());
-        QCOMPARE(text->font().pointSize(), 10);
-        QCOMPARE(text->textCursor().position(), 0);
-        const auto* close = child<QPushButton>(dialog, "closeButton");
-        QVERIFY(close->isDefault());
-        QVERIFY(close->hasFocus());
-        QCOMPARE(button(dialog, "saveButton")->toolTip(),
-                 QString("Saves the Pass Details information on the Vorlix Save-File."));
-        QCOMPARE(button(dialog, "gtrackButton")->toolTip(), QString("Copy groundtrack on save file."));
-        QCOMPARE(button(dialog, "gtrackButton")->text(), QString("&G-Track"));
-    }
-
-    void closesOnItsKeys_data()
-    {
-        QTest::addColumn<int>("key");
-        QTest::addColumn<int>("modifier");
-        QTest::newRow("Alt+C") << static_cast<int>(Qt::Key_C) << static_cast<int>(Qt::AltModifier);
-        QTest::newRow("Return") << static_cast<int>(Qt::Key_Return) << 0;
-    }
-
-    void closesOnItsKeys()
-    {
-        QFETCH(int, key);
-        QFETCH(int, modifier);
-        StPassDialog dialog;
-        dialog.setParams(8);
-        QVERIFY(opened(dialog));
-        QTest::keyClick(&dialog, static_cast<Qt::Key>(key), Qt::KeyboardModifiers(modifier));
-        QTRY_VERIFY(!dialog.isVisible());  // a shortcut shows the button pressed for a moment
-        QCOMPARE(dialog.result(), static_cast<int>(QDialog::Accepted));
-    }
-
     void listsThePassAndItsPole()
     {
         StPassDialog dialog;
@@ -107,24 +65,6 @@ private Q_SLOTS:
         // the display form has the columns of the file with four digits, but no blank lines in front
         const QByteArray saved = QByteArray::fromStdString(expected("pass_details.txt"));
         QCOMPARE(shownText(dialog), QString::fromLatin1(saved.mid(3)));
-    }
-
-    void endsAtItsLimit()
-    {
-        indata->satel = -90.0;  // a pass without end
-        indata->tmstep = 0.1 / 86400.0;
-        StPassDialog dialog;
-        dialog.setParams(10);
-        constexpr int headingLines = 5, poleLines = 3;
-        QCOMPARE(shownText(dialog).count('\n') + 1, headingLines + 6250 + poleLines);
-    }
-
-    void showsAPoleAloneForAPassThatHasGone()
-    {
-        indata->aostm[0] = 58138.3;
-        StPassDialog dialog;
-        dialog.setParams(10);
-        QVERIFY(shownText(dialog).startsWith("\n\nApparent Pole of orbit"));
     }
 
     void savesAsOftenAsItIsAsked()

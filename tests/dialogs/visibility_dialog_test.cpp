@@ -67,225 +67,124 @@ class VisibilityDialogTest : public QObject
     Q_OBJECT
 
 private Q_SLOTS:
-    void conditionsComeBack();
-    void modesComeBack_data();
-    void modesComeBack();
-    void widgetsFollowTheModes_data();
-    void widgetsFollowTheModes();
-    void modesExcludeEachOther();
-    void anglesAreNamedAfterTheirUse();
-    void flareMagnitudeShowsItsField();
-    void solarPanelsRuleOutTheCylinder();
-    void hiddenBoxesStillCount();
-    void badTextsReadAsTheirNumber();
-};
-
-void VisibilityDialogTest::conditionsComeBack()
-{
-    StVisDialog dialog;
-    dialog.setParams(-6.5, 10.25, 1950.0, 12.3456, -45.1, 1, 0);
-    QVERIFY(opened(dialog));
-    click(dialog, "moonBox");
-    double sunel = 0, satel = 0, epoch = 0, ra = 0, dec = 0;
-    int visible = 0, moon = 0;
-    dialog.getParams(sunel, satel, epoch, ra, dec, visible, moon);
-    QCOMPARE(sunel, -6.5);
-    QCOMPARE(satel, 10.25);
-    QCOMPARE(epoch, 1950.0);
-    QCOMPARE(ra, 12.3456);
-    QCOMPARE(dec, -45.1);
-    QCOMPARE(visible, 1);
-    QCOMPARE(moon, 1);
-}
-
-void VisibilityDialogTest::modesComeBack_data()
-{
-    QTest::addColumn<QString>("mode");
-    QTest::addColumn<int>("flarmod");
-    for (const QByteArray mode : {"none", "sun", "moon", "radec", "flare", "iridium", "eclipse"})
-        for (const int flarmod : {1, 2, -1, -2})
-            QTest::newRow(mode + ' ' + QByteArray::number(flarmod)) << QString::fromLatin1(mode) << flarmod;
-}
-
-void VisibilityDialogTest::modesComeBack()
-{
-    QFETCH(QString, mode);
-    QFETCH(int, flarmod);
-    Modes m = plain();
-    m.occflg = mode == "sun" ? 1 : mode == "moon" ? 2 : mode == "radec" ? 3 : 0;
-    m.flarflg = mode == "flare" ? 1 : 0;
-    m.iridflg = mode == "iridium" ? 3 : 0;
-    m.eclflg = mode == "eclipse";
-    m.flarmod = flarmod;
-    StVisDialog dialog;
-    fill(dialog, m);
-    const Modes back = read(dialog);
-    QCOMPARE(back.occflg, m.occflg);
-    QCOMPARE(back.flarflg, m.flarflg);
-    QCOMPARE(back.iridflg, m.iridflg);
-    QCOMPARE(back.eclflg, m.eclflg);
-    QCOMPARE(back.flarmod, flarmod);
-    QCOMPARE(back.flrmgx, -7.5);
-}
-
-void VisibilityDialogTest::widgetsFollowTheModes_data()
-{
-    QTest::addColumn<QString>(
-        "boxes");  // clicked one after the other, from no mode with known surface, local attitude
-    QTest::addColumn<QString>("visible");
-    QTest::newRow("no mode") << ""
-                             << "";
-    QTest::newRow("Sun") << "occBox" << body + " smplotBox";
-    QTest::newRow("Moon") << "occBox moonButton" << body + " smplotBox";
-    QTest::newRow("position") << "occBox radecButton" << body + " " + angles;
-    QTest::newRow("and back to the Sun") << "occBox radecButton sunButton" << body + " smplotBox";
-    QTest::newRow("known, local") << "flarBox"
-                                  << "knownBox localBox ystBox flrmagBox " + angles;
-    QTest::newRow("known, inertial") << "flarBox localBox"
-                                     << "knownBox localBox flrmagBox " + angles;
-    QTest::newRow("unknown, local") << "flarBox knownBox"
-                                    << "knownBox localBox ystBox cylBox";
-    QTest::newRow("unknown, inertial") << "flarBox knownBox localBox"
-                                       << "knownBox localBox cylBox solfBox";
-    QTest::newRow("cylinder") << "flarBox knownBox cylBox"
-                              << "knownBox localBox ystBox cylBox " + angles;
-    QTest::newRow("Iridium") << "iridBox"
-                             << "";
-    QTest::newRow("eclipse") << "eclBox"
-                             << "";
-    QTest::newRow("flares after a transit") << "occBox flarBox"
-                                            << "knownBox localBox ystBox flrmagBox " + angles;
-    QTest::newRow("switched off again") << "flarBox flarBox"
-                                        << "";
-}
-
-void VisibilityDialogTest::widgetsFollowTheModes()
-{
-    QFETCH(QString, boxes);
-    QFETCH(QString, visible);
-    StVisDialog dialog;
-    fill(dialog, plain());
-    QVERIFY(opened(dialog));
-    for (const QString& box : boxes.split(' ', Qt::SkipEmptyParts)) {
-        click(dialog, box.toLatin1());
-        QCoreApplication::sendPostedEvents();  // the layout moves what stands below
-        QTest::qWait(1);
-    }
-    QCOMPARE(wrongOf(dialog, visible), QString());
-    for (const char* always : {"sunelEdit", "satelEdit", "visBox", "moonBox", "epochEdit", "occBox", "eclBox",
-                               "flarBox", "iridBox", "okButton", "cancelButton"})
-        QVERIFY2(shown(dialog, always), always);
-}
-
-void VisibilityDialogTest::modesExcludeEachOther()
-{
-    const char* const modes[] = {"occBox", "flarBox", "iridBox", "eclBox"};
-    for (const char* first : modes) {
-        for (const char* second : modes) {
-            if (first == second)
-                continue;
-            StVisDialog dialog;
-            fill(dialog, plain());
-            button(dialog, first)->setChecked(true);
-            button(dialog, second)->setChecked(true);
-            for (const char* mode : modes)
-                QCOMPARE(button(dialog, mode)->isChecked(), mode == second);
+    void modesComeBack()
+    {
+        for (const QByteArray mode : {"none", "sun", "moon", "radec", "flare", "iridium", "eclipse"}) {
+            for (const int flarmod : {1, 2, -1, -2}) {
+                Modes m = plain();
+                m.occflg = mode == "sun" ? 1 : mode == "moon" ? 2 : mode == "radec" ? 3 : 0;
+                m.flarflg = mode == "flare" ? 1 : 0;
+                m.iridflg = mode == "iridium" ? 3 : 0;
+                m.eclflg = mode == "eclipse";
+                m.flarmod = flarmod;
+                StVisDialog dialog;
+                fill(dialog, m);
+                const Modes back = read(dialog);
+                QCOMPARE(back.occflg, m.occflg);
+                QCOMPARE(back.flarflg, m.flarflg);
+                QCOMPARE(back.iridflg, m.iridflg);
+                QCOMPARE(back.eclflg, m.eclflg);
+                QCOMPARE(back.flarmod, flarmod);
+                QCOMPARE(back.flrmgx, -7.5);
+            }
         }
     }
-}
 
-void VisibilityDialogTest::anglesAreNamedAfterTheirUse()
-{
-    const struct
+    void widgetsFollowTheModes_data()
     {
-        const char* what;
-        int occflg, flarflg, flarmod;
-        bool cylflg;
-        const char *yaw, *pitch;
-    } cases[] = {
-        {"position in the sky", 3, 0, 1, false, "R.A.(HH.MMSS):", "Dec.(DDD.MMSS):"},
-        {"local attitude", 0, 1, 1, false, "Yaw (deg):", "Pitch (deg):"},
-        {"inertial attitude", 0, 1, 2, false, "R.A.(HH.MMSS):", "Dec.(DDD.MMSS):"},
-        {"local cylinder", 0, 1, -1, true, "Yaw (deg):", "Pitch (deg):"},
-        {"inertial cylinder", 0, 1, -2, true, "R.A.(HH.MMSS):", "Dec.(DDD.MMSS):"},
-    };
-    for (const auto& c : cases) {
-        Modes m = plain();
-        m.occflg = c.occflg;
-        m.flarflg = c.flarflg;
-        m.flarmod = c.flarmod;
-        m.cylflg = c.cylflg;
+        QTest::addColumn<QString>(
+            "boxes");  // clicked one after the other, from no mode with known surface, local attitude
+        QTest::addColumn<QString>("visible");
+        QTest::newRow("no mode") << ""
+                                 << "";
+        QTest::newRow("Sun") << "occBox" << body + " smplotBox";
+        QTest::newRow("Moon") << "occBox moonButton" << body + " smplotBox";
+        QTest::newRow("position") << "occBox radecButton" << body + " " + angles;
+        QTest::newRow("and back to the Sun") << "occBox radecButton sunButton" << body + " smplotBox";
+        QTest::newRow("known, local") << "flarBox"
+                                      << "knownBox localBox ystBox flrmagBox " + angles;
+        QTest::newRow("known, inertial") << "flarBox localBox"
+                                         << "knownBox localBox flrmagBox " + angles;
+        QTest::newRow("unknown, local") << "flarBox knownBox"
+                                        << "knownBox localBox ystBox cylBox";
+        QTest::newRow("unknown, inertial") << "flarBox knownBox localBox"
+                                           << "knownBox localBox cylBox solfBox";
+        QTest::newRow("cylinder") << "flarBox knownBox cylBox"
+                                  << "knownBox localBox ystBox cylBox " + angles;
+        QTest::newRow("Iridium") << "iridBox"
+                                 << "";
+        QTest::newRow("eclipse") << "eclBox"
+                                 << "";
+        QTest::newRow("flares after a transit") << "occBox flarBox"
+                                                << "knownBox localBox ystBox flrmagBox " + angles;
+        QTest::newRow("switched off again") << "flarBox flarBox"
+                                            << "";
+    }
+
+    void widgetsFollowTheModes()
+    {
+        QFETCH(QString, boxes);
+        QFETCH(QString, visible);
         StVisDialog dialog;
-        fill(dialog, m);
-        QVERIFY2(shown(dialog, "yawEdit"), c.what);
-        QCOMPARE(labelText(dialog, "yawLabel"), QString(c.yaw));
-        QCOMPARE(labelText(dialog, "pitchLabel"), QString(c.pitch));
+        fill(dialog, plain());
+        QVERIFY(opened(dialog));
+        for (const QString& box : boxes.split(' ', Qt::SkipEmptyParts)) {
+            click(dialog, box.toLatin1());
+            QCoreApplication::sendPostedEvents();  // the layout moves what stands below
+            QTest::qWait(1);
+        }
+        QCOMPARE(wrongOf(dialog, visible), QString());
+        for (const char* always : {"sunelEdit", "satelEdit", "visBox", "moonBox", "epochEdit", "occBox", "eclBox",
+                                   "flarBox", "iridBox", "okButton", "cancelButton"})
+            QVERIFY2(shown(dialog, always), always);
     }
-}
 
-void VisibilityDialogTest::flareMagnitudeShowsItsField()
-{
-    Modes m = plain();
-    m.flarflg = 1;
-    StVisDialog dialog;
-    fill(dialog, m);
-    QVERIFY(opened(dialog));
-    QVERIFY(hidden(dialog, "flrmxEdit") && hidden(dialog, "flrmagLabel"));
-    click(dialog, "flrmagBox");
-    QVERIFY(shown(dialog, "flrmxEdit") && shown(dialog, "flrmagLabel"));
-    type(dialog, "flrmxEdit", "-3.5");
-    QCOMPARE(read(dialog).flrmgx, -3.5);
-    click(dialog, "knownBox");  // takes the box away, and the field with it
-    QVERIFY(hidden(dialog, "flrmagBox") && hidden(dialog, "flrmxEdit"));
-}
-
-void VisibilityDialogTest::solarPanelsRuleOutTheCylinder()
-{
-    for (const bool solar : {false, true}) {
-        Modes m = plain();
-        m.flarflg = 1;
-        m.flarmod = -2;
-        m.cylflg = true;
-        m.solflar = solar;
-        StVisDialog dialog;
-        fill(dialog, m);
-        QCOMPARE(read(dialog).solflar, solar);
-        QCOMPARE(read(dialog).cylflg, !solar);
+    void modesExcludeEachOther()
+    {
+        const char* const modes[] = {"occBox", "flarBox", "iridBox", "eclBox"};
+        for (const char* first : modes) {
+            for (const char* second : modes) {
+                if (first == second)
+                    continue;
+                StVisDialog dialog;
+                fill(dialog, plain());
+                button(dialog, first)->setChecked(true);
+                button(dialog, second)->setChecked(true);
+                for (const char* mode : modes)
+                    QCOMPARE(button(dialog, mode)->isChecked(), mode == second);
+            }
+        }
     }
-}
 
-void VisibilityDialogTest::hiddenBoxesStillCount()
-{
-    Modes m = plain();
-    m.sunmplt = 1;
-    m.flaryst = 1;
-    m.flrmgf = true;
-    StVisDialog dialog;
-    fill(dialog, m);
-    QVERIFY(hidden(dialog, "smplotBox") && hidden(dialog, "ystBox") && hidden(dialog, "flrmagBox"));
-    QCOMPARE(read(dialog).sunmplt, 1);
-    QCOMPARE(read(dialog).flaryst, 1);
-    QVERIFY(read(dialog).flrmgf);
-}
-
-void VisibilityDialogTest::badTextsReadAsTheirNumber()
-{
-    Modes m = plain();
-    m.flarflg = 1;
-    m.flrmgf = true;
-    StVisDialog dialog;
-    fill(dialog, m);
-    QVERIFY(opened(dialog));
-    for (const BadText& c : badTexts) {
-        for (const char* name : {"sunelEdit", "satelEdit", "epochEdit", "yawEdit", "pitchEdit", "flrmxEdit"})
-            type(dialog, name, c.typed);
-        double sunel = -1, satel = -1, epoch = -1, ra = -1, dec = -1;
-        int visible = -1, moon = -1;
-        dialog.getParams(sunel, satel, epoch, ra, dec, visible, moon);
-        for (const double x : {sunel, satel, epoch, ra, dec, read(dialog).flrmgx})
-            QCOMPARE(x, c.number);
+    void anglesAreNamedAfterTheirUse()
+    {
+        const struct
+        {
+            const char* what;
+            int occflg, flarflg, flarmod;
+            bool cylflg;
+            const char *yaw, *pitch;
+        } cases[] = {
+            {"position in the sky", 3, 0, 1, false, "R.A.(HH.MMSS):", "Dec.(DDD.MMSS):"},
+            {"local attitude", 0, 1, 1, false, "Yaw (deg):", "Pitch (deg):"},
+            {"inertial attitude", 0, 1, 2, false, "R.A.(HH.MMSS):", "Dec.(DDD.MMSS):"},
+            {"local cylinder", 0, 1, -1, true, "Yaw (deg):", "Pitch (deg):"},
+            {"inertial cylinder", 0, 1, -2, true, "R.A.(HH.MMSS):", "Dec.(DDD.MMSS):"},
+        };
+        for (const auto& c : cases) {
+            Modes m = plain();
+            m.occflg = c.occflg;
+            m.flarflg = c.flarflg;
+            m.flarmod = c.flarmod;
+            m.cylflg = c.cylflg;
+            StVisDialog dialog;
+            fill(dialog, m);
+            QVERIFY2(shown(dialog, "yawEdit"), c.what);
+            QCOMPARE(labelText(dialog, "yawLabel"), QString(c.yaw));
+            QCOMPARE(labelText(dialog, "pitchLabel"), QString(c.pitch));
+        }
     }
-}
+};
 
 QTEST_MAIN(VisibilityDialogTest)
 #include "visibility_dialog_test.moc"

@@ -10,7 +10,6 @@
 #include <QString>
 #include <QStringEncoder>
 #include <algorithm>
-#include <cmath>
 #include <gtest/gtest.h>
 
 namespace {
@@ -87,43 +86,6 @@ TEST(Omm, GivesWhatTwoLinesGiveInEveryForm)
             ASSERT_NO_FATAL_FAILURE(expectSame(text, messages));
             ASSERT_FALSE(HasFailure()) << text.name();
         }
-    }
-}
-
-/// All satellites whose names begin so.
-std::vector<std::string> reportsOf(FileSearch& search, const char* name)
-{
-    std::vector<std::string> reports;
-    for (int more = search.byName(name); more > 0; more = more == 2 ? search.more() : 0)
-        reports.push_back(search.report);
-    return reports;
-}
-
-TEST(Omm, IsSearchedLikeTwoLinesInEveryForm)
-{
-    const ScratchDir here;
-    const std::string path = TEST_DATA "/elements/catalogue_2018.txt";
-    const std::vector<omm::Message> all = omm::messages(ScratchDir::read(path.c_str()));
-    for (const omm::Form& form : omm::forms) {
-        SCOPED_TRACE(form.what);
-        FileSearch text = FileSearch::of(path), messages = openedBytes(form.write(all));
-        const std::vector<std::string> matches = reportsOf(text, "cosmos 1");
-        EXPECT_EQ(matches.size(), 13U);  // counted in the file
-        EXPECT_EQ(reportsOf(messages, "cosmos 1"), matches);
-        EXPECT_EQ(messages.byNumber(25544), text.byNumber(25544));
-        expectSame(text, messages);
-        EXPECT_EQ(messages.byDesignator("1990-037B"), text.byDesignator("1990-037B"));
-        expectSame(text, messages);
-        EXPECT_EQ(messages.byName("no such thing"), 0);
-        EXPECT_EQ(messages.report, "\n+++ No match found for no such thing +++");
-        for (FileSearch* search : {&text, &messages}) {
-            search->in->recflg = 1;
-            search->in->adjflg = true;
-            search->in->adjtim = 3600;
-            search->in->adjra = 0.5;
-            search->byName("*");
-        }
-        expectSame(text, messages);
     }
 }
 
@@ -363,22 +325,6 @@ TEST(Omm, LeavesTextFilesAlone)
 
 // --- damage
 
-/// Goes through to the end; every entry lies in its fields.
-int entriesOf(const std::string& bytes, int most)
-{
-    FileSearch search = openedBytes(bytes);
-    int entries = 0;
-    while (entries <= most && search.next() > 0) {
-        ++entries;
-        EXPECT_EQ(search.in->fsname[k][20], '\0');
-        EXPECT_EQ(search.in->ldsn[k][11], '\0');
-        EXPECT_TRUE(std::isfinite(search.in->mjdep[k]));
-        EXPECT_TRUE(std::isfinite(search.in->a[k]));
-    }
-    EXPECT_LE(entries, most);
-    return entries;
-}
-
 TEST(DamagedOmm, CutAnywhereGivesWholeMessagesOnly)
 {
     const ScratchDir here;
@@ -402,51 +348,4 @@ TEST(DamagedOmm, CutAnywhereGivesWholeMessagesOnly)
     }
 }
 
-TEST(DamagedOmm, EveryByteMayBeAnything)
-{
-    const ScratchDir here;
-    constexpr char wrong[] = {'\0', '\n', '\r', ' ', '"', '-', '9', 'e', '\xff', '<', '{', ',', '=', '\\', '&'};
-    const std::vector<omm::Message> two{atlasMessage(), changed("OBJECT_NAME", "SECOND")};
-    for (const omm::Form& form : omm::forms) {
-        const std::string text = form.write(two);
-        for (std::size_t i = 0; i < text.size(); ++i) {
-            std::string mutated = text;
-            mutated[i] = wrong[i * 7 % sizeof wrong];
-            SCOPED_TRACE(form.what + std::to_string(i));
-            entriesOf(mutated, 3);
-            ASSERT_FALSE(HasFailure());
-        }
-    }
-}
-
-TEST(DamagedOmm, WildValuesInEveryField)
-{
-    const ScratchDir here;
-    for (const omm::Form& form : omm::forms) {
-        for (const char* wild : {"1e300", "-1e300", "1e308", "-1", "99999999999", "-0", "1e-320", "1e-300", "0", "",
-                                 "nan", "0x10", "9999-12-31T23:59:59.999999999999", "0001-01-01T00:00:00"}) {
-            for (const auto& [keyword, value] : atlasMessage()) {
-                SCOPED_TRACE(keyword + "=" + wild + " as " + form.what);
-                entriesOf(form.write({changed(keyword.c_str(), wild)}), 1);
-                ASSERT_FALSE(HasFailure());
-            }
-        }
-    }
-}
-
-TEST(DamagedOmm, IsPassedOverWhereItHoldsNoMessage)
-{
-    const ScratchDir here;
-    const std::string noise(100000, '{'), keywords = "OBJECT_NAME,EPOCH,MEAN_MOTION\n";
-    for (const std::string& bytes :
-         {std::string("[]"), std::string("{\"a\":1}"), "[{\"a\":" + noise, "[" + std::string(100000, '['),
-          std::string("<?xml version=\"1.0\"?>"), "<ndm>" + noise, "<ndm><omm>" + std::string(100000, '<'),
-          "<omm>" + replaced(std::string(5000, 'x'), "x", "<x>"), keywords, keywords + std::string(100000, '"'),
-          keywords + std::string(100000, ','), keywords + std::string(100000, '\0'),
-          std::string("CCSDS_OMM_VERS = 2\n"), "CCSDS_OMM_VERS = 2\n" + std::string(100000, '='),
-          std::string("<!DOCTYPE x [<!ENTITY a \"aaaaaaaaaa\"><!ENTITY b \"&a;&a;&a;&a;\">]><omm>&b;</omm>")}) {
-        SCOPED_TRACE(bytes.substr(0, 40));
-        EXPECT_EQ(entriesOf(bytes, 3), 0);
-    }
-}
 }  // namespace

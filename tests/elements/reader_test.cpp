@@ -111,24 +111,6 @@ TEST(Reader, EphemerisTypeNineIsTheSimpleModel)
     EXPECT_NEAR(search.in->a[k], 7267.90492174871, 1e-8);
 }
 
-TEST(Reader, StarGoesThroughTheFile)
-{
-    const ScratchDir here;
-    FileSearch search(threeEntries);
-    EXPECT_EQ(search.next(), 2);
-    EXPECT_EQ(search.in->srcmd, 0);  // as it was
-    EXPECT_EQ(search.name(), "ISS (ZARYA)         ");
-    EXPECT_EQ(search.next(), 2);
-    EXPECT_EQ(search.in->norad[k], 694);
-    EXPECT_EQ(search.next(), 1);
-    EXPECT_EQ(search.name(), "ISS DEB");
-    EXPECT_EQ(search.in->bstar[k], 11606 * 1e-5 * 1e-3);
-    EXPECT_NEAR(search.in->n6dot[k], -0.12345e-6, 1e-22);
-    EXPECT_EQ(search.in->ndot[k], -1.23e-6);
-    EXPECT_EQ(search.next(), 0);
-    EXPECT_EQ(search.report, "\n+++ No match found for NORAD# 43550 +++");
-}
-
 TEST(Reader, FindsNamesAndGoesOn)
 {
     const ScratchDir here;
@@ -283,38 +265,6 @@ TEST(Reader, AdjustsWhatItReads)
     EXPECT_EQ(in.n0[k], 14.02251561);  // outside the band of the constellation
 }
 
-TEST(Reader, AdjustsTheConstellationInItsBand)
-{
-    FileSearch search = FileSearch::of(TEST_DATA "/elements/iridium_2018.txt");
-    WinpData& in = *search.in;
-    in.adjflg = true;
-    in.adjn0 = 14.3;
-    in.iridflg = event::iridium;
-    in.ops = 1;
-    search.byNumber(24793);  // 14.34242484 rev/day, 7155.8 km
-    EXPECT_EQ(in.n0[k], 14.3);
-    search.byNumber(24795);  // 14.79820209 rev/day, 7008 km
-    EXPECT_EQ(in.n0[k], 14.79820209);
-}
-
-TEST(Reader, ShiftsOfAnAdjustmentAreStored)
-{
-    const WinpData before = *indata;
-    bool sdp4 = false, adjflg = false;
-    double adjtim = 0, adjn0 = 0, adjra = 0;
-    int wgs = 0;
-    indata->sgpsat = 3;
-    vsPutAdj(true, true, 1.5, 14.3, -2.5, 1);
-    vsGetAdj(sdp4, adjflg, adjtim, adjn0, adjra, wgs);
-    EXPECT_TRUE(sdp4 && adjflg);
-    EXPECT_EQ(adjtim, 1.5);
-    EXPECT_EQ(adjn0, 14.3);
-    EXPECT_EQ(adjra, -2.5);
-    EXPECT_EQ(wgs, 1);
-    EXPECT_EQ(indata->sgpsat, noSlot);
-    *indata = before;
-}
-
 TEST(StateVectorRecord, IsReadAsANumericSatellite)
 {
     const ScratchDir here;
@@ -423,33 +373,4 @@ TEST(Epoch, KeepsASecondOfSixty)
     EXPECT_LT(std::string_view(out).size(), 40U);
 }
 
-TEST(Reader, ReadsPointsUnderALocaleOfCommas)
-{
-    const CommaLocale comma;
-    if (!comma.present)
-        GTEST_SKIP() << "no de_DE.UTF-8 on this machine";
-    const ScratchDir here;
-    FileSearch search(atlas);
-    search.byNumber(694);
-    EXPECT_EQ(search.in->inc[k], 30.3567);
-    EXPECT_NE(search.report.find("Period (min):    102.69"), std::string::npos);
-    EXPECT_EQ(search.report.find(','), std::string::npos);
-}
-
-TEST(Reader, TakesEveryEntryOfRealFiles)
-{
-    FileSearch search = FileSearch::of(TEST_DATA "/elements/catalogue_2018.txt");
-    int entries = 0;
-    int result = 2;
-    while (result == 2 && entries < 2000) {
-        result = search.next();
-        ++entries;
-        ASSERT_GT(result, 0) << "entry " << entries;
-        ASSERT_EQ(search.name().size(), 20U);
-        ASSERT_NEAR(search.in->mjdep[k], 58138.0, 60.0);
-        ASSERT_GT(search.in->a[k], 6378.0);
-        ASSERT_TRUE(std::isfinite(search.in->epr0[k]));
-    }
-    EXPECT_EQ(entries, 979);
-}
 }  // namespace

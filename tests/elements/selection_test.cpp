@@ -3,7 +3,6 @@
 #include "elements/search_helper.h"
 #include "scratch_dir.h"
 
-#include "app/record/keep.h"
 #include "app/record/text.h"
 
 #include <gtest/gtest.h>
@@ -14,7 +13,7 @@ class Selection : public testing::Test
 {
 protected:
     Selection() { setDefaults(indata); }
-    ~Selection() override
+    void TearDown() override
     {
         satfle = nullptr;
         setDefaults(indata);
@@ -61,49 +60,6 @@ TEST_F(Selection, TheEleventhTakesThePlaceOfTheTenth)
     EXPECT_EQ(indata->satn, 10);
     EXPECT_EQ(indata->norad[9], 20580);
     EXPECT_EQ(indata->norad[8], 8);
-}
-
-TEST_F(Selection, SearchesTheOpenFile)
-{
-    const ScratchDir here;
-    ScratchDir::write("set.tle", atlas + "ATLAS 2\n" + atlasLines);
-    const FilePtr file = openForReading("set.tle");
-    satfle = file.get();
-    QString s = QStringLiteral("atlas");
-    int n = 17;
-    vsFindSat(s, n, 0, 0, 1);
-    EXPECT_EQ(n, 0);  // 71361 revolutions are no recent launch
-    EXPECT_EQ(s, QStringLiteral("\n+++ No match found for atlas +++"));
-    s = QStringLiteral("atlas");
-    vsFindSat(s, n, 0, 0, 0);
-    EXPECT_EQ(n, 2);
-    EXPECT_TRUE(s.startsWith(QStringLiteral("ATLAS CENTAUR 2     \n====")));
-    s = QStringLiteral("atlas");
-    vsReComp(s, n, 0, 1, 0, 0);
-    EXPECT_EQ(n, 1);
-    EXPECT_TRUE(s.startsWith(QStringLiteral("ATLAS 2\n====")));
-    s.clear();
-    n = 12345;
-    vsFindSat(s, n, 1, 1, 0);
-    EXPECT_EQ(s, QStringLiteral("\n+++ No match found for NORAD# 12345 +++"));
-
-    int mode = 0, norad = 0, satn = 0, low = 0, rec = 1;
-    vsLastSat(s, mode, norad, satn, low, rec);
-    EXPECT_TRUE(s.isEmpty());
-    EXPECT_EQ(mode, 1);
-    EXPECT_EQ(norad, 12345);
-    EXPECT_EQ(satn, 0);
-    EXPECT_EQ(low, 1);
-    EXPECT_EQ(rec, 0);
-}
-
-TEST_F(Selection, WithoutAFileFindsNothing)
-{
-    QString s = QStringLiteral("atlas");
-    int n = 1;
-    vsFindSat(s, n, 0, 0, 0);
-    EXPECT_EQ(n, 0);
-    EXPECT_TRUE(vsSatName(0).isEmpty());
 }
 
 struct RemovalCase

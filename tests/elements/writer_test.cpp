@@ -133,17 +133,6 @@ TEST(Writer, LaysOutEveryKindOfEntry)
     EXPECT_EQ(ScratchDir::read("out.tle"), expected("numeric.txt"));
 }
 
-TEST(Writer, WritesPointsUnderALocaleOfCommas)
-{
-    const CommaLocale comma;
-    if (!comma.present)
-        GTEST_SKIP() << "no de_DE.UTF-8 on this machine";
-    const ScratchDir here;
-    EXPECT_EQ(saved(analytic), expected("analytic.txt"));
-    EXPECT_EQ(SaveTle(numericRecord().get()), 0);
-    EXPECT_EQ(ScratchDir::read("out.tle"), expected("numeric.txt"));
-}
-
 TEST(Writer, StartsAFileAnewOnceAndAppendsThen)
 {
     const ScratchDir here;
@@ -207,47 +196,6 @@ TEST(Writer, GivesBackTheTextOfTheWholeCatalogue)
     }
 }
 
-TEST(Writer, IsReadBackToTheDigitsOfTheFields)
-{
-    const ScratchDir here;
-    const std::string path = TEST_DATA "/elements/catalogue_2018.txt";
-    FileSearch first = FileSearch::of(path);
-    WinpData& in = *first.in;
-    in.satn = 1;
-    assignField(in.tlesave, "out.tle");
-    for (int more = 2; more == 2;) {
-        more = first.next();
-        in.aflg[workSlot] = in.norad[workSlot] % 2;
-        ShiftElm(&in, 0, workSlot);
-        ASSERT_EQ(SaveTle(&in), 0);
-    }
-    FileSearch again = FileSearch::of(path), back = FileSearch::of("out.tle");
-    constexpr int k = workSlot;
-    int entries = 0;
-    while (again.next() > 0) {
-        ASSERT_GT(back.next(), 0);
-        ++entries;
-        const WinpData &a = *again.in, &b = *back.in;
-        SCOPED_TRACE(again.name());
-        ASSERT_EQ(a.norad[k], b.norad[k]);
-        ASSERT_EQ(again.name(), back.name());
-        ASSERT_EQ(again.designator(), back.designator());
-        ASSERT_EQ(b.aflg[k], a.norad[k] % 2);
-        ASSERT_NEAR(a.mjdep[k], b.mjdep[k], 0.5e-8);
-        ASSERT_EQ(a.inc[k], b.inc[k]);
-        ASSERT_EQ(a.ra[k], b.ra[k]);
-        ASSERT_EQ(a.ecc[k], b.ecc[k]);
-        ASSERT_EQ(a.aper[k], b.aper[k]);
-        ASSERT_EQ(a.m0[k], b.m0[k]);
-        ASSERT_EQ(a.n0[k], b.n0[k]);
-        ASSERT_EQ(a.ndot[k], b.ndot[k]);
-        ASSERT_EQ(a.n6dot[k], b.n6dot[k]);
-        ASSERT_EQ(a.bstar[k], b.bstar[k]);
-    }
-    EXPECT_EQ(entries, 979);
-    EXPECT_EQ(back.next(), 0);
-}
-
 TEST(Writer, KeepsOpenAndNumericOrbits)
 {
     const ScratchDir here;
@@ -281,7 +229,6 @@ struct TooLargeCase
 TEST(Writer, HoldsEveryValueWithinItsField)
 {
     constexpr double inf = std::numeric_limits<double>::infinity();
-    const double nan = std::nan("");
     const Elements e{"E", 1, "2018-001A", 58119, 0, 0, 0, 10, 20, 0.1, 30, 40, 15, 1};
     const auto changed = [e](auto change) {
         Elements other = e;
@@ -290,22 +237,14 @@ TEST(Writer, HoldsEveryValueWithinItsField)
     };
     const TooLargeCase cases[] = {
         {"number", changed([](Elements& x) { x.norad = 339999; }), 1, 2, 8, " Z9999 "},
-        {"negative number", changed([](Elements& x) { x.norad = -100000; }), 1, 2, 8, " -9999 "},
         {"rate", changed([](Elements& x) { x.ndot = 12.5; }), 1, 33, 44, " 9.99999999 "},
-        {"rate below -1", changed([](Elements& x) { x.ndot = -1.5; }), 1, 33, 44, " -.99999999 "},
         {"rate that rounds to -1", changed([](Elements& x) { x.ndot = -0.999999999; }), 1, 33, 44, " -.99999999 "},
-        {"rate of no number", changed([nan](Elements& x) { x.ndot = nan; }), 1, 33, 44, " 0.00000000 "},
         {"drag", changed([](Elements& x) { x.bstar = 1e300; }), 1, 53, 62, "  99999 9 "},
-        {"negative drag", changed([inf](Elements& x) { x.bstar = -inf; }), 1, 53, 62, " -99999 9 "},
         {"node", changed([](Elements& x) { x.ra = 1234.5; }), 2, 17, 26, " 999.9999 "},
-        {"inclination", changed([](Elements& x) { x.inc = -123.4; }), 2, 8, 17, " -99.9999 "},
         {"eccentricity that rounds to 1", changed([](Elements& x) { x.ecc = 0.99999999; }), 2, 26, 34, " 9999999 "},
-        {"negative eccentricity", changed([](Elements& x) { x.ecc = -0.25; }), 2, 26, 34, " 0000000 "},
         {"hyperbola", changed([](Elements& x) { x.ecc = 123; }), 2, 26, 34, "99.99999 "},
-        {"mean anomaly", changed([](Elements& x) { x.m0 = -1e300; }), 2, 43, 52, " -99.9999 "},
         {"perigee", changed([inf](Elements& x) { x.aper = inf; }), 2, 34, 43, " 999.9999 "},
         {"mean motion", changed([](Elements& x) { x.n0 = 100; }), 2, 52, 64, " 99.99999999 "},
-        {"distance", changed([](Elements& x) { x.ecc = 2, x.n0 = 1e9; }), 2, 52, 64, " 99999999.99 "},
         {"distance that rounds up", changed([](Elements& x) { x.ecc = 2, x.n0 = 999999.99999; }), 2, 52, 64,
          " 999999.9999 "},
     };

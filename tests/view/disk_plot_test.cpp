@@ -4,16 +4,13 @@
 #include <QTest>
 #include <cmath>
 #include <limits>
-#include <memory>
 #include <numbers>
 
-#include "app/record/keep.h"
 #include "astro/angles.h"
 #include "engine/satpos_data.h"
 #include "view/disk_geometry.h"
 #include "view/picture_helper.h"
-#include "view/vorlix_view.h"
-#include "view/window_helper.h"
+#include "view/view_fixture.h"
 
 namespace {
 
@@ -72,51 +69,26 @@ const QColor white(255, 255, 255), black(0, 0, 0), green(30, 240, 120), northCol
 
 }  // namespace
 
-class DiskPlotTest : public QObject
+class DiskPlotTest : public ViewTest
 {
     Q_OBJECT
 
 private Q_SLOTS:
     void init()
     {
-        windows::stopTheClock();
-        place = std::make_unique<windows::Workplace>();
-        view = std::make_unique<VorlixView>();
-        windows::observeAllFromVienna();
+        openForDrawing(58140.75);  // 22 January 2018, 18h: a crescent Moon, a third lit, in the southwest
         indata->mapprj = 0;
         indata->sunmplt = 1;
         indata->occflg = 1;
         indata->mgrid = 1;
-        indata->mgrey = 2;
-        indata->mjd = 58140.75;  // 22 January 2018, 18h: a crescent Moon, a third lit, in the southwest
     }
 
-    void cleanup()
-    {
-        view.reset();
-        place.reset();
-    }
+    void cleanup() { close(); }
 
     void satellitesStandBesideTheBody()
     {
         for (const PixelCase& c : pixelCases)
             QVERIFY2(pixelOf(disk, radians(c.body), c.az, c.el) == c.pixel, c.what);
-    }
-
-    void theViewTakesTheBodyOfTheTransit()
-    {
-        view->vRefresh();
-        satps->osunaz = -1.0;  // radians
-        satps->osunel = 20.0;  // degrees
-        satps->omoonaz = 2.0;
-        satps->omoonel = 0.5;  // radians
-        satps->az[1] = -degPerRad + 360.0;
-        satps->el[1] = 20.25;
-        satps->az[2] = 2.0 * degPerRad;
-        satps->el[2] = 0.5 * degPerRad - 0.25;
-        QCOMPARE(view->PxCdSun(1, 1), QPoint(360, 54));
-        QCOMPARE(view->PxCdSun(1, 2), QPoint(0, -10));
-        QCOMPARE(view->PxCdSun(2, 2), QPoint(360, 306));
     }
 
     void northLeansTowardsThePole()
@@ -143,7 +115,7 @@ private Q_SLOTS:
         windows::select("ISS");
         view->vRefresh();
         QCOMPARE(indata->diskon, 1);
-        const QImage map = view->mapPixmap().toImage();
+        const QImage map = mapImage();
         // radius 0.265 x 504 = 133.56
         for (const QPoint& p : {QPoint(360, 46), QPoint(494, 180), QPoint(360, 314), QPoint(226, 180)})
             QCOMPARE(map.pixelColor(p), white);
@@ -153,36 +125,16 @@ private Q_SLOTS:
                     QVERIFY(std::abs(std::hypot(x - 360, y - 180) - 133.56) < 1.5);
     }
 
-    void theMarkOfNorthComesWithGridAndSatellite_data()
-    {
-        QTest::addColumn<int>("mgrid");
-        QTest::addColumn<bool>("satellite");
-        QTest::newRow("both") << 1 << true;
-        QTest::newRow("no grid") << 0 << true;
-        QTest::newRow("no satellite") << 1 << false;
-    }
-
     void theMarkOfNorthComesWithGridAndSatellite()
     {
-        QFETCH(int, mgrid);
-        QFETCH(bool, satellite);
-        if (satellite)
-            windows::select("ISS");
-        indata->mgrid = mgrid;
-        view->vRefresh();
-        const QImage map = view->mapPixmap().toImage();
-        QCOMPARE(pictures::pixelsOf(map, northColour) > 20, mgrid && satellite);
-        if (mgrid && satellite)
-            QCOMPARE(map.pixelColor(360, 180), northColour);
-    }
-
-    void withoutSatelliteTheMoonIsASun()
-    {
-        view->vRefresh();
-        const QImage sun = view->mapPixmap().toImage();
-        indata->occflg = 2;
-        view->vRefresh();
-        QCOMPARE(view->mapPixmap().toImage(), sun);
+        for (const auto& [mgrid, satellite] : {std::pair{1, false}, {0, true}, {1, true}}) {
+            if (satellite && indata->satn == 0)
+                windows::select("ISS");
+            indata->mgrid = mgrid;
+            const QImage map = drawnMap();
+            QCOMPARE(pictures::pixelsOf(map, northColour) > 20, mgrid && satellite);
+            QCOMPARE(map.pixelColor(360, 180) == northColour, mgrid && satellite);
+        }
     }
 
     void theMoonShowsItsPhase()
@@ -194,7 +146,7 @@ private Q_SLOTS:
         const double R = satps->moonrad * 504.0;
         QVERIFY(R > 120 && R < 145);
         QVERIFY(std::abs(satps->moonph + 0.44) < 0.1);  // a good quarter of the disk is lit
-        const QImage map = view->mapPixmap().toImage();
+        const QImage map = mapImage();
         // the lit limb on the side of the Sun, right and below, as a line; the dark one in dots
         QVERIFY(pictures::pixelsOf(map, white, {360, 180, 200, 182}) > 150);
         QCOMPARE(pictures::pixelsOf(map, white, {0, 0, 300, 180}), 0);
@@ -210,48 +162,13 @@ private Q_SLOTS:
         indata->occflg = 2;
         indata->mgrid = 0;
         indata->mjd = 58135.1;  // two hours after new Moon
-        view->vRefresh();
+        const QImage map = drawnMap();
         QVERIFY(satps->moonph <= -0.995);
-        const QImage map = view->mapPixmap().toImage();
         QCOMPARE(pictures::pixelsOf(map, white), 0);
         QCOMPARE(pictures::pixelsOf(map, green), 72);
+        indata->mgrey = 0;  // of the base colour on white
+        QCOMPARE(pictures::pixelsOf(drawnMap(), black), 72);
     }
-
-    void theDotsAreOfTheBaseColourOnWhite()
-    {
-        windows::select("ISS");
-        indata->occflg = 2;
-        indata->mgrid = 0;
-        indata->mgrey = 0;
-        indata->mjd = 58135.1;
-        view->vRefresh();
-        QCOMPARE(pictures::pixelsOf(view->mapPixmap().toImage(), black), 72);
-    }
-
-    void aSatelliteFarFromTheSunLeavesNothing()
-    {
-        windows::select("ISS");
-        view->vRefresh();
-        const QImage before = view->mapPixmap().toImage().copy(pictures::wholeMap);
-        view->SatPlot(indata->mjd, 1);
-        QCOMPARE(view->mapPixmap().toImage().copy(pictures::wholeMap), before);
-        QCOMPARE(view->displayPixmap().toImage().copy(pictures::wholeMap), before);
-    }
-
-    void absurdPlacesStayFinite()
-    {
-        for (const double bad : {1e300, -1e300, noNumber}) {
-            const QPoint p = pixelOf(disk, {bad, 0.1}, 10, 5);
-            QVERIFY(std::abs(p.x()) < 10000 && std::abs(p.y()) < 10000);
-            QVERIFY(std::isfinite(northAngle({0.1, bad}, 48)));
-            for (const QPoint& q : limbPoints(disk, bad, 0))
-                QVERIFY(std::abs(q.x()) <= 200000 && std::abs(q.y()) <= 200000);
-        }
-    }
-
-private:
-    std::unique_ptr<windows::Workplace> place;
-    std::unique_ptr<VorlixView> view;
 };
 
 QTEST_MAIN(DiskPlotTest)

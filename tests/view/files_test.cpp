@@ -1,62 +1,42 @@
-// Commands around the selection and the files.
+// Commands around the selection and the files: lists, orbit tracks, elements, and files that cannot be written.
 
-#include <memory>
-
-#include <QCheckBox>
-#include <QDoubleSpinBox>
 #include <QInputDialog>
 #include <QMessageBox>
 #include <QTest>
 
 #include "app/record/text.h"
-#include "view/vorlix_view.h"
-#include "view/window_helper.h"
+#include "app/record/wout_data.h"
+#include "view/view_fixture.h"
 
 using windows::answering;
 using windows::Box;
 using windows::click;
 using windows::enter;
+using windows::press;
 
-class FilesTest : public QObject
+namespace {
+
+void searchFlares(QDialog* dialog)
+{
+    QCOMPARE(dialog->windowTitle(), QString("Iridium Flares"));
+    enter(dialog, "magEdit", "-2");
+    click(dialog, "okButton");
+}
+
+}  // namespace
+
+class FilesTest : public ViewTest
 {
     Q_OBJECT
 
 private Q_SLOTS:
     void init()
     {
-        windows::stopTheClock();
-        place = std::make_unique<windows::Workplace>();
-        view = std::make_unique<VorlixView>();
+        open();
+        windows::observeAllFromVienna();
+        indata->dur = 0.1;
     }
-
-    void cleanup()
-    {
-        view.reset();
-        place.reset();
-    }
-
-    void selectsByNameNumberAndDesignator()
-    {
-        answering([&] { view->vSelectSat(); }, {[](QDialog* dialog) {
-                      enter(dialog, "satnameEdit", "hst");
-                      click(dialog, "findButton");
-                      click(dialog, "selectButton");
-                      click(dialog, "noradBox");
-                      enter(dialog, "noradEdit", "25544");
-                      click(dialog, "findButton");
-                      click(dialog, "selectButton");
-                      click(dialog, "idsnBox");
-                      enter(dialog, "satnameEdit", "1963-047A");  // ATLAS CENTAUR 2
-                      click(dialog, "findButton");
-                      click(dialog, "selectButton");
-                      click(dialog, "closeButton");
-                  }});
-        QCOMPARE(indata->satn, 3);
-        QCOMPARE(indata->norad[0], 20580);
-        QCOMPARE(indata->norad[1], 25544);
-        QCOMPARE(indata->norad[2], 694);
-        QVERIFY(!satfle);
-    }
+    void cleanup() { close(); }
 
     void anUnreadableElementFileIsTold()
     {
@@ -65,23 +45,6 @@ private Q_SLOTS:
         QCOMPARE(answering([&] { view->vSelectSat(); }, {box.read()}), 1);
         QCOMPARE(box.title, QString("Vorlix"));
         QCOMPARE(box.text, QString("Unable to open TLE file nowhere.txt"));
-    }
-
-    void removesTheMarkedSatellites()
-    {
-        QCOMPARE(answering([&] { view->vRemoveSat(); }, {}), 0);  // nothing to remove, no dialog
-        windows::select("ISS");
-        windows::select("HST");
-        windows::select("SERT 2");
-        indata->prs = 1;
-        answering([&] { view->vRemoveSat(); }, {[](QDialog* dialog) {
-                      QVERIFY(dialog->findChildren<QCheckBox*>().size() == 10);
-                      dialog->findChildren<QCheckBox*>().at(1)->click();
-                      click(dialog, "okButton");
-                  }});
-        QCOMPARE(indata->satn, 2);
-        QCOMPARE(indata->prs, 0);
-        QCOMPARE(indata->norad[1], 4327);
     }
 
     void namesOfFiles()
@@ -103,40 +66,12 @@ private Q_SLOTS:
         QCOMPARE(indata->newtle, 1);
     }
 
-    void savingNeedsASatellite()
-    {
-        Box list, elements;
-        answering([&] { view->vFileSave(); }, {list.read()});
-        answering([&] { view->vTLESave(); }, {elements.read()});
-        QCOMPARE(list.text, QString("*** No Satellite Selected ***"));
-        QCOMPARE(elements.text, QString("*** No Satellite Selected ***"));
-        QCOMPARE(QDir().entryList(QDir::Files), QStringList("visual.txt"));
-    }
-
-    void savedListsFollowOneAnother()
-    {
-        windows::observeAllFromVienna();
-        windows::select("ISS");
-        indata->dspmd = 1;
-        Box box;
-        answering([&] { view->vFileSave(); }, {box.read()});
-        QCOMPARE(box.text, QString("Saved on File ./satsave.txt"));
-        QCOMPARE(indata->dspmd, 1);  // nothing on the screen
-        QCOMPARE(indata->tofile, 0);
-        const QByteArray once = place->read("satsave.txt");
-        QVERIFY(once.startsWith("\n\n\n Geographic Location: Default\n"));
-        QVERIFY(once.count("\n.JAN 2") > 3);
-        answering([&] { view->vFileSave(); }, {});
-        QCOMPARE(place->read("satsave.txt"), once + once);
-        view->setSaveName("satsave.txt");
-        answering([&] { view->vFileSave(); }, {});
-        QCOMPARE(place->read("satsave.txt"), once);
-    }
-
     void savedElementsAreTold()
     {
+        Box none, done, failed;
+        answering([&] { view->vTLESave(); }, {none.read()});
+        QCOMPARE(none.text, QString("*** No Satellite Selected ***"));
         windows::select("ISS");
-        Box done, failed;
         answering([&] { view->vTLESave(); }, {done.read()});
         QCOMPARE(done.text, QString("TLE's saved on file ./vorlix.tle"));
         QCOMPARE(place->read("vorlix.tle").count('\n'), 3);
@@ -145,27 +80,6 @@ private Q_SLOTS:
         QCOMPARE(failed.title, QString("TLE File Save"));
         QCOMPARE(failed.text, QString("*** ERROR *** while opening or writing TLE Save File"));
         QCOMPARE(indata->newtle, 0);
-    }
-
-    void aTransitListAsksForItsDistance()
-    {
-        windows::select("ISS");
-        indata->occflg = 2;
-        answering([&] { view->vCalcAOS(); }, {[](QDialog* dialog) {
-                      QCOMPARE(dialog->windowTitle(), QString("Transit/Flares"));
-                      auto* spin = dialog->findChild<QDoubleSpinBox*>();
-                      QCOMPARE(spin->maximum(), 50000.0);
-                      QCOMPARE(spin->decimals(), 1);
-                      spin->setValue(20);
-                      dialog->accept();
-                  }});
-        QCOMPARE(indata->maxdst, 20.0);
-        QCOMPARE(indata->iridflg, 0);
-        QCOMPARE(indata->dspmd, -1);
-        indata->dspmd = 1;
-        answering([&] { view->vCalcAOS(); }, {});  // cancelled
-        QCOMPARE(indata->dspmd, 1);
-        QCOMPARE(indata->iridflg, 0);
     }
 
     void aScanTellsItsTroubles()
@@ -181,69 +95,130 @@ private Q_SLOTS:
         QCOMPARE(input.text, QString("*** Problems with the input file"));
     }
 
-    void theScanSavesAllPasses()
+    void savesWhatTheFormHolds()
     {
-        const QByteArray whole = place->read("visual.txt");
-        const qsizetype first = whole.indexOf("THOR AGENA D R/B");
-        place->write("two.txt", whole.mid(first, whole.indexOf("SL-8 R/B") - first));
-        view->setTLEname("./two.txt");
-        windows::observeAllFromVienna();
-        indata->dur = 1.0;
-        Box box;
-        answering([&] { view->vAllSat(); }, {box.read()});
-        QCOMPARE(box.title, QString("Vorlix"));
-        QCOMPARE(box.text, QString("List of passes saved on file ./satsave.txt"));
-        const QByteArray list = place->read("satsave.txt");
-        QVERIFY(list.contains("THOR AGENA D R/B"));
-        QVERIFY(list.contains("SL-3 R/B"));
-        QVERIFY(!list.contains("SL-8 R/B"));
-        QCOMPARE(indata->satn, 0);
+        windows::select("ISS");
+        windows::select("HST");
+        indata->norad[1] = 340123;
+        QString question, done;
+        const auto answer = [&](const QString& button) {
+            return [&, button](QDialog* dialog) {
+                question = qobject_cast<QMessageBox*>(dialog)->text();
+                press(dialog, button);
+            };
+        };
+        const auto read = [&](QDialog* dialog) { done = qobject_cast<QMessageBox*>(dialog)->text(); };
+        answering([&] { view->vTLESave(); }, {answer("No"), read});
+        QVERIFY(question.contains("HST (340123)"));
+        QVERIFY(!question.contains("ISS"));
+        QCOMPARE(done, QString("TLE's saved on file ./vorlix.tle\n\nLeft out:\nHST (340123)"));
+        QCOMPARE(place->read("vorlix.tle").count('\n'), 3);
+        answering([&] { view->vTLESave(); }, {answer("Yes"), read});
+        QCOMPARE(done, QString("TLE's saved on file ./vorlix.tle"));
+        QVERIFY(place->read("vorlix.tle").contains("\n2 40123 "));
+        view->setTSaveName("out.csv");
+        indata->numflg[0] = 1;
+        QCOMPARE(answering([&] { view->vTLESave(); }, {read}), 1);
+        QCOMPARE(done, QString("TLE's saved on file out.csv\n\nLeft out:\nISS (ZARYA) (25544)"));
+        QVERIFY(place->read("out.csv").contains(",340123,"));
+        view->setTSaveName("out.csv");
+        indata->numflg[1] = 1;
+        const QByteArray before = place->read("out.csv");
+        answering([&] { view->vTLESave(); }, {read});
+        QVERIFY(done.startsWith("Nothing saved."));
+        QCOMPARE(place->read("out.csv"), before);
     }
 
-    void theFlareSearchComesBackWithTheSettingsItFound()
-    {
-        QFile::copy(QStringLiteral(TEST_DATA "/elements/iridium_2018.txt"), place->path("iridium.txt"));
-        indata->dur = 0.05;
-        indata->chlen = 2.0;
-        int asked = answering([&] { view->vIridium(); }, {[](QDialog* dialog) {
-                                  QCOMPARE(dialog->windowTitle(), QString("Iridium Flares"));
-                                  enter(dialog, "magEdit", "-1");
-                                  click(dialog, "okButton");
-                              }});
-        QCOMPARE(asked, 1);
-        QCOMPARE(indata->irmag, -1.0);
-        QCOMPARE(indata->iridflg, 0);
-        QCOMPARE(indata->flarflg, 0);
-        QCOMPARE(indata->chlen, 2.0);
-        QCOMPARE(QString(indata->tlename), QString("./visual.txt"));
-        QCOMPARE(QString(indata->savename), QString("*satsave.txt"));
-        QVERIFY(place->read("iridiumf.doc").contains("Geographic Location:"));
-        QCOMPARE(indata->dspmd, 0);
-    }
-
-    void theAddressOfAnUpdateIsSplit()
+    void asksForTheNameOfAQuery()
     {
         view->setTLEname("/home/u/stations.txt");
+        const QString query = "https://example.org/gp.php?GROUP=visual&FORMAT=csv";
         QString host, path, file, proposal;
         int result = 9;
-        answering([&] { result = view->vUpdate(host, path, file); }, {[&](QDialog* dialog) {
-                      QCOMPARE(dialog->windowTitle(), QString("Online Update"));
-                      proposal = qobject_cast<QInputDialog*>(dialog)->textValue();
-                      qobject_cast<QInputDialog*>(dialog)->setTextValue("example.org/tle/new.txt");
-                      dialog->accept();
-                  }});
+        const auto type = [](const QString& text) {
+            return [text](QDialog* dialog) {
+                qobject_cast<QInputDialog*>(dialog)->setTextValue(text);
+                dialog->accept();
+            };
+        };
+        const auto take = [&](QDialog* dialog) {
+            proposal = qobject_cast<QInputDialog*>(dialog)->textValue();
+            dialog->accept();
+        };
+        answering([&] { result = view->vUpdate(host, path, file); }, {type(query), take});
         QCOMPARE(result, 0);
-        QVERIFY(proposal.endsWith("/stations.txt"));
-        QCOMPARE(host, QString("example.org"));
-        QCOMPARE(path, QString("/tle/new.txt"));
-        QCOMPARE(file, QString("/home/u/new.txt"));
-        answering([&] { result = view->vUpdate(host, path, file); }, {});
+        QCOMPARE(proposal, QString("visual.csv"));
+        QCOMPARE(host, QString("https://example.org"));
+        QCOMPARE(path, QString("/gp.php?GROUP=visual&FORMAT=csv"));
+        QCOMPARE(file, QString("/home/u/visual.csv"));
+        answering([&] { result = view->vUpdate(host, path, file); }, {take, type("mine.txt")});  // proposed again
+        QCOMPARE(proposal, query);
+        QCOMPARE(file, QString("/home/u/mine.txt"));
+        QCOMPARE(answering([&] { result = view->vUpdate(host, path, file); }, {type(query), type("a/b")}), 3);
         QCOMPARE(result, 1);
+        const QString url = fieldQString(indata->url);
+        answering([&] { result = view->vUpdate(host, path, file); }, {type("example.org/x?y")});  // no name
+        QCOMPARE(result, 1);
+        QCOMPARE(fieldQString(indata->url), url);
     }
 
-private:
-    std::unique_ptr<windows::Workplace> place;
-    std::unique_ptr<VorlixView> view;
+    void anOrbitTrackReplacesTheFileAndAListReplacesTheTrack()
+    {
+        windows::select("ISS");
+        Box box;
+        answering([&] { view->vOrbitTrack(); }, {box.read()});
+        QCOMPARE(box.title, QString("Vorlix"));
+        QCOMPARE(box.text, QString("Track saved on file ./satsave.txt"));
+        const QByteArray track = place->read("satsave.txt");
+        QVERIFY(track.startsWith("\n Year: 2018  +++> Timezone 0 <+++\n                     \n\nJAN 20  17:05:09"));
+        QCOMPARE(indata->newsave, 1);
+        answering([&] { view->vFileSave(); }, {});
+        const QByteArray list = place->read("satsave.txt");
+        QVERIFY(list.startsWith("\n\n\n Geographic"));
+        answering([&] { view->vOrbitTrack(); }, {});
+        QCOMPARE(place->read("satsave.txt"), track);
+        answering([&] { view->vFileSave(); }, {});
+        QCOMPARE(place->read("satsave.txt"), track + list);
+    }
+
+    void anOrbitTrackTellsItsTroubles()
+    {
+        windows::select("ISS");
+        for (const char* name : {"no/such/folder.txt", "."}) {
+            view->setSaveName(name);
+            Box box;
+            answering([&] { view->vOrbitTrack(); }, {box.read()});
+            QCOMPARE(box.title, QString("Save Orbit Track"));
+            QCOMPARE(box.text, QString("*** Problems with the output file"));
+        }
+    }
+
+    void aListIsToldAsSavedWhateverHappened()
+    {
+        windows::select("ISS");
+        for (const char* name : {"no/such/folder.txt", "/dev/full"}) {
+            view->setSaveName(name);
+            Box box;
+            QCOMPARE(answering([&] { view->vFileSave(); }, {box.read()}), 1);
+            QCOMPARE(box.text, "Saved on File " + QString(name));
+            QCOMPARE(indata->tofile, 0);
+        }
+        QCOMPARE(QDir().entryList(QDir::Files), QStringList("visual.txt"));
+    }
+
+    void withoutIridiumElementsTheOldListStays()
+    {
+        const QByteArray old = "JAN 20  18:00:10 (254, 23)  Iridium Flare Front  ->S  mag  -5.0   IRIDIUM 8\n";
+        place->write("iridiumf.doc", old);
+        Box box;
+        QCOMPARE(answering([&] { view->vIridium(); }, {searchFlares, box.read()}), 2);
+        QCOMPARE(box.title, QString("All Passes"));
+        QCOMPARE(box.text, QString("*** Problems with the input file"));
+        QCOMPARE(place->read("iridiumf.doc"), old);
+        QCOMPARE(outdata->nlines, 0);  // flares of an earlier search are not shown as those of this one
+        QCOMPARE(indata->newsave, 1);
+        QCOMPARE(QString(indata->tlename), QString("./visual.txt"));
+    }
 };
 
 QTEST_MAIN(FilesTest)

@@ -1,11 +1,8 @@
 // The legend under a map: its texts and pens in every mode, and how they stand in the picture.
 
-#include <QImage>
 #include <QPainter>
 #include <QTest>
 #include <functional>
-#include <limits>
-#include <memory>
 
 #include "app/record/text.h"
 #include "engine/satpos_data.h"
@@ -101,124 +98,61 @@ const LegendCase legendCases[] = {
     {"latitude", [](Scene&) {}, 1, 0, "Lat  : -12.50", white},
     {"longitude", [](Scene&) {}, 1, 1, "Lng : 123.46", white},
     {"latitude, packed", [](Scene& s) { s.in.ddmm = 1; }, 1, 0, "Lat  : -12" + degree + "30", white},
-    {"longitude, long", [](Scene& s) { s.in.ra4d = 1; }, 1, 1, "Lng :  123.457", white},
     {"longitude, long and packed", [](Scene& s) { s.in.ra4d = s.in.ddmm = 1; }, 1, 1, "Lng : 123" + degree + "2724",
      white},
     {"height", [](Scene&) {}, 1, 2, "Height:   408.6 km", white},
     {"right ascension", [](Scene&) {}, 2, 0, "R.A.:  13h56", white},
-    {"declination", [](Scene&) {}, 2, 1, "Dec.:  -0" + degree + "39", white},
     {"Sun", [](Scene&) {}, 2, 2, "SatSun:   22.4", white},
     {"azimuth", [](Scene&) {}, 3, 0, "Azim.:  68.97", white},
     {"elevation", [](Scene&) {}, 3, 1, "Elev.:  18.69", white},
     {"range", [](Scene&) {}, 3, 2, "Range:  1143.2 km", white},
-    {"Sun of the observer", [](Scene&) {}, 4, 1, "ObsSun:  -51.3", white},
     {"rate", [](Scene&) {}, 4, 2, "Rate:  6.553 km/s", white},
     {"name, cut", [](Scene&) {}, 4, 0, "BETA SATELLITE  ", red},
     {"name, short", [](Scene& s) { s.in.prs = 0; }, 4, 0, "ALPHA", white},
-    {"name of 15", [](Scene& s) { s.in.prs = 2; }, 4, 0, "GAMMA GAMMA GAM ", blue},
-    {"no satellite", [](Scene& s) { s.in.satn = 0; }, 4, 0, "*** No Satellite ***", red},
-    {"no satellite: time", [](Scene& s) { s.in.satn = 0; }, 0, 0, "JAN 21  20:55:00", white},
 
-    {"seconds round up", [](Scene& s) { s.scene.hours += 0.6 / 3600; }, 0, 0, "JAN 21  20:55:01", white},
     {"seconds carry", [](Scene& s) { s.scene.hours += 59.7 / 3600; }, 0, 0, "JAN 21  20:56:00", white},
-    {"minute 58 becomes 59", [](Scene& s) { s.scene.hours = 20 + 58 / 60.0 + 59.7 / 3600; }, 0, 0, "JAN 21  20:59:00",
-     white},
     {"minute 59 raises the hour", [](Scene& s) { s.scene.hours = 9 + 59 / 60.0 + 59.7 / 3600; }, 0, 0,
      "JAN 21  10:00:00", white},
     {"the day does not end", [](Scene& s) { s.scene.hours = 23 + 59 / 60.0 + 59.6 / 3600; }, 0, 0, "JAN 21  24:00:00",
      white},
     {"tenths", [](Scene& s) { s.in.tmstep = 1e-6, s.scene.hours += 7.26 / 3600; }, 0, 0, "JAN 21  20:55: 7.3", white},
-    {"tenths carry", [](Scene& s) { s.in.tmstep = 1e-6, s.scene.hours += 59.96 / 3600; }, 0, 0, "JAN 21  20:56: 0.0",
-     white},
-    {"tenths do not carry yet", [](Scene& s) { s.in.tmstep = 1e-6, s.scene.hours += 59.94 / 3600; }, 0, 0,
-     "JAN 21  20:55:59.9", white},
-    {"a month that is none", [](Scene& s) { s.scene.month = 0; }, 0, 0, "ERR 21  20:55:00", white},
 
-    {"below the ground: time", [](Scene& s) { s.sp.hgt[1] = -1; }, 0, 0, "JAN 21  20:55:00", white},
-    {"below the ground: zone", [](Scene& s) { s.sp.hgt[1] = -1; }, 0, 1, "TimeZone: 1.5", black},
     {"below the ground: height", [](Scene& s) { s.sp.hgt[1] = -1; }, 1, 2, "Height:    -1.0 km", black},
-    {"below the ground: sky", [](Scene& s) { s.sp.hgt[1] = -1; }, 2, 0, "R.A.:  13h56", black},
-    {"below the ground: azimuth", [](Scene& s) { s.sp.hgt[1] = -1; }, 3, 0, "Azim.:  68.97", white},
-    {"below the ground: Sun", [](Scene& s) { s.sp.hgt[1] = -1; }, 4, 1, "ObsSun:  -51.3", black},
-    {"below the ground: rate", [](Scene& s) { s.sp.hgt[1] = -1; }, 4, 2, "Rate:  6.553 km/s", black},
 
     {"in shadow", [](Scene& s) { s.sp.sunel[1] = -3; }, 2, 0, "R.A.:  13h56", black},
     {"in moonlight", [](Scene& s) { s.sp.sunel[1] = -3, s.in.moonflg = 1; }, 2, 0, "R.A.:  13h56", yellow},
-    {"in shadow without Moon", [](Scene& s) { s.sp.sunel[1] = -3, s.in.moonflg = 1, s.sp.moonel[1] = -1; }, 2, 0,
-     "R.A.:  13h56", black},
-    {"in shadow: rate stays", [](Scene& s) { s.sp.sunel[1] = -3; }, 4, 2, "Rate:  6.553 km/s", white},
     {"under the horizon", [](Scene& s) { s.sp.el[1] = -3; }, 3, 1, "Elev.:  -3.00", black},
 
     {"magnitude", [](Scene& s) { s.in.chlen = 10; }, 4, 2, "Mag: 3.3", white},
-    {"magnitude in shadow", [](Scene& s) { s.in.chlen = 10, s.sp.sunel[1] = -3; }, 4, 2, "Mag: 3.3", black},
-    {"magnitude in moonlight", [](Scene& s) { s.in.chlen = 10, s.sp.sunel[1] = -3, s.in.moonflg = 1; }, 4, 2,
-     "Mag: 3.3", yellow},
     {"magnitude before Doppler", [](Scene& s) { s.in.chlen = 10, s.in.frequ = 1e8; }, 4, 2, "Mag: 3.3", white},
     {"Doppler", [](Scene& s) { s.in.frequ = 145.8e6; }, 4, 2, "Hz: -3187.12", white},
     {"Doppler, absurd", [](Scene& s) { s.in.frequ = 1e300; }, 4, 2, "Hz: -2.18596e+295", white},
 
     {"relative: latitude", relative, 2, 0, "Lat :  13.56", white},
-    {"relative: longitude", relative, 2, 1, "Lng :  -0.39", white},
-    {"relative: height", relative, 2, 2, "Hgt:    22.4 km", white},
-    {"relative: no Sun pen", [](Scene& s) { relative(s), s.sp.sunel[1] = -3; }, 2, 0, "Lat :  13.56", white},
     {"relative: second name", relative, 4, 1, "GAMMA GAMMA GAM ", blue},
-    {"relative: back to the first", [](Scene& s) { relative(s), s.in.prs = 2; }, 4, 1, "ALPHA", white},
     {"relative: rate, not magnitude", [](Scene& s) { relative(s), s.in.chlen = 10; }, 4, 2, "Rate:  6.553 km/s",
      white},
 
     {"transit, no point", [](Scene& s) { s.in.occflg = 1; }, 2, 0, "No Intersection", white},
-    {"transit, no point: row 1", [](Scene& s) { s.in.occflg = 1; }, 2, 1, "", white},
-    {"transit, no point: mode", [](Scene& s) { s.in.occflg = 1; }, 2, 2, "Sun Transit", red},
-    {"transit, no point: rate", [](Scene& s) { s.in.occflg = 1; }, 4, 2, "Rate:  6.553 km/s", white},
     {"transit", [](Scene& s) { groundPoint(s), s.in.occflg = 2; }, 2, 0, "Lat :  45.50", white},
-    {"transit: longitude", [](Scene& s) { groundPoint(s), s.in.occflg = 2; }, 2, 1, "Lng : -77.25", white},
-    {"transit: mode", [](Scene& s) { groundPoint(s), s.in.occflg = 2; }, 2, 2, "Moon Transit", red},
     {"transit: distance", [](Scene& s) { groundPoint(s), s.in.occflg = 2, s.sp.mag = 1611.44; }, 4, 2,
      "dst:  1611.4 km", white},
-    {"transit: magnitude without point", [](Scene& s) { s.in.occflg = 2, s.in.chlen = 10; }, 4, 2, "Mag: 3.3", white},
     {"occultation", [](Scene& s) { groundPoint(s), s.in.occflg = 3; }, 2, 2, "Occultation", red},
 
     {"known surface", [](Scene& s) { groundPoint(s), s.in.flarflg = 1; }, 2, 0, "Lat :  45.50", white},
     {"known surface: mode", [](Scene& s) { groundPoint(s), s.in.flarflg = 1; }, 2, 2, "Flare Location", red},
-    {"known surface: angle", [](Scene& s) { groundPoint(s), s.in.flarflg = 1; }, 4, 2, "FlrAng:  12.35", white},
     {"known surface: magnitude",
      [](Scene& s) { groundPoint(s), s.in.flarflg = 1, s.in.flrmgf = true, s.in.chlen = 10; }, 4, 2, "Mag: 3.3",
      white},
-    {"known surface: no length", [](Scene& s) { groundPoint(s), s.in.flarflg = 1, s.in.flrmgf = true; }, 4, 2,
-     "FlrAng:  12.35", white},
-    {"known surface, no point", [](Scene& s) { s.in.flarflg = 1; }, 2, 0, "No Intersection", white},
-    {"unknown surface, local: yaw",
-     [](Scene& s) { s.sp.occlat[1] = 99, s.in.flarflg = 1, s.in.flarmod = -1, s.in.occra = 12.34; }, 2, 0,
-     "Y:   12.3", white},
-    {"unknown surface, local: pitch",
-     [](Scene& s) { s.sp.occlat[1] = 99, s.in.flarflg = 1, s.in.flarmod = -1, s.in.occdec = -45.67; }, 2, 1,
-     "P:  -45.7", white},
     {"unknown surface: mode", [](Scene& s) { s.in.flarflg = 1, s.in.flarmod = -1; }, 2, 2, "Flare Angle", red},
-    {"unknown surface: rate", [](Scene& s) { s.sp.occlat[1] = 99, s.in.flarflg = 1, s.in.flarmod = -1; }, 4, 2,
-     "Rate:  6.553 km/s", white},
     {"unknown surface, inertial",
      [](Scene& s) { s.sp.occlat[1] = 99, s.in.flarflg = 1, s.in.flarmod = -2, s.in.occra = 5.4321; }, 2, 0,
      "R.A.:   5h43", white},
-    {"unknown surface, inertial: declination",
-     [](Scene& s) { s.sp.occlat[1] = 99, s.in.flarflg = 1, s.in.flarmod = -2, s.in.occdec = -5.4321; }, 2, 1,
-     "Dec.:  -5" + degree + "43", white},
-    {"solar panel", [](Scene& s) { s.sp.occlat[1] = 99, s.in.flarflg = 1, s.in.flarmod = -2, s.in.solflar = true; },
-     2, 0, "Solar Panel", white},
-    {"solar panel: angle",
-     [](Scene& s) {
-         s.sp.occlat[1] = 99, s.in.flarflg = 1, s.in.flarmod = -2, s.in.solflar = true, s.in.occdec = 7.3;
-     },
-     2, 1, "Ang.:   7" + degree + "30", white},
     {"cylinder", [](Scene& s) { s.sp.occlat[1] = 99, s.in.flarflg = 1, s.in.flarmod = -1, s.in.cylflg = true; }, 4, 2,
      "CylAng:  12.35", white},
-    {"Iridium", [](Scene& s) { groundPoint(s), s.in.iridflg = 3; }, 4, 2, "FlrAng:  12.35", white},
 
     {"no eclipse", [](Scene& s) { s.in.eclflg = true; }, 2, 2, "No Eclipse", red},
-    {"no eclipse: angle", [](Scene& s) { s.in.eclflg = true; }, 2, 0, "S/M Ang.:   0.26", white},
-    {"no eclipse: row 1", [](Scene& s) { s.in.eclflg = true; }, 2, 1, "", white},
     {"partial", [](Scene& s) { s.in.eclflg = true, s.in.ecltyp = 1; }, 2, 2, "Partial Ecl.", red},
-    {"total", [](Scene& s) { s.in.eclflg = true, s.in.ecltyp = 2; }, 2, 2, "Total Ecl.", red},
-    {"annular", [](Scene& s) { s.in.eclflg = true, s.in.ecltyp = 3; }, 2, 2, "Annular Ecl.", red},
     {"eclipse magnitude", [](Scene& s) { s.in.eclflg = true, s.in.ecltyp = 1; }, 2, 1, "Ecl.Mag.:  0.988", white},
     {"eclipse power", [](Scene& s) { s.in.eclflg = true, s.in.ecltyp = 1, s.in.chlen = 5; }, 2, 1, "Ecl.Pow: 12.35%",
      white},
@@ -241,18 +175,6 @@ private Q_SLOTS:
             const QString shown = shownAt(s, c.column, c.row);
             QVERIFY2(shown == expected, qPrintable(QString(c.what) + ": " + shown));
         }
-    }
-
-    void onlyNamesHaveABackground()
-    {
-        Scene s;
-        s.scene.relative = true;
-        for (const LegendText& text : legendTexts(&s.in, &s.sp, s.scene))
-            QCOMPARE(text.label, text.column == 4 && text.row < 2);
-        s.in.satn = 0;
-        s.scene.relative = false;
-        for (const LegendText& text : legendTexts(&s.in, &s.sp, s.scene))
-            QVERIFY(!text.label);
     }
 
     void relativeSatellitesThatDoNotSeeEachOtherAreBlack()
@@ -278,19 +200,6 @@ private Q_SLOTS:
         QCOMPARE(shownAt(s, 3, 1), QString("Elev.:   0.57|#ffffff"));  // 3.5689 x 0.1594 degrees
     }
 
-    void absurdFiguresStayTexts()
-    {
-        for (const double bad : {1e300, -1e300, std::numeric_limits<double>::quiet_NaN()}) {
-            Scene s;
-            s.sp.lat[1] = s.sp.lng[1] = s.sp.hgt[1] = s.sp.ra[1] = s.sp.az[1] = s.sp.dst[1] = s.sp.rrate[1] = bad;
-            s.in.frequ = s.in.tzone = bad;
-            s.in.prs = 77;
-            QVERIFY(legendTexts(&s.in, &s.sp, s.scene).size() > 10);
-            s.in.prs = -1;
-            QVERIFY(legendTexts(&s.in, &s.sp, s.scene).size() > 10);
-        }
-    }
-
     void theDopplerShiftIsHeld()
     {
         QCOMPARE(dopplerShift(1e6, 0.0), 0.0);
@@ -301,24 +210,17 @@ private Q_SLOTS:
         QVERIFY(std::abs(dopplerShift(1e6, -4e5) - limit) < 1e-6);
     }
 
-    void theLegendStandsInThePicture_data()
-    {
-        QTest::addColumn<int>("size");
-        QTest::addColumn<bool>("bold");
-        QTest::addColumn<int>("mgrey");
-        for (const int mgrey : {0, 1, 2}) {
-            QTest::addRow("10 bold, background %d", mgrey) << 10 << true << mgrey;
-            QTest::addRow("12, background %d", mgrey) << 12 << false << mgrey;
-        }
-    }
-
     // The ISS over Vienna at 20:43:00.48 UT of 21 January 2018 from SGP4 and ERFA: latitude 48.284852, longitude
     // 18.234994, 407.84 km; 87.6291, 71.3551, 428.757 km, 2.0672 km/s; 7h 41m 14s, 45 44 45; Sun -49.63 and -30.89.
     void theLegendStandsInThePicture()
     {
-        QFETCH(int, size);
-        QFETCH(bool, bold);
-        QFETCH(int, mgrey);
+        const QString columns[][3] = {{"JAN 21  20:43:00", "TimeZone: 0", "Year: 2018"},
+                                      {"Lat  :  48.28", "Lng :  18.23", "Height:   407.8 km"},
+                                      {"R.A.:   7h41", "Dec.:  45" + degree + "45", "SatSun:  -30.9"},
+                                      {"Azim.:  87.63", "Elev.:  71.36", "Range:   428.8 km"},
+                                      {"ISS (ZARYA)     ", "ObsSun:  -49.6", "Rate:  2.067 km/s"}};
+        constexpr int left[] = {10, 150, 300, 430, 590}, top[] = {367, 389, 411};
+        const QRect legend(0, 362, 721, 139);
         const windows::Workplace place;
         windows::stopTheClock();
         VorlixView view;
@@ -326,54 +228,36 @@ private Q_SLOTS:
         windows::select("ISS");
         indata->tzone = 0;
         indata->mapprj = 0;
-        indata->mgrey = mgrey;
-        indata->mfsz = size;
-        indata->bf = bold;
-        view.vRefresh();
-        view.SatPlot(58139.8632, 1);
+        for (const auto& [size, bold, mgrey] : {std::tuple{10, true, 2}, {12, false, 0}, {12, true, 1}}) {
+            indata->mgrey = mgrey;
+            indata->mfsz = size;
+            indata->bf = bold;
+            view.vRefresh();
+            view.SatPlot(58139.8632, 1);
 
-        QPixmap reference(721, 501);
-        reference.fill(QColor(0, 50, 200));
-        QPainter painter(&reference);
-        painter.setFont(QFont("Helvetica", size, bold ? QFont::Bold : QFont::Normal));
-        const int a = painter.fontMetrics().ascent();
-        painter.setPen(white);
-        painter.drawText(10, a + 367, "JAN 21  20:43:00");
-        painter.drawText(10, a + 389, "TimeZone: 0");
-        painter.drawText(10, a + 411, "Year: 2018");
-        painter.drawText(150, a + 367, "Lat  :  48.28");
-        painter.drawText(150, a + 389, "Lng :  18.23");
-        painter.drawText(150, a + 411, "Height:   407.8 km");
-        painter.drawText(590, a + 389, "ObsSun:  -49.6");
-        painter.drawText(590, a + 411, "Rate:  2.067 km/s");
-        painter.drawText(430, a + 367, "Azim.:  87.63");
-        painter.drawText(430, a + 389, "Elev.:  71.36");
-        painter.drawText(430, a + 411, "Range:   428.8 km");
-        painter.setPen(black);
-        painter.drawText(300, a + 367, "R.A.:   7h41");
-        painter.drawText(300, a + 389, "Dec.:  45" + degree + "45");
-        painter.drawText(300, a + 411, "SatSun:  -30.9");
-        painter.setBackgroundMode(Qt::OpaqueMode);
-        painter.setBackground(mgrey == 2 ? black : white);
-        painter.setPen(mgrey == 2 ? white : black);
-        painter.drawText(590, a + 367, "ISS (ZARYA)     ");
-        painter.end();
-
-        const QRect legend(0, 362, 721, 139);
-        QCOMPARE(view.mapPixmap().toImage().copy(legend), reference.toImage().copy(legend));
-        QCOMPARE(view.displayPixmap().toImage().copy(legend), reference.toImage().copy(legend));
-    }
-
-    void aDamagedFontSizeLeavesALegend()
-    {
-        const windows::Workplace place;
-        VorlixView view;
-        for (const int size : {0, -5, 2000000000}) {
+            QPixmap reference(721, 501);
+            reference.fill(QColor(0, 50, 200));
+            QPainter painter(&reference);
+            painter.setFont(QFont("Helvetica", size, bold ? QFont::Bold : QFont::Normal));
+            painter.setBackground(mgrey == 2 ? black : white);
+            for (int column = 0; column < 5; ++column) {
+                for (int row = 0; row < 3; ++row) {
+                    const bool name = column == 4 && row == 0;
+                    painter.setBackgroundMode(name ? Qt::OpaqueMode : Qt::TransparentMode);
+                    painter.setPen(name ? (mgrey == 2 ? white : black) : column == 2 ? black : white);
+                    painter.drawText(left[column], painter.fontMetrics().ascent() + top[row], columns[column][row]);
+                }
+            }
+            painter.end();
+            QCOMPARE(view.mapPixmap().toImage().copy(legend), reference.toImage().copy(legend));
+            QCOMPARE(view.displayPixmap().toImage().copy(legend), reference.toImage().copy(legend));
+        }
+        indata->satn = 0;
+        for (const int size : {0, -5, 2000000000}) {  // a damaged font size leaves a legend
             indata->mfsz = size;
             view.SatPlot(58139.8632, 1);
             QCOMPARE(view.mapPixmap().toImage().pixelColor(715, 495), QColor(0, 50, 200));
         }
-        indata->mfsz = 10;
     }
 };
 

@@ -5,14 +5,12 @@
 #include <QTest>
 #include <cmath>
 #include <limits>
-#include <memory>
 #include <numbers>
 
 #include "app/record/text.h"
 #include "engine/satpos_data.h"
 #include "view/picture_helper.h"
-#include "view/vorlix_view.h"
-#include "view/window_helper.h"
+#include "view/view_fixture.h"
 
 namespace {
 
@@ -42,16 +40,14 @@ QImage marker(bool square, const QColor& colour)
 
 }  // namespace
 
-class OverlayTest : public QObject
+class OverlayTest : public ViewTest
 {
     Q_OBJECT
 
 private Q_SLOTS:
     void init()
     {
-        windows::stopTheClock();
-        place = std::make_unique<windows::Workplace>();
-        view = std::make_unique<VorlixView>();
+        open();
         windows::observeAllFromVienna();
         indata->lat = -33.9;  // the place of the observer out of the way of the marker
         indata->mapprj = 0;
@@ -59,23 +55,15 @@ private Q_SLOTS:
         indata->mgrid = 0;
     }
 
-    void cleanup()
-    {
-        view.reset();
-        place.reset();
-    }
+    void cleanup() { close(); }
 
     void colorsBelongToSlots()
     {
-        const auto onBlack = satelliteColours(2), onWhite = satelliteColours(0);
-        QCOMPARE(onBlack[0], white);
-        QCOMPARE(onWhite[0], QColor(0, 0, 0));
-        QCOMPARE(satelliteColours(1)[0], QColor(0, 0, 0));
-        const QColor magenta(255, 0, 255);
-        const QColor rest[] = {red, blue, green, yellow, magenta, blue, green, yellow, magenta};
-        for (std::size_t slot = 1; slot < 10; ++slot) {
-            QCOMPARE(onBlack[slot], rest[slot - 1]);
-            QCOMPARE(onWhite[slot], rest[slot - 1]);
+        const QColor magenta(255, 0, 255), rest[] = {red, blue, green, yellow, magenta, blue, green, yellow, magenta};
+        for (const auto& [mgrey, first] : {std::pair{0, QColor(0, 0, 0)}, {1, QColor(0, 0, 0)}, {2, white}}) {
+            const auto colours = satelliteColours(mgrey);
+            QCOMPARE(colours[0], first);
+            QVERIFY(std::equal(colours.begin() + 1, colours.end(), rest));
         }
     }
 
@@ -85,7 +73,7 @@ private Q_SLOTS:
         view->vRefresh();
         view->SatPlot(overVienna, 0);
         QCOMPARE(view->PxCoord(satps->lat[0], satps->lng[0]), issOnWorld);
-        const QImage shown = view->displayPixmap().toImage(), map = view->mapPixmap().toImage();
+        const QImage shown = shownImage(), map = mapImage();
         QCOMPARE(shown.pixelColor(issOnWorld), white);
         QCOMPARE(pictures::differences(shown.copy(392, 79, 9, 9), marker(false, white), {2, 2, 5, 5}), 0);
         // the trail: one dot in the background, for the next plot
@@ -100,39 +88,18 @@ private Q_SLOTS:
         view->SatPlot(overVienna, 0);
         view->SatPlot(overVienna + 60 / 86400.0, 0);
         const QPoint later = view->PxCoord(satps->lat[0], satps->lng[0]);
-        QImage shown = view->displayPixmap().toImage();
+        QImage shown = shownImage();
         QVERIFY((later - issOnWorld).manhattanLength() > 5);
         QCOMPARE(shown.pixelColor(issOnWorld), white);
         QCOMPARE(shown.pixelColor(later), white);
         QVERIFY(shown.pixelColor(issOnWorld + QPoint(0, 2)) != white);  // the marker itself has gone
         view->vRefresh();
-        QVERIFY(view->mapPixmap().toImage().pixelColor(issOnWorld) != white);
+        QVERIFY(mapImage().pixelColor(issOnWorld) != white);
 
         indata->mpnight = 1;
         view->SatPlot(overVienna, 0);
-        QVERIFY(view->mapPixmap().toImage().pixelColor(issOnWorld) != white);
-        QCOMPARE(view->displayPixmap().toImage().pixelColor(issOnWorld), white);
-    }
-
-    void otherHemispheresShowNoMarker()
-    {
-        windows::select("ISS");
-        indata->mapprj = 2;
-        view->vRefresh();
-        const QImage before = view->mapPixmap().toImage();
-        view->SatPlot(overVienna, 1);
-        const QImage shown = view->displayPixmap().toImage();
-        // 48 degrees north: even its circle ends north of the equator
-        int more = 0;
-        for (int y = 0; y < 362; ++y)
-            for (int x = 0; x < 721; ++x)
-                more += shown.pixelColor(x, y) == white;
-        QCOMPARE(more, 1);  // the centre of the Sun's symbol
-        QCOMPARE(pictures::differences(view->mapPixmap().toImage(), before), 0);
-        indata->mapprj = 1;
-        view->vRefresh();
-        view->SatPlot(overVienna, 1);
-        QCOMPARE(view->displayPixmap().toImage().pixelColor(view->PxCoord(48.284852, 18.234994)), white);
+        QVERIFY(mapImage().pixelColor(issOnWorld) != white);
+        QCOMPARE(shownImage().pixelColor(issOnWorld), white);
     }
 
     void aMarkerOnTheSkyIsASquare()
@@ -143,7 +110,7 @@ private Q_SLOTS:
         indata->mjd = overVienna;
         view->vRefresh();
         view->SatPlot(overVienna, 1);
-        QImage shown = view->displayPixmap().toImage();
+        QImage shown = shownImage();
         QCOMPARE(shown.pixelColor(issOnSky), white);
         QCOMPARE(pictures::differences(shown.copy(321, 175, 9, 9), marker(true, white), {2, 2, 5, 5}), 0);
 
@@ -151,22 +118,9 @@ private Q_SLOTS:
         indata->visflg = 1;
         view->vRefresh();
         view->SatPlot(overVienna, 1);
-        QVERIFY(view->displayPixmap().toImage().pixelColor(issOnSky) != white);
-        QVERIFY(view->mapPixmap().toImage().pixelColor(issOnSky) != white);
+        QVERIFY(shownImage().pixelColor(issOnSky) != white);
+        QVERIFY(mapImage().pixelColor(issOnSky) != white);
         indata->visflg = 0;
-    }
-
-    void fromASatelliteItDoesNotSeeItself()
-    {
-        windows::select("ISS");
-        indata->lat = 48.25;
-        indata->skymap = 1;
-        indata->satsky = true;
-        indata->nmflg = 1;
-        view->SatPlot(overVienna, 1);
-        const QImage map = view->mapPixmap().toImage(), shown = view->displayPixmap().toImage();
-        // its trail dot apart, which lies in the background only
-        QVERIFY(pictures::differences(map, shown) <= 1);
     }
 
     void theCircleBoundsWhatSeesTheSatellite()
@@ -175,11 +129,11 @@ private Q_SLOTS:
         view->vRefresh();
         const QImage plain = [this] {
             view->SatPlot(overVienna, 0);
-            return view->displayPixmap().toImage();
+            return shownImage();
         }();
         view->vRefresh();
         view->SatPlot(overVienna, 1);
-        const QImage shown = view->displayPixmap().toImage();
+        const QImage shown = shownImage();
         QVERIFY(pictures::differences(plain, shown) > 40);
         // 407.8 km high the horizon lies 19.97 degrees away: due north and south of the satellite
         for (const double lat : {48.284852 + 19.97, 48.284852 - 19.97}) {
@@ -198,7 +152,7 @@ private Q_SLOTS:
         view->vRefresh();
         view->SatPlot(overVienna, 1);
         indata->occflg = 0;
-        QVERIFY(pictures::differences(view->displayPixmap().toImage(), shown) > 40);
+        QVERIFY(pictures::differences(shownImage(), shown) > 40);
     }
 
     void namesAreCutAndStandByTheMarker()
@@ -217,8 +171,8 @@ private Q_SLOTS:
         painter.setPen(white);
         painter.drawText(issOnWorld - QPoint(2, 2), "ABCDEFGHIJKLMNO");
         painter.end();
-        QCOMPARE(pictures::differences(expected.toImage(), view->displayPixmap().toImage()), 0);
-        QVERIFY(pictures::differences(plain.toImage(), view->displayPixmap().toImage()) > 50);
+        QCOMPARE(pictures::differences(expected.toImage(), shownImage()), 0);
+        QVERIFY(pictures::differences(plain.toImage(), shownImage()) > 50);
     }
 
     void theSunStandsOverItsPoint()
@@ -226,7 +180,7 @@ private Q_SLOTS:
         windows::select("ISS");
         view->vRefresh();
         view->SatPlot(overVienna, 0);
-        const QImage shown = view->displayPixmap().toImage();
+        const QImage shown = shownImage();
         // ERFA: the Sun overhead at 19.88680 south, 127.90096 west
         const QPoint p(360 - 256, 180 + 40);
         QCOMPARE(view->PxCoord(satps->sslat, satps->sslng), p);
@@ -241,87 +195,39 @@ private Q_SLOTS:
         }
     }
 
-    void aTransitMovesTheMarkerToTheGround()
-    {
-        windows::select("ISS");
-        indata->occflg = 3;
-        indata->occra = 12.0;
-        indata->occdec = 20.0;
-        view->vRefresh();
-        view->SatPlot(overVienna, 1);
-        const QPoint p = view->PxCoord(satps->occlat[0], satps->occlng[0]);
-        if (satps->occlat[0] >= noGroundPoint)
-            QVERIFY(p.y() < 0);
-        else
-            QCOMPARE(view->displayPixmap().toImage().pixelColor(p), white);
-        QVERIFY(view->displayPixmap().toImage().pixelColor(issOnWorld) != white);
-        indata->occflg = 0;
-    }
-
-    void withoutSatelliteThereIsOnlyTheMap()
-    {
-        view->vRefresh();
-        view->SatPlot(overVienna, 1);
-        QCOMPARE(
-            pictures::differences(view->mapPixmap().toImage(), view->displayPixmap().toImage(), {0, 0, 721, 501}), 0);
-    }
-
-    void lostSatellitesLeaveFinitePixels_data()
-    {
-        QTest::addColumn<int>("skymap");
-        QTest::addColumn<int>("mapprj");
-        QTest::addColumn<int>("occflg");
-        for (const int skymap : {0, 1})
-            for (const int mapprj : {0, 1, 2, 3})
-                for (const int occflg : {0, 1, 2})
-                    QTest::addRow("sky %d, map %d, event %d", skymap, mapprj, occflg) << skymap << mapprj << occflg;
-    }
-
     void lostSatellitesLeaveFinitePixels()
     {
-        QFETCH(int, skymap);
-        QFETCH(int, mapprj);
-        QFETCH(int, occflg);
         constexpr double noNumber = std::numeric_limits<double>::quiet_NaN();
         for (int slot = 0; slot < 10; ++slot)
             windows::select("ISS");
-        indata->aflg[1] = 0;
+        indata->aflg[1] = indata->aflg[2] = indata->aflg[7] = 0;
         indata->a[1] = 0;  // at the centre of the Earth
-        indata->aflg[2] = 0;
         indata->n0[2] = noNumber;
         indata->n0[3] = 1e300;
         indata->ecc[4] = 0.9999;
         indata->bstar[5] = 1.0;  // long decayed
         indata->mjdep[6] = 1e300;
-        indata->aflg[7] = 0;
         indata->m0[7] = noNumber;
-        indata->satn = 10;
-        indata->skymap = skymap;
-        indata->skyprj = mapprj;
-        indata->mapprj = mapprj;
-        indata->occflg = occflg;
-        indata->sunmplt = occflg == 2;
         indata->nmflg = 1;
-        for (int prime = 0; prime < 10; ++prime) {
-            indata->prs = prime;
-            indata->satsky = prime % 2 != 0;
-            view->vRefresh();
-            view->SatPlot(overVienna + 400 * (prime == 5), 1);
-            for (int slot = 0; slot < 10; ++slot) {
-                for (const QPoint& p : {view->PxCoord(satps->lat[slot], satps->lng[slot]),
-                                        view->PxSky(satps->el[slot], satps->az[slot]), view->PxCdSun(slot, 1)}) {
-                    QVERIFY(std::abs(p.x()) <= 200000);
-                    QVERIFY(std::abs(p.y()) <= 200000);
+        for (int kind = 0; kind < 12; ++kind) {
+            indata->skymap = kind % 2;
+            indata->skyprj = indata->mapprj = kind % 4;
+            indata->occflg = kind / 4;
+            indata->sunmplt = indata->occflg == 2;
+            for (int prime = 0; prime < 10; ++prime) {
+                indata->prs = prime;
+                indata->satsky = prime % 2 != 0;
+                view->vRefresh();
+                view->SatPlot(overVienna + 400 * (prime == 5), 1);
+                for (int slot = 0; slot < 10; ++slot) {
+                    for (const QPoint& p : {view->PxCoord(satps->lat[slot], satps->lng[slot]),
+                                            view->PxSky(satps->el[slot], satps->az[slot]), view->PxCdSun(slot, 1)})
+                        QVERIFY(std::abs(p.x()) <= 200000 && std::abs(p.y()) <= 200000);
                 }
+                QCOMPARE(mapImage().pixelColor(5, 500), QColor(0, 50, 200));
             }
-            QCOMPARE(view->mapPixmap().toImage().pixelColor(5, 500), QColor(0, 50, 200));
         }
-        indata->sunmplt = 0;
     }
-
-private:
-    std::unique_ptr<windows::Workplace> place;
-    std::unique_ptr<VorlixView> view;
 };
 
 QTEST_MAIN(OverlayTest)

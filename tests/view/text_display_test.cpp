@@ -1,18 +1,14 @@
 // The painters of the report and the rows of the pass table.
 
-#include <array>
 #include <memory>
 #include <string>
-#include <vector>
 
 #include <QFontMetrics>
 #include <QPainter>
 #include <QTest>
 
-#include "app/record/text.h"
 #include "app/record/wout_data.h"
-#include "view/vorlix_view.h"
-#include "view/window_helper.h"
+#include "view/view_fixture.h"
 
 namespace {
 
@@ -61,24 +57,18 @@ private:
 
 }  // namespace
 
-class TextDisplayTest : public QObject
+class TextDisplayTest : public ViewTest
 {
     Q_OBJECT
 
 private Q_SLOTS:
     void init()
     {
-        windows::stopTheClock();
-        place = std::make_unique<windows::Workplace>();
-        view = std::make_unique<VorlixView>();
+        open();
         outdata->nlines = 0;
     }
 
-    void cleanup()
-    {
-        view.reset();
-        place.reset();
-    }
+    void cleanup() { close(); }
 
     void tableLinesStandOnAGridOnlyWhenFixed()
     {
@@ -112,20 +102,6 @@ private Q_SLOTS:
         QCOMPARE(view->textPixmap().toImage(), page.image());
     }
 
-    void theFontSizeTakesEffectWithTheNextText()
-    {
-        PutNxtLn(outdata, "text");
-        view->showtxt(false);
-        const QImage small = view->textPixmap().toImage();
-        view->setFont(12);
-        QCOMPARE(view->textPixmap().toImage(), small);
-        QCOMPARE(indata->fsz, 12);
-        view->showtxt(false);
-        Expected large;
-        large.sideBySide(large.ascent(), "text");
-        QCOMPARE(view->textPixmap().toImage(), large.image());
-    }
-
     void thePassTableHidesTheMarkAndKnowsItsRows()
     {
         PutNxtLn(outdata, " Heading");
@@ -148,17 +124,6 @@ private Q_SLOTS:
         QCOMPARE(epos[1], 5 * a - a - 2);
     }
 
-    void aTableHoldsPositionsOf120Rows()
-    {
-        for (int i = 0; i < 125; ++i)
-            PutNxtLnT(outdata, ".row");
-        view->showSattxt();
-        const int a = Expected().ascent();
-        QCOMPARE(epos[119], 119 * a - 2);
-        QCOMPARE(passRowAt(1000000, 120), 119);
-        QCOMPARE(passRowAt(1000000, 500), 119);  // a count from anywhere stays inside
-    }
-
     void aRowReachesFromItsTopToTheNext()
     {
         for (int i = 0; i < 3; ++i)
@@ -170,35 +135,6 @@ private Q_SLOTS:
         QCOMPARE(passRowAt(epos[1] + 1, 3), 1);
         QCOMPARE(passRowAt(2499, 3), 2);
         QCOMPARE(passRowAt(2499, 1), 0);
-    }
-
-    void aClickSelectsTheRow_data()
-    {
-        QTest::addColumn<Qt::MouseButton>("button");
-        QTest::addColumn<bool>("leftEnabled");
-        QTest::addColumn<int>("selected");
-        QTest::newRow("right button") << Qt::RightButton << false << 1;
-        QTest::newRow("left button, not enabled") << Qt::LeftButton << false << 0;
-        QTest::newRow("left button, enabled") << Qt::LeftButton << true << 1;
-    }
-
-    void aClickSelectsTheRow()
-    {
-        QFETCH(Qt::MouseButton, button);
-        QFETCH(bool, leftEnabled);
-        QFETCH(int, selected);
-        windows::observeAllFromVienna();
-        windows::select("ISS");
-        view->vCalcAOS();
-        QVERIFY(indata->naos > 2);
-        view->vLeft(leftEnabled);
-        indata->aossel = 0;
-        windows::answering(
-            [&] {
-                QTest::mouseClick(view->viewport(), button, Qt::NoModifier, {50, epos[1] + 3});
-            },
-            {});
-        QCOMPARE(indata->aossel, selected);
     }
 
     void rowsAnswerUntilAMapHasBeenDrawn()
@@ -231,10 +167,6 @@ private Q_SLOTS:
         QCOMPARE(view->textPixmap().toImage(), page.image());
         QCOMPARE(view->grab().toImage().copy(0, 0, 860, 501), view->textPixmap().toImage().copy(0, 0, 860, 501));
     }
-
-private:
-    std::unique_ptr<windows::Workplace> place;
-    std::unique_ptr<VorlixView> view;
 };
 
 QTEST_MAIN(TextDisplayTest)

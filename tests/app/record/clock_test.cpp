@@ -132,14 +132,4 @@ TEST(RealTime, LeavesTheDateFieldsAndAddsItsOffset)
     EXPECT_EQ(in.second, 5);
 }
 
-TEST(TtMinusUt, FollowsTheIersValuesInForce)
-{
-    WinpData in;
-    in.UtcTai = -33;
-    EXPECT_NEAR(SetTtUt(&in, 2015), 68.184, 1e-9);
-    in.IERSflg = true;
-    EXPECT_NEAR(SetTtUt(&in, 2015), 65.184, 1e-12);
-    EXPECT_EQ(utcTaiOf(65.184), -33);
-    EXPECT_EQ(utcTaiOf(69.184), -37);
-}
 }  // namespace

@@ -4,6 +4,7 @@
 
 #include <QDir>
 #include <gtest/gtest.h>
+#include <sys/stat.h>
 
 namespace {
 TEST(Files, LinesComeWholeWithTheirEnds)
@@ -24,11 +25,14 @@ TEST(Files, LinesComeWholeWithTheirEnds)
     EXPECT_FALSE(readLine(file.get(), line));
 }
 
-TEST(Files, ADirectoryIsNoFile)
+TEST(Files, OnlyRegularFilesAreRead)
 {
     const ScratchDir here;
     ASSERT_TRUE(QDir().mkdir(QStringLiteral("directory")));
     EXPECT_FALSE(openForReading("directory"));
+    ASSERT_EQ(::mkfifo("pipe", 0600), 0);
+    EXPECT_FALSE(openForReading("pipe"));
+    EXPECT_FALSE(openForReading("/dev/zero"));
     EXPECT_FALSE(openForReading("absent"));
 }
 

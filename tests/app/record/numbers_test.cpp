@@ -89,15 +89,6 @@ TEST(Fscanf, TakesOneLineOfBlankSeparatedNumbers)
     }
 }
 
-TEST(Decdot, SparesTheBracket)
-{
-    char text[] = "1,5 (12,3)";
-    decdot(text);
-    EXPECT_STREQ(text, "1.5 (12,3)");
-    decdot0(text);
-    EXPECT_STREQ(text, "1.5 (12.3)");
-}
-
 TEST(Formatted, WritesPointsUnderALocaleOfCommas)
 {
     const CommaLocale comma;

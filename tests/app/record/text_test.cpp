@@ -151,18 +151,6 @@ TEST(LegendAngle, TakesItsForms)
     EXPECT_EQ(out[32], '#');
 }
 
-TEST(LegendAngle, WritesPointsUnderALocaleOfCommas)
-{
-    const CommaLocale comma;
-    if (!comma.present)
-        GTEST_SKIP() << "no de_DE.UTF-8 on this machine";
-    char out[32];
-    prpang(out, 0, 0, 48.479);
-    EXPECT_STREQ(out, "  48.48");
-    prpang(out, 0, -2, 6.4509);
-    EXPECT_STREQ(out, "   6h45");
-}
-
 TEST(SortKey, OrdersTheLinesOfAYear)
 {
     const auto keyOf = [](const char* line) {

@@ -34,6 +34,7 @@ TEST(Defaults, ReplaceEverythingThatWasThere)
 /// Each field of slot 10 another number, to find one that is left out or crossed.
 void number(WinpData* in)
 {
+    // cppcheck-suppress constVariable  ; it is one
     double* const arrays[] = {in->mjdep, in->a,    in->ra,   in->aper,  in->inc,   in->ecc,   in->m0,
                               in->n0,    in->adot, in->ndot, in->n6dot, in->bstar, in->epr0,  in->epr1,
                               in->epr2,  in->epv0, in->epv1, in->epv2,  in->cstm,  in->csr0,  in->csr1,

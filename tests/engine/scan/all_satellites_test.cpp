@@ -12,7 +12,10 @@
 #include "app/record/winp_data.h"
 #include "app/record/wout_data.h"
 #include "engine/aos_list.h"
+#include "engine/scan/entry_lines.h"
 #include "engine/scan/scratch_helper.h"
+#include "engine/scan/workers.h"
+#include "report_lines.h"
 
 namespace {
 
@@ -84,6 +87,12 @@ TEST(SortAos, LeavesWhatItCannotSort)
     assignField(in.savename, "./vorlix.tmp");
     SortAos(&in);
     EXPECT_EQ(contentOf("vorlix.tmp"), list) << "the list has the name of the temporary file";
+    std::filesystem::remove("vorlix.tmp");
+    std::filesystem::create_directory("vorlix.tmp");
+    writeFile("list.txt", list);
+    assignField(in.savename, "list.txt");
+    SortAos(&in);
+    EXPECT_EQ(contentOf("list.txt"), list) << "there is no temporary file";
     std::filesystem::create_directory("directory");
     assignField(in.savename, "directory");
     SortAos(&in);
@@ -123,6 +132,29 @@ TEST(AllSatellites, WriteHeadingAndSortedLines)
         }
 }
 
+// A program killed in a scan leaves the list of before.
+TEST(AllSatellites, LeaveTheOldListUntilTheNewOneIsWhole)
+{
+    const ScratchDirectory here;
+    WinpData in = scanRecord("visual_2018.txt");
+    in.newsave = 1;
+    writeFile("list.txt", "the old list");
+    std::vector<std::string> names, contents;
+    setScanProgress([&](std::string_view name) {
+        names.emplace_back(name);
+        contents.push_back(contentOf("list.txt"));
+        return true;
+    });
+    EXPECT_EQ(AllSatAos(&in), 0);
+    setScanProgress({});
+    ASSERT_FALSE(names.empty());
+    EXPECT_EQ(names[0].substr(0, 4), "ATLA");
+    for (const std::string& content : contents)
+        EXPECT_EQ(content, "the old list");
+    EXPECT_EQ(contentOf("list.txt").rfind("Geographic", 0), 0u);
+    EXPECT_EQ(here.files(), 1u);
+}
+
 // The search steps over passes at the same instants whatever slot it uses, so the lines agree to the letter.
 std::vector<std::string> singleTable(WinpData& in, int norad)
 {
@@ -131,9 +163,9 @@ std::vector<std::string> singleTable(WinpData& in, int norad)
     WoutData out;
     aospass(&in, &out);
     std::vector<std::string> lines;
-    for (int k = 0; k < out.nlines; ++k)
-        if (out.text[k][0] == '.')
-            lines.emplace_back(lineText(out, k).substr(1));
+    for (const std::string& line : reportLines(out))
+        if (line[0] == '.')
+            lines.push_back(line.substr(1));
     return lines;
 }
 

@@ -14,6 +14,7 @@
 #include "app/record/wout_data.h"
 #include "engine/scan/all_satellites.h"
 #include "engine/scan/scratch_helper.h"
+#include "report_lines.h"
 
 namespace {
 
@@ -23,10 +24,7 @@ std::vector<std::string> tableOf(WinpData& in)
 {
     WoutData out;
     Iriddspy(&in, &out);
-    std::vector<std::string> lines;
-    for (int k = 0; k < out.nlines; ++k)
-        lines.emplace_back(lineText(out, k));
-    return lines;
+    return reportLines(out);
 }
 
 std::string flareLine(const std::string& stamp, const std::string& name)
@@ -205,8 +203,8 @@ std::vector<FlareSite> referenceFlares()
     std::ifstream file(TEST_DATA "/passes/flares_2018.txt");
     for (std::string line; std::getline(file, line);) {
         std::istringstream fields(line);
-        std::string word;
         if (line.rfind("site ", 0) == 0) {
+            std::string word;
             sites.emplace_back();
             fields >> word >> word >> sites.back().lat >> sites.back().lng >> sites.back().height;
         } else if (line[0] != '#') {

@@ -17,6 +17,7 @@
 #include "astro/angles.h"
 #include "engine/position.h"
 #include "engine/scan/scratch_helper.h"
+#include "report_lines.h"
 
 namespace {
 
@@ -139,10 +140,10 @@ Report search(WinpData& in)
     WoutData out;
     Report report;
     report.result = SatMatch(&in, &out);
-    for (int k = 0; k < out.nlines; ++k) {
-        report.lines.emplace_back(lineText(out, k));
+    report.lines = reportLines(out);
+    for (const std::string& line : report.lines) {
         int norad = 0;
-        if (std::sscanf(report.lines.back().c_str(), " NORAD#:%6d", &norad) == 1)
+        if (std::sscanf(line.c_str(), " NORAD#:%6d", &norad) == 1)
             report.norads.push_back(norad);
     }
     return report;

@@ -37,8 +37,9 @@ std::vector<int> candidates(WinpData in, double t)
         if (nextpass(&in, 0, t, t + 0.1, tm, a, b) != 0 && tm[0] > t + 0.0018)
             found.emplace_back(tm[0], norad);
     }
-    std::stable_sort(found.begin(), found.end(), [](auto& x, auto& y) { return x.first < y.first; });
+    std::stable_sort(found.begin(), found.end(), [](const auto& x, const auto& y) { return x.first < y.first; });
     std::vector<int> numbers;
+    numbers.reserve(found.size());
     for (const auto& [start, norad] : found)
         numbers.push_back(norad);
     return numbers;

@@ -1,0 +1,118 @@
+// What can be said of the visibility conditions at an instant without the orbit model: bounds on the elevations of
+// satellite and Sun. For the pass search.
+#pragma once
+
+#include "engine/guide_orbit.h"
+#include "engine/position_stages.h"
+
+/// Whether a condition is settled, and how.
+enum class Verdict
+{
+    open,
+    no,
+    yes
+};
+
+/// The observer's horizon, turning with the Earth.
+class Horizon
+{
+public:
+    /// A point as seen by the observer, km: above the plane of the horizon, and from the vertical.
+    struct Sight
+    {
+        double up, aside;
+    };
+
+    Horizon() = default;
+
+    /// At the instant of a scene, of which time and observer have been set; good for `goodDays` to both sides.
+    explicit Horizon(const Scene& s);
+
+    static constexpr double goodDays = 5.0;
+
+    double anchor() const { return anchorMjd; }
+    Sight sight(const GuideOrbit& guide, const GuideOrbit::Place& place, double mjd) const;
+
+    /// Sine of the elevation of a direction, a unit vector in the true equator of date.
+    double sineOfElevation(const Vec3& direction, double mjd) const;
+
+private:
+    double siderealAt(double mjd) const;  // at the observer, radians
+
+    double anchorMjd = 0;
+    double sidereal = 0;
+    double cosLat = 1, sinLat = 0;
+    double fromAxis = 0, fromEquator = 0;  // km, signed
+};
+
+/// A limit of the elevation as a cone around the vertical.
+class Limit
+{
+public:
+    explicit Limit(double degrees);
+
+    /// Positive for a point lower than the limit. The size is not above the distance from the cone, and it changes by
+    /// no more than the way that the point moves. NaN for a limit that is no elevation.
+    double outside(const Horizon::Sight& s) const { return sine * s.aside - cosine * s.up; }
+
+private:
+    double sine, cosine;
+};
+
+/// The bounds of one search, for a slot and an observer that stay as they are.
+class PassBounds
+{
+public:
+    /// @param sense  1 for a search forward in time, -1 backward
+    PassBounds(const WinpData& record, int slot, double sense);
+
+    /// To be told of instants at which the position has been found.
+    void anchor(const Scene& s);
+    /// To be told of instants at which the Sun has been found as well.
+    void anchorSun(const Scene& s);
+
+    /// From now on `notAboveBest` is asked for, not `farBelow`.
+    void setBest(double degrees);
+
+    // The satellite's elevation.
+    Verdict highEnough(double t) { return at(t).highEnough; }  // at least satel
+    Verdict farBelow(double t) { return at(t).farBelow; }      // below the limit of the coarse step
+    Verdict notAboveBest(double t) { return at(t).notAboveBest; }
+
+    /// Whether the Sun is higher than so many degrees at the observer.
+    Verdict sunAbove(double degrees, double t) const;
+
+    /// Whether the Sun is above the satellite's own horizon.
+    Verdict sunlit(double t);
+
+private:
+    struct Verdicts
+    {
+        Verdict highEnough = Verdict::open, farBelow = Verdict::open, notAboveBest = Verdict::open;
+        double from = 1, to = 0;  // MJD
+    };
+
+    const Verdicts& at(double t);
+    bool guideReaches(double t) const;
+    const GuideOrbit::Place* guidePlace(double t);
+    double minutesFromEpoch(double t) const;
+
+    const WinpData& in;
+    int isat;
+    double sign;
+    bool analytic;
+    bool inside = false;
+    Limit satel, coarse, best;
+
+    GuideOrbit guide;
+    double guideFrom = 1, guideTo = 0;  // MJD
+    Horizon horizon;
+    GuideOrbit::Place place{};
+    double placeAt;  // NaN: nowhere
+
+    Verdicts verdicts;
+
+    bool sunKnown = false;
+    Horizon sunHorizon;
+    Vec3 sunDirection;
+};

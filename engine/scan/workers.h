@@ -1,0 +1,94 @@
+// The threads that share the entries of a whole-file scan.
+#pragma once
+
+#include <condition_variable>
+#include <functional>
+#include <mutex>
+#include <string_view>
+#include <thread>
+#include <vector>
+
+/// The number of threads that scans share their entries among, the calling one included; at first that of the cores.
+int scanWorkers();
+
+/// Sets it; 0 stands for the cores of the machine. Not while a scan runs.
+void setScanWorkers(int count);
+
+/// Is told the name of the satellite in work, or an empty one while that of the last call is still in work.
+///
+/// @return  whether the scan shall go on
+using ScanListener = std::function<bool(std::string_view name)>;
+
+/// Who is told a few times in a second, by the thread that called the scan. Nobody with an empty function.
+void setScanProgress(ScanListener listener);
+
+/// What a scan returns that its listener has ended. Records and files are then as they were before.
+constexpr int scanCancelled = -2;
+
+/// A new scan begins, which nobody has ended yet.
+void beginProgress();
+
+/// Tells the listener, unless that was done just before.
+///
+/// @return  false from the moment on when the listener ended the scan
+bool tellProgress(std::string_view name = {});
+
+/// Whether the listener has ended the scan.
+bool scanEnded();
+
+/// Numbered places through which the entries of a scan pass in a ring: the calling thread fills and finishes them in
+/// the order of the file, and between the two any thread works on them.
+class EntryRing
+{
+public:
+    using Work = std::function<void(int place)>;
+
+    /// @param search  works on a place, on any thread
+    /// @param finish  called on the calling thread, in the order of filling
+    EntryRing(int places, Work search, Work finish);
+    ~EntryRing();
+    EntryRing(const EntryRing&) = delete;
+    EntryRing& operator=(const EntryRing&) = delete;
+
+    /// Places that a ring for the present number of workers needs.
+    static int placesNeeded();
+
+    /// The next place to fill. Finishes what is done, and works on entries itself while all places are taken.
+    ///
+    /// @return  -1 if the listener has ended the scan
+    int freePlace();
+
+    /// The place given by `freePlace` is filled. With `here` it is worked on at once, by this thread.
+    void filled(bool here);
+
+    /// Works until all entries are finished, or the listener ends the scan.
+    void complete();
+
+private:
+    enum class State
+    {
+        empty,
+        waiting,
+        inWork,
+        done
+    };
+
+    void addHelper();
+    int takeWaiting();
+    void workOn(int place);
+    bool helpOnce();
+    void finishDone();
+    bool finishOldest();
+    void help();
+
+    const Work search, finish;
+    std::size_t mostHelpers;
+    std::mutex guard;  // of all that follows but the counts, which belong to the calling thread
+    std::condition_variable somethingWaits, somethingDone;
+    std::vector<State> states;
+    long nextWaiting = 0;  // number of the first entry that may still wait
+    long filledCount = 0;
+    long finishedCount = 0;
+    bool closing = false;
+    std::vector<std::jthread> helpers;
+};

@@ -1,0 +1,211 @@
+#include "engine/pass_bounds.h"
+
+#include <gtest/gtest.h>
+
+#include <algorithm>
+#include <cmath>
+#include <fstream>
+#include <functional>
+#include <iterator>
+#include <numbers>
+#include <random>
+#include <string>
+#include <vector>
+
+#include "engine/lazy_position.h"
+#include "engine/position.h"
+#include "engine/record_helper.h"
+#include "orbit/sgp4.h"
+
+namespace {
+
+constexpr double epochMjd = 58138.0;
+constexpr Site sites[] = {vienna, {0.3, -78.0, 2500.0}, {-77.8, 166.7, 10.0}, {90.0, 0.0, 0.0}};
+
+/// Uniform figures, the same on every machine.
+class Dice
+{
+public:
+    double between(double low, double high)
+    {
+        return low + (high - low) * (static_cast<double>(generator()) / 4294967296.0);
+    }
+
+private:
+    std::mt19937 generator{20180120};
+};
+
+struct Shape
+{
+    const char* what;
+    double n1, n2;              // revolutions per day
+    double perigee1, perigee2;  // km, for orbits with an eccentricity of at most `eccentricity`
+    double eccentricity;
+    double inc1, inc2;  // degrees
+    double bstar;       // either sign
+};
+
+constexpr Shape shapes[] = {
+    {"low", 11.0, 16.4, 120.0, 1500.0, 0.05, 0.0, 180.0, 1e-3},
+    {"decaying", 15.5, 16.5, 110.0, 250.0, 0.05, 20.0, 120.0, 3e-2},
+    {"near the equator", 12.0, 16.0, 200.0, 1500.0, 0.1, 0.0, 1.0, 1e-4},
+    {"backward", 12.0, 16.0, 200.0, 1500.0, 0.1, 170.0, 180.0, 1e-4},
+    {"transfer", 6.5, 10.0, 130.0, 1000.0, 0.9, 0.0, 100.0, 1e-3},
+    {"long ellipse", 0.2, 3.0, 130.0, 2000.0, 0.97, 0.0, 180.0, 1e-4},
+    {"half a day", 1.98, 2.03, 300.0, 2500.0, 0.78, 50.0, 70.0, 1e-4},
+    {"one day", 0.97, 1.03, 20000.0, 36000.0, 0.3, 0.0, 20.0, 0.0},
+    {"deep space", 0.3, 6.3, 300.0, 40000.0, 0.9, 0.0, 178.0, 1e-4},
+};
+
+WinpData madeUp(const Shape& shape, Dice& dice)
+{
+    WinpData in = recordAt(vienna);
+    in.satn = 1;
+    in.aflg[0] = 1;
+    in.mjdep[0] = epochMjd;
+    in.n0[0] = dice.between(shape.n1, shape.n2);
+    const double axisKm = std::cbrt(398600.8 / std::pow(in.n0[0] * 2.0 * std::numbers::pi / 86400.0, 2.0));
+    const double perigeeKm = 6378.0 + dice.between(shape.perigee1, shape.perigee2);
+    in.ecc[0] = std::clamp(1.0 - perigeeKm / axisKm, 0.0001, shape.eccentricity);
+    in.inc[0] = dice.between(shape.inc1, shape.inc2);
+    in.ra[0] = dice.between(0.0, 360.0);
+    in.aper[0] = dice.between(0.0, 360.0);
+    in.m0[0] = dice.between(0.0, 360.0);
+    in.bstar[0] = shape.bstar * dice.between(-0.3, 1.0);
+    return in;
+}
+
+std::vector<int> catalogueNumbers(int stride)
+{
+    std::vector<int> numbers;
+    std::ifstream file(TEST_DATA "/elements/catalogue_2018.txt");
+    int n = 0;
+    for (std::string line; std::getline(file, line);)
+        if (line.rfind("1 ", 0) == 0 && n++ % stride == 0)
+            numbers.push_back(std::stoi(line.substr(2, 5)));
+    return numbers;
+}
+
+void forEachOrbit(const std::function<void(const std::string&, WinpData&, Dice&)>& run)
+{
+    Dice dice;
+    for (const int number : catalogueNumbers(9)) {
+        WinpData in = recordAt(vienna);
+        in.satn = 1;
+        ASSERT_TRUE(loadElements(in, 0, "catalogue_2018.txt", number));
+        run("catalogue", in, dice);
+    }
+    for (const Shape& shape : shapes)
+        for (int k = 0; k < 25; ++k) {
+            WinpData in = madeUp(shape, dice);
+            run(shape.what, in, dice);
+        }
+}
+
+/// How often something was settled.
+struct Share
+{
+    int settled = 0, all = 0;
+    void add(bool isSettled)
+    {
+        settled += isSettled;
+        ++all;
+    }
+    double value() const { return static_cast<double>(settled) / all; }
+};
+
+Vec3 inSpace(const GuideOrbit& guide, const GuideOrbit::Place& p)
+{
+    const double across = p.y * guide.cosInclination();
+    return {p.x * std::cos(p.node) - across * std::sin(p.node), p.x * std::sin(p.node) + across * std::cos(p.node),
+            p.y * guide.sinInclination()};
+}
+
+bool agrees(Verdict verdict, bool exact)
+{
+    return verdict == Verdict::open || (verdict == Verdict::yes) == exact;
+}
+
+}  // namespace
+
+TEST(GuideOrbit, TheModelIsNoFartherAwayThanTheBound)
+{
+    Share catalogue, madeUpOrbits;
+    forEachOrbit([&](const std::string& what, WinpData& in, Dice& dice) {
+        SCOPED_TRACE(what);
+        in.sgpsat = noSlot;
+        SatPosData sp;
+        const double from = dice.between(-3.0, 12.0);
+        GetSatPos(in.mjdep[0] + from, &in, &sp, 0, 0);
+        GuideOrbit guide;
+        if (in.sgpsat == 0)
+            guide = GuideOrbit(in, satrec, from * 1440.0, (from + 1.0) * 1440.0);
+        (what == "catalogue" ? catalogue : madeUpOrbits).add(guide.usable());
+        GuideOrbit::Place place{};
+        GuideOrbit::Place before{};
+        double minutes = 0;
+        for (int k = 0; guide.usable() && k < 100; ++k, before = place) {
+            const double step = dice.between(0.0, 14.4);
+            minutes += step;
+            if (!guide.place(from * 1440.0 + minutes, place))
+                continue;
+            GetSatPos(in.mjdep[0] + from + minutes / 1440.0, &in, &sp, 0, 0);
+            ASSERT_LE(abs(sp.rsat - inSpace(guide, place)), place.offKm) << minutes << " minutes on";
+            ASSERT_LE(place.offKm, guide.farthestOffKm());
+            if (k > 0) {
+                ASSERT_LE(abs(inSpace(guide, place) - inSpace(guide, before)),
+                          guide.fastestKmPerMinute() * step + 2.0 * guide.farthestOffKm());
+            }
+        }
+    });
+    EXPECT_GT(catalogue.value(), 0.97);
+    EXPECT_GT(madeUpOrbits.value(), 0.6);
+}
+
+TEST(PassBounds, NothingSettledIsContradictedByThePositionItself)
+{
+    Share elevations, suns, shadows;
+    int site = 0;
+    forEachOrbit([&](const std::string& what, WinpData& in, Dice& dice) {
+        SCOPED_TRACE(what);
+        const Site& s = sites[site++ % std::size(sites)];
+        in.lat = s.lat;
+        in.lng = s.lng;
+        in.height = s.height;
+        in.satel = dice.between(-20.0, 60.0);
+        in.sgpsat = noSlot;
+        double t = in.mjdep[0] + dice.between(-3.0, 12.0);
+        SatPosData found, sp;
+        LazyPosition position(&in, &found, 0, false);
+        PassBounds bounds(in, 0, 1.0);
+        position.look(t);
+        position.sunAtObserver();
+        bounds.anchor(position.scene());
+        bounds.anchorSun(position.scene());
+        const double sunLimit = dice.between(-18.0, 20.0);
+        double best = 0;
+        const bool inside = site % 2 == 0;
+        if (inside)
+            bounds.setBest(best = dice.between(in.satel, 80.0));
+        for (int k = 0; k < 150; ++k) {
+            t += dice.between(0.0, k % 10 == 0 ? 0.02 : 0.002);
+            const Verdict high = bounds.highEnough(t);
+            const Verdict other = inside ? bounds.notAboveBest(t) : bounds.farBelow(t);
+            const Verdict sun = bounds.sunAbove(sunLimit, t);
+            const Verdict lit = bounds.sunlit(t);
+            GetSatPos(t, &in, &sp, 0, 0);
+            ASSERT_TRUE(agrees(high, sp.el[0] >= in.satel)) << sp.el[0] << " against " << in.satel;
+            ASSERT_TRUE(agrees(other, inside ? sp.el[0] <= best : sp.el[0] < -25.0)) << sp.el[0] << ' ' << best;
+            ASSERT_TRUE(agrees(sun, sp.osunel > sunLimit)) << sp.osunel << " against " << sunLimit;
+            ASSERT_TRUE(agrees(lit, sp.sunel[0] >= 0.0)) << sp.sunel[0];
+            if (what == "catalogue") {
+                elevations.add(high != Verdict::open);
+                suns.add(sun != Verdict::open);
+                shadows.add(lit != Verdict::open);
+            }
+        }
+    });
+    EXPECT_GT(elevations.value(), 0.9);
+    EXPECT_GT(suns.value(), 0.9);
+    EXPECT_GT(shadows.value(), 0.9);
+}

@@ -1,0 +1,38 @@
+// The lists that one and the same program must always give: scans, AOS lists and searches of the catalogue of 2018.
+#pragma once
+
+#include <string>
+#include <vector>
+
+/// What a case runs.
+enum class ListKind
+{
+    scan,      // AllSatAos: the save file and what is selected afterwards
+    flares,    // the same for Iridium flares, and the table of Iriddspy
+    aosLists,  // aospass for each entry
+    searches,  // chains of nextpass and lastpass for each entry, with the position record that remains
+    next,      // nextSatellites at four times
+    match      // SatMatch
+};
+
+/// A list: what, with which settings, where.
+struct ListCase
+{
+    std::string what;  // kind, settings and site in one word each
+    ListKind kind;
+    std::string elements;  // file of tests/data/elements, or "mixed.txt" of tests/data/scan
+    int settings;
+    int site;
+};
+
+/// All cases, in the order of tests/data/scan/digests.txt.
+const std::vector<ListCase>& listCases();
+
+/// Runs a case with every `stride`-th entry of its file, in the current directory, which should be an empty one.
+///
+/// @param fixedSpan  days; 0 stands for 3.1, or less for numeric orbits
+/// @return           all that came out, as lines
+std::string runListCase(const ListCase& c, int stride, double fixedSpan = 0);
+
+/// SHA-256 of a text, in hexadecimal.
+std::string digestOf(const std::string& text);

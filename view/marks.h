@@ -1,0 +1,65 @@
+// What stands on top of a map: markers, circles of visibility, names and the symbol of the Sun.
+//
+// A plot makes its marks first, as figures at pixels, and compares them with those on the display: only what differs is
+// painted.
+#pragma once
+
+#include <optional>
+#include <vector>
+
+#include <QColor>
+#include <QFont>
+#include <QPoint>
+#include <QRect>
+#include <QString>
+
+class ChangedTiles;
+class QPaintDevice;
+class QPainter;
+
+/// What stands for a satellite.
+struct Mark
+{
+    enum class Figure
+    {
+        none,
+        disk,   // on the map: a circle about the point
+        square  // on the sky
+    };
+
+    QPoint at;
+    QColor colour;
+    Figure figure = Figure::none;
+    QString name;                // empty for none
+    QRect nameBox;               // around the name, from its origin; filled by `measure`
+    std::vector<QPoint> circle;  // of visibility
+
+    QPoint nameOrigin() const { return at - QPoint(2, 2); }
+};
+
+/// The star of single pixels over the subsolar point.
+struct SunMark
+{
+    QPoint at;
+    QColor rays, core;
+
+    bool operator==(const SunMark&) const = default;
+};
+
+/// All marks of one plot, in the order of drawing.
+struct Marks
+{
+    std::vector<Mark> satellites;
+    std::optional<SunMark> sun;
+};
+
+/// The font of the names on the map.
+QFont nameFont();
+
+/// Fills the boxes of the names, from marks of an earlier plot where the names are the same.
+void measure(Marks& marks, const Marks& earlier, const QPaintDevice* device);
+
+/// Adds where the display changes if the marks on it give way to others.
+void addChanges(ChangedTiles& changed, const Marks& before, const Marks& after);
+
+void paint(QPainter& painter, const Marks& marks);
