@@ -6,6 +6,7 @@ cd "$(dirname "$0")"
 
 # Without dpkg-dev the package would be made all the same, but would not say which libraries it needs.
 need_packages "${build_packages[@]}" dpkg-dev file
+build_targets=(vorlix)
 build_preset release
 umask 022 # the folders of the package are for everybody
 cpack --config build/CPackConfig.cmake -B build

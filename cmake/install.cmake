@@ -3,6 +3,7 @@
 #   bin/vorlix     starts a copy of that folder in the user's home, where the program can keep its settings
 #   share/         launcher, icons, AppStream metadata, man page
 # The start script finds lib/ beside bin/, so the two names are fixed.
+set(CMAKE_SKIP_INSTALL_ALL_DEPENDENCY ON)  # nothing but the program is needed; the tests stay unbuilt
 set(desktop ${CMAKE_CURRENT_SOURCE_DIR}/resources/desktop)
 
 install(TARGETS vorlix RUNTIME DESTINATION lib/vorlix)
@@ -36,8 +37,9 @@ set(CPACK_DEBIAN_FILE_NAME DEB-DEFAULT)
 set(CPACK_DEBIAN_PACKAGE_DESCRIPTION
 "Predicts the passes of Earth satellites over a place, as tables, on world
 maps and on sky maps, finds flares, transits and occultations, and edits,
-designs and determines orbits. Reads Two Line Elements; propagates them by
-SGP4 and SDP4 or by numerical integration.")
+designs and determines orbits. Reads Two Line Elements and Orbit
+Mean-Elements Messages; propagates them by SGP4 and SDP4 or by numerical
+integration.")
 set(CPACK_DEBIAN_PACKAGE_SECTION science)
 set(CPACK_DEBIAN_PACKAGE_SHLIBDEPS ON)
 set(CPACK_DEBIAN_PACKAGE_DEPENDS fonts-urw-base35)  # what the font "helvetica" stands for

@@ -26,10 +26,13 @@ need_packages() {
 
 build_packages=(g++ cmake ninja-build qt6-base-dev fonts-urw-base35 fontconfig libgtest-dev locales)
 
+# What build_preset builds; without a name here, everything.
+build_targets=()
+
 # Configures and builds a preset ("release", "sanitize"); further words go to cmake's configure step.
 build_preset() {
     local preset=$1
     shift
     cmake --preset "$preset" "$@" >/dev/null
-    cmake --build --preset "$preset"
+    cmake --build --preset "$preset" ${build_targets[@]+--target "${build_targets[@]}"}
 }

@@ -18,12 +18,18 @@ fail() {
 
 # The file appears whole or not at all, and an executable that is running may be replaced.
 place() {
-    cp "$installed/$1" "$own/$1.$$" && mv -f "$own/$1.$$" "$own/$1" && return
-    rm -f "$own/$1.$$"
+    half=$own/.half.$1.$$
+    cp "$installed/$1" "$half" && mv -f "$half" "$own/$1" && return
+    rm -f "$half"
     fail "$own/$1"
 }
 
 mkdir -p "$own" || fail "$own"
+# A start that was killed has left a half behind, named after a process that is no more.
+for half in "$own"/.half.*; do
+    process=${half##*.}
+    [ ! -f "$half" ] || kill -0 "$process" 2>/dev/null || rm -f "$half"
+done
 cmp -s "$installed/vorlix" "$own/vorlix" || place vorlix
 for sample in "$installed"/*.txt; do
     name=$(basename "$sample")

@@ -20,7 +20,7 @@ check() {
     shift
     "$@" || { echo "FAILED: $claim"; exit 1; }
 }
-filesOf() { (cd "$1" && echo *); }
+filesOf() { find "$1" -mindepth 1 -printf '%f\n' | LC_ALL=C sort | xargs; }
 
 prefix="$room/a prefix"
 share=$prefix/share
@@ -69,6 +69,13 @@ check "the user's elements stay" [ "$(cat "$own/visual.txt")" = "the user's" ]
 check "the user's settings stay" [ "$(cat "$own/vorlix.cfg")" = "the user's" ]
 check "a missing sample comes back" cmp "$installed/iridium.txt" "$own/iridium.txt"
 check "nothing else is left behind" [ "$(filesOf "$own")" = "iridium.txt visual.txt vorlix vorlix.cfg" ]
+
+gone=$(sh -c 'echo $$')
+touch "$own/.half.vorlix.$gone" "$own/.half.visual.txt.$$"
+"$prefix/bin/vorlix"
+check "what a killed start has left goes" [ ! -e "$own/.half.vorlix.$gone" ]
+check "what another start is about to place stays" [ -e "$own/.half.visual.txt.$$" ]
+rm "$own/.half.visual.txt.$$"
 
 ln -sf "$room/not mounted" "$own/visual.txt"
 "$prefix/bin/vorlix"
