@@ -71,5 +71,3 @@ void dayOfALowOrbit(benchmark::State& state)
 BENCHMARK(dayOfALowOrbit)->Name("a day of a 700 km orbit, default tolerance")->Unit(benchmark::kMillisecond);
 
 }  // namespace
-
-BENCHMARK_MAIN();

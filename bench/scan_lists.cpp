@@ -15,8 +15,8 @@
 
 #include "bench/process_time.h"
 #include "engine/scan/list_cases_helper.h"
-#include "engine/scan/scratch_helper.h"
 #include "engine/scan/workers.h"
+#include "scratch_dir.h"
 
 namespace {
 
@@ -83,7 +83,7 @@ int main(int count, char** words)
         std::filesystem::create_directories(options.out);
     if (options.workers > 0)
         setScanWorkers(options.workers);
-    const ScratchDirectory here;
+    const ScratchDir here;
     for (const ListCase& c : listCases())
         if (c.what.find(options.only) != std::string::npos)
             run(c, options);

@@ -22,5 +22,3 @@ BENCHMARK(places<Moon200, &Moon200::position>)->Name("Moon200");
 BENCHMARK(places<Plan200, &Plan200::Mars>)->Name("Plan200, Mars");
 
 }  // namespace
-
-BENCHMARK_MAIN();

@@ -62,5 +62,3 @@ BENCHMARK_CAPTURE(initialise, near_earth, nearEarth);
 BENCHMARK_CAPTURE(initialise, deep_half_day, molniya);
 
 }  // namespace
-
-BENCHMARK_MAIN();

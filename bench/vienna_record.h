@@ -4,19 +4,13 @@
 #include <memory>
 
 #include "app/record/text.h"
-#include "app/record/winp_data.h"
+#include "record_fields.h"
 
 inline std::unique_ptr<WinpData> viennaRecord()
 {
     auto in = std::make_unique<WinpData>();
     setDefaults(in.get());
-    in->lat = 48.2;
-    in->lng = 16.37;
-    in->height = 180.0;
-    in->year = 2018;
-    in->month = 1;
-    in->day = 20;
-    in->mjd = 58138.0;
+    setFields(*in, "lat=48.2 lng=16.37 height=180 year=2018 month=1 day=20 mjd=58138");
     assignField(in->tlename, TEST_DATA "/elements/catalogue_2018.txt");
     return in;
 }

@@ -1,6 +1,7 @@
 #include "elements/catalogue_number.h"
 
 #include "app/record/numbers.h"
+#include "elements/characters.h"
 
 #include <algorithm>
 
@@ -10,11 +11,6 @@ constexpr int firstLetterValue = 10;
 constexpr int behindLetter = 10000;
 constexpr int leastNumber = -9999;
 constexpr int greatestDigits = 99999;
-
-bool isDigit(char c)
-{
-    return c >= '0' && c <= '9';
-}
 }  // namespace
 
 int catalogueNumber(std::string_view fiveColumns)

@@ -1,5 +1,7 @@
 #include "elements/omm_forms.h"
 
+#include "elements/characters.h"
+
 #include <QJsonDocument>
 #include <QJsonObject>
 #include <QStringDecoder>
@@ -13,7 +15,6 @@
 
 namespace {
 constexpr std::string_view byteOrderMark = "\xEF\xBB\xBF";
-constexpr std::string_view blanks = " \t\r\n\v\f";
 constexpr std::string_view versionKeyword = "CCSDS_OMM_VERS";
 /// With the fields and the version, what a line of keywords or a message can begin with.
 constexpr std::array<std::string_view, 6> otherKeywords{"CREATION_DATE",  "ORIGINATOR",          "MESSAGE_ID",
@@ -52,13 +53,7 @@ std::size_t findAny(std::string_view text, std::size_t from = 0)
 
 std::string_view fromFirstCharacter(std::string_view text)
 {
-    return text.substr(std::min(text.find_first_not_of(blanks), text.size()));
-}
-
-std::string_view trimmed(std::string_view text)
-{
-    const std::string_view start = fromFirstCharacter(text);
-    return start.substr(0, start.find_last_not_of(blanks) + 1);
+    return text.substr(std::min(text.find_first_not_of(blankCharacters), text.size()));
 }
 
 bool isKeyword(std::string_view name)
@@ -66,8 +61,6 @@ bool isKeyword(std::string_view name)
     return fieldOf(name) != OmmField::count || name == versionKeyword ||
            std::find(otherKeywords.begin(), otherKeywords.end(), name) != otherKeywords.end();
 }
-
-// --- CSV
 
 /// The records of a document.
 class CsvReader
@@ -148,8 +141,6 @@ std::vector<OmmMessage> csvMessages(std::string_view text)
     }
     return messages;
 }
-
-// --- JSON
 
 /// One object after the other out of an array, so that what is cut off or damaged costs no others.
 class JsonObjects
@@ -232,8 +223,6 @@ std::vector<OmmMessage> jsonMessages(std::string_view text)
     return messages;
 }
 
-// --- XML
-
 /// The field of an element; `count` for any other.
 OmmField fieldOfElement(QStringView name)
 {
@@ -295,8 +284,6 @@ std::vector<OmmMessage> xmlMessages(const QByteArray& document)
     messages.insert(messages.end(), std::move_iterator(others.begin()), std::move_iterator(others.end()));
     return messages;
 }
-
-// --- KVN
 
 /// The lines of a document, whichever way they end.
 class Lines

@@ -4,6 +4,7 @@
 #include "app/record/text.h"
 #include "astro/calendar.h"
 #include "elements/catalogue_number.h"
+#include "elements/characters.h"
 
 #include <algorithm>
 #include <charconv>
@@ -25,24 +26,9 @@ constexpr int greatestExponent = 9;
 constexpr long long nanosecondsPerSecond = 1'000'000'000;
 constexpr int secondDigits = 9;
 
-constexpr std::string_view blanks = " \t\r\n\v\f";
-
-std::string_view trimmed(std::string_view text)
-{
-    const std::size_t begin = text.find_first_not_of(blanks);
-    if (begin == std::string_view::npos)
-        return {};
-    return text.substr(begin, text.find_last_not_of(blanks) + 1 - begin);
-}
-
 char capital(char c)
 {
     return c >= 'a' && c <= 'z' ? static_cast<char>(c - 'a' + 'A') : c;
-}
-
-bool isDigit(char c)
-{
-    return c >= '0' && c <= '9';
 }
 
 /// Case does not matter.

@@ -59,7 +59,7 @@ private:
 double asExponentField(double value);
 
 /// The entry of a message. It has the elements of the same satellite in two lines, to the last bit where two lines
-/// hold them; the epoch is that of the message to a nanosecond, as far as a Modified Julian Date resolves it.
+/// hold them; the epoch is cut off at 1e-12 days, below what a Modified Julian Date resolves.
 ///
 /// It is refused, with the reason as a text, if it lacks an element, if a number is none or if it belongs to another
 /// time system than UTC, another centre than the Earth, another frame than TEME or another theory than SGP4. What is

@@ -109,8 +109,8 @@ inline std::string csv(const std::vector<Message>& all)
     text.back() = '\r';
     for (const Message& m : all) {
         text += '\n';
-        for (const Field& field : m)
-            text += field.second + ",";
+        for (const auto& [keyword, value] : m)
+            text += (value.find(',') == std::string::npos ? value : '"' + value + '"') + ",";
         text.back() = '\r';
     }
     return text + "\n";
@@ -123,7 +123,9 @@ inline std::string json(const std::vector<Message>& all)
     for (const Message& m : all) {
         std::string object;
         for (const auto& [keyword, value] : m) {
-            const bool isNumber = !value.empty() && value.find_first_not_of("0123456789.+-eE") == std::string::npos &&
+            char* end = nullptr;
+            std::strtod(value.c_str(), &end);
+            const bool isNumber = value.find_first_of("-0123456789") == 0 && *end == '\0' &&
                                   !keyword.starts_with("OBJECT") && value != "-0.00000000";
             object += (object.empty() ? "\"" : ",\"") + keyword + (isNumber ? "\":" + value : "\":\"" + value + "\"");
         }

@@ -121,28 +121,15 @@ void Scan::shared(Entries& entries)
     {
         EntryLines found;
     };
-    std::vector<Task> tasks(EntryRing::placesNeeded());
-    const auto searchIn = [&](int place) {
-        Task& task = tasks[place];
-        searchEntry(task, [&] { task.found = search.linesOf(&task.in); });
+    const auto searchIn = [&](Task& task) {
+        task.found = search.linesOf(&task.in);
         task.searched = task.found.searched;
     };
-    const auto finish = [&](int place) {
-        const int prs = in->prs;
-        endEntry(in, tasks[place], prs);
-        take(tasks[place].found);
+    const auto finish = [&](const Task& task) {
+        endEntry(in, task, in->prs);
+        take(task.found);
     };
-    EntryRing ring(static_cast<int>(tasks.size()), searchIn, finish);
-    while (entries.next()) {
-        const int place = ring.freePlace();
-        if (place < 0)
-            break;
-        Task& task = tasks[place];
-        beginEntry(task, *in, in->prs);
-        ShiftElm(&task.in, in->prs, workSlot);
-        ring.filled(in->numflg[workSlot] != 0);
-    }
-    ring.complete();
+    shareEntries<Task>(entries, *in, in->prs, searchIn, finish);
 }
 
 void Scan::take(const EntryLines& found)

@@ -16,9 +16,6 @@ public:
     /// Reads the next entry; false if there is none, or if the listener ends the scan.
     bool next();
 
-    /// Whether the reader said that nothing follows the entry read last.
-    bool atLast() const { return !more; }
-
 private:
     WinpData* record;
     std::FILE* elements;

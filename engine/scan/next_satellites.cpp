@@ -17,7 +17,6 @@
 #include <memory>
 #include <optional>
 #include <utility>
-#include <vector>
 
 namespace {
 
@@ -130,28 +129,14 @@ void tryShared(WinpData* in, Entries& entries, Candidates& candidates, double t)
     {
         std::optional<double> passStart;
     };
-    std::vector<Task> tasks(EntryRing::placesNeeded());
-    const auto search = [&](int place) {
-        Task& task = tasks[place];
-        searchEntry(task, [&] { task.passStart = soonStart(&task.in, parkedSlot, t); });
-    };
-    const auto finish = [&](int place) {
+    const auto search = [&](Task& task) { task.passStart = soonStart(&task.in, parkedSlot, t); };
+    const auto finish = [&](const Task& task) {
         const int slot = candidates.trialSlot();
         ShiftElm(in, parkedSlot, slot);
-        copySlot(in, slot, tasks[place].in, parkedSlot);
-        candidates.decide(tasks[place].passStart, tasks[place].in);
+        copySlot(in, slot, task.in, parkedSlot);
+        candidates.decide(task.passStart, task.in);
     };
-    EntryRing ring(static_cast<int>(tasks.size()), search, finish);
-    while (entries.next()) {
-        const int place = ring.freePlace();
-        if (place < 0)
-            break;
-        Task& task = tasks[place];
-        beginEntry(task, *in, parkedSlot);
-        ShiftElm(&task.in, parkedSlot, workSlot);
-        ring.filled(in->numflg[workSlot] != 0);
-    }
-    ring.complete();
+    shareEntries<Task>(entries, *in, parkedSlot, search, finish);
 }
 
 }  // namespace

@@ -8,12 +8,6 @@ HttpServer::HttpServer()
     server.listen(QHostAddress::LocalHost);
 }
 
-void HttpServer::document(const QByteArray& path, const QByteArray& body, const QByteArray& status)
-{
-    answer(path, "HTTP/1.1 " + status + "\r\nContent-Length: " + QByteArray::number(body.size()) +
-                     "\r\nConnection: close\r\n\r\n" + body);
-}
-
 void HttpServer::take()
 {
     QTcpSocket* const socket = server.nextPendingConnection();

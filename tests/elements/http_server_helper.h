@@ -14,8 +14,6 @@ public:
 
     /// The bytes that answer a path; the connection is closed behind them.
     void answer(const QByteArray& path, const QByteArray& bytes) { answers[path] = bytes; }
-    /// The same with a status line and the length of the document.
-    void document(const QByteArray& path, const QByteArray& body, const QByteArray& status = "200 OK");
     /// A request for this path is heard and never answered.
     void silence(const QByteArray& path) { silent = path; }
 
@@ -23,8 +21,6 @@ public:
     int requests() const { return count; }
     /// How often TLS was spoken to the server, which does not: it closes the connection.
     int handshakes() const { return greetings; }
-    /// No one listens on the port any more.
-    void stop() { server.close(); }
 
 private:
     void take();

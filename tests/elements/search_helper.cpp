@@ -1,13 +1,12 @@
 #include "elements/search_helper.h"
 
-#include "scratch_dir.h"
-
 #include "app/record/text.h"
 #include "elements/element_file.h"
 #include "elements/reader.h"
 
 FileSearch::FileSearch(const std::string& bytes)
 {
+    QFile::remove("set.tle");  // much quicker than to cut off what it holds
     ScratchDir::write("set.tle", bytes);
     *this = of("set.tle");
 }
@@ -16,56 +15,46 @@ FileSearch FileSearch::of(const std::string& path)
 {
     FileSearch search;
     setDefaults(search.in.get());
-    search.file.reset(std::fopen(path.c_str(), "r"));
-    return search;
-}
-
-FileSearch FileSearch::opened(const std::string& path)
-{
-    FileSearch search;
-    setDefaults(search.in.get());
     search.file = openElementFile(path.c_str());
     return search;
 }
 
-int FileSearch::run(int mode, const char* text, int continued)
+int FileSearch::run(int mode, const std::string& text, bool continued)
 {
+    if (!continued && text != "*")
+        std::rewind(file.get());
     in->srcmd = mode;
     assignField(in->cfgname[workSlot], text);
     char out[entryTextRoom] = {};
-    const int result = tleread(in.get(), file.get(), out, continued);
+    const int result = tleread(in.get(), file.get(), out, continued ? 1 : 0);
     report = out;
     return result;
 }
 
 int FileSearch::byName(const char* name)
 {
-    std::rewind(file.get());
-    return run(0, name, 0);
+    return run(0, name);
 }
 
 int FileSearch::byNumber(int norad)
 {
-    std::rewind(file.get());
     in->norad[workSlot] = norad;
-    return run(1, "", 0);
+    return run(1, "");
 }
 
 int FileSearch::byDesignator(const char* designator)
 {
-    std::rewind(file.get());
-    return run(2, designator, 0);
+    return run(2, designator);
 }
 
 int FileSearch::next()
 {
-    return run(0, "*", 0);
+    return run(0, "*");
 }
 
 int FileSearch::more()
 {
-    const std::string text(fieldText(in->cfgname[workSlot]));
-    return run(in->srcmd, text.c_str(), 1);
+    return run(in->srcmd, std::string(fieldText(in->cfgname[workSlot])), true);
 }
 
 std::string FileSearch::name() const

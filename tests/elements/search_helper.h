@@ -1,8 +1,10 @@
 // One search through a file of element sets, for the tests of this floor.
 #pragma once
 
+#include "record_fields.h"
+#include "scratch_dir.h"
+
 #include "app/record/files.h"
-#include "app/record/winp_data.h"
 
 #include <memory>
 #include <string>
@@ -19,7 +21,7 @@ inline const std::string stateRecord = "TEST\n"
                                        "  3.000000000000e+02   5.013743355555e+03   5.975146656328e+03      3\n"
                                        "  150.0   140.0     3.0   2.20000e+00   1.20000e+00   2.00000e-02   4\n";
 
-/// A record at its defaults, and a file that is searched from its start on.
+/// A record at its defaults, and a file of any form that is searched from its start on.
 class FileSearch
 {
 public:
@@ -27,8 +29,6 @@ public:
     explicit FileSearch(const std::string& bytes);
     /// An existing file.
     static FileSearch of(const std::string& path);
-    /// An existing file of any form, opened as the commands do.
-    static FileSearch opened(const std::string& path);
 
     int byName(const char* name);
     int byNumber(int norad);
@@ -44,7 +44,7 @@ public:
 
 private:
     FileSearch() = default;
-    int run(int mode, const char* text, int continued);
+    int run(int mode, const std::string& text, bool continued = false);
 
     FilePtr file;
 };

@@ -1,7 +1,6 @@
 #include "elements/selection.h"
 
 #include "elements/search_helper.h"
-#include "scratch_dir.h"
 
 #include "app/record/text.h"
 
@@ -13,11 +12,7 @@ class Selection : public testing::Test
 {
 protected:
     Selection() { setDefaults(indata); }
-    void TearDown() override
-    {
-        satfle = nullptr;
-        setDefaults(indata);
-    }
+    ~Selection() override { setDefaults(indata); }
 
     static void select(int n)
     {
@@ -27,14 +22,6 @@ protected:
             assignField(indata->fsname[i], std::string(1, static_cast<char>('A' + i)));
         }
     }
-
-    static std::string names()
-    {
-        std::string all;
-        for (int i = 1; i <= indata->satn; ++i)
-            all += vsSatName(i).toStdString();
-        return all;
-    }
 };
 
 TEST_F(Selection, ListsItsFileAndNames)
@@ -43,23 +30,46 @@ TEST_F(Selection, ListsItsFileAndNames)
     EXPECT_EQ(vsSatList(), QStringLiteral("TLE filename: /data/visual.txt\n\n*** No Satellites Selected ***"));
     select(2);
     EXPECT_EQ(vsSatList(), QStringLiteral("TLE filename: /data/visual.txt\n\nSelected Satellites:\n\n  A\n  B"));
+    setFields(*indata, "prs=1 sgpsat=1");
     vsResetSatList();
-    EXPECT_EQ(indata->satn, 0);
-    EXPECT_EQ(indata->sgpsat, noSlot);
+    EXPECT_EQ(differences(*indata, "satn=0 prs=0 sgpsat=9999"), "");
 }
 
 TEST_F(Selection, TheEleventhTakesThePlaceOfTheTenth)
 {
     select(9);
-    indata->norad[workSlot] = 25544;
-    vsSatSel();
-    EXPECT_EQ(indata->satn, 10);
-    EXPECT_EQ(indata->norad[9], 25544);
-    indata->norad[workSlot] = 20580;
-    vsSatSel();
-    EXPECT_EQ(indata->satn, 10);
-    EXPECT_EQ(indata->norad[9], 20580);
+    for (const int norad : {25544, 20580}) {
+        indata->norad[workSlot] = norad;
+        vsSatSel();
+        EXPECT_EQ(indata->satn, 10);
+        EXPECT_EQ(indata->norad[9], norad);
+    }
     EXPECT_EQ(indata->norad[8], 8);
+}
+
+TEST_F(Selection, SearchesItsFileAndKeepsTheSearch)
+{
+    const ScratchDir here;
+    ScratchDir::write("set.tle", atlas);
+    const FilePtr file = openForReading("set.tle");
+    satfle = file.get();
+    QString text;
+    int result = 0, mode = 0, norad = 0, satn = 0, low = 0, recent = 0;
+    const auto find = [&](int wantLow, int wantRecent) {
+        text = "atlas";
+        result = 5;  // a number, which a search by name leaves alone
+        vsFindSat(text, result, 0, wantLow, wantRecent);
+        return result;
+    };
+    EXPECT_EQ(find(1, 0) + find(0, 1), 0);
+    EXPECT_EQ(text, "\n+++ No match found for atlas +++");
+    EXPECT_EQ(find(0, 0), 1);
+    EXPECT_TRUE(text.startsWith("ATLAS CENTAUR 2"));
+    vsLowRecent(1, 1);
+    vsLastSat(text, mode, norad, satn, low, recent);
+    EXPECT_EQ(text, "atlas");
+    EXPECT_EQ((std::array{mode, norad, satn, low, recent}), (std::array{0, 694, 0, 1, 1}));
+    satfle = nullptr;
 }
 
 struct RemovalCase
@@ -92,7 +102,10 @@ TEST_F(Selection, RemovesTheMarkedOnes)
         for (std::size_t i = 0; c.marked[i]; ++i)
             marked[i] = c.marked[i] == 'x';
         removeSatellites(indata, marked);
-        EXPECT_EQ(names(), c.left);
+        std::string left;
+        for (int i = 1; i <= indata->satn; ++i)
+            left += vsSatName(i).toStdString();
+        EXPECT_EQ(left, c.left);
         EXPECT_EQ(indata->prs, c.primeAfter);
     }
 }
@@ -115,11 +128,10 @@ TEST_F(Selection, CompletesDefaultNamesBesideTheElementFile)
         {"/data/x", "", ""},
     };
     for (const FileNameCase& c : cases) {
-        SCOPED_TRACE(c.elementFile);
         assignField(indata->tlename, c.elementFile);
         assignField(indata->savename, c.name);
         vsFileName(indata->savename);
-        EXPECT_EQ(fieldText(indata->savename), c.completed);
+        EXPECT_EQ(fieldText(indata->savename), c.completed) << c.elementFile;
     }
 }
 }  // namespace

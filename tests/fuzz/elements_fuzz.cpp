@@ -2,6 +2,7 @@
 // comes back from the files that it is saved in.
 
 #include "fuzz/fuzz_target.h"
+#include "record_fields.h"
 
 #include "app/record/text.h"
 #include "elements/element_file.h"
@@ -58,8 +59,7 @@ void requireSoundEntry(const WinpData& in, const char (&report)[entryTextRoom])
     require(fuzz::isTerminated(in.fsname[k]) && fuzz::isTerminated(in.ldsn[k]) && fuzz::isTerminated(in.cfgname[k]) &&
                 fuzz::isTerminated(in.ldraw) && fuzz::isTerminated(in.ldfull),
             "the texts end in their fields");
-    for (const double x : {in.mjdep[k], in.a[k], in.ra[k], in.aper[k], in.inc[k], in.ecc[k], in.m0[k], in.n0[k],
-                           in.adot[k], in.ndot[k], in.n6dot[k], in.bstar[k], in.epr0[k], in.epv0[k]})
+    for (const double x : slotFields(in, k))
         require(std::isfinite(x), "the elements are numbers");
     require(in.numflg[k] == 0 || in.numflg[k] == 1, "a satellite is numeric or is not");
 }
@@ -107,31 +107,32 @@ std::vector<Found> everything(WinpData* in, const std::string& fileName, bool ke
     return search(in, file.get(), fuzz::readFile(fileName).size() + 1, keep);
 }
 
+/// Of a text that begins like this, or is empty.
+bool beginsLike(const std::string& text, const std::string& begin)
+{
+    return begin.empty() || Strncmpi(text.c_str(), begin.c_str(), static_cast<int>(begin.size())) == 0;
+}
+
 void requireMatches(const std::string& fileName, std::size_t bytes, const Found& wanted, bool plainLines)
 {
     const FilePtr file = openElementFile(fileName.c_str());
     WinpData in = freshRecord();
-    in.srcmd = byNumber;
+    const auto found = [&](int mode, const std::string& text) {
+        in.srcmd = mode;
+        assignField(in.cfgname[workSlot], text);
+        return search(&in, file.get(), bytes);
+    };
     in.norad[workSlot] = wanted.number;
-    assignField(in.cfgname[workSlot], "?");
-    const std::vector<Found> numbers = search(&in, file.get(), bytes);
+    const std::vector<Found> numbers = found(byNumber, "?");
     require(!plainLines || !numbers.empty(), "what the walk found is found by its number");
-    for (const Found& found : numbers)
-        require(found.number == wanted.number, "a search by number finds that number");
+    for (const Found& one : numbers)
+        require(one.number == wanted.number, "a search by number finds that number");
     if (wanted.name.starts_with('*') || wanted.designator.starts_with('*'))
         return;
-    in.srcmd = byName;
-    assignField(in.cfgname[workSlot], wanted.name);
-    for (const Found& found : search(&in, file.get(), bytes))
-        require(wanted.name.empty() ||
-                    Strncmpi(found.name.c_str(), wanted.name.c_str(), static_cast<int>(wanted.name.size())) == 0,
-                "a search by name finds names that begin so");
-    in.srcmd = byDesignator;
-    assignField(in.cfgname[workSlot], wanted.designator);
-    for (const Found& found : search(&in, file.get(), bytes))
-        require(wanted.designator.empty() || Strncmpi(found.designator.c_str(), wanted.designator.c_str(),
-                                                      static_cast<int>(wanted.designator.size())) == 0,
-                "a search by designator finds designators that begin so");
+    for (const Found& one : found(byName, wanted.name))
+        require(beginsLike(one.name, wanted.name), "a search by name finds names that begin so");
+    for (const Found& one : found(byDesignator, wanted.designator))
+        require(beginsLike(one.designator, wanted.designator), "a search by designator finds those that begin so");
 }
 
 void requireFiltered(const std::string& fileName)
@@ -143,10 +144,7 @@ void requireFiltered(const std::string& fileName)
     for (const Found& found : everything(&in, fileName))
         require(found.figures[0] >= lowOrbitRevPerDay && startMjd - found.epoch <= oldestDays, "the filter holds");
     in = freshRecord();
-    in.adjflg = true;
-    in.adjtim = 12.5;
-    in.adjn0 = 14.25;
-    in.adjra = -7.5;
+    setFields(in, "adjflg=1 adjtim=12.5 adjn0=14.25 adjra=-7.5");
     for (const Found& found : everything(&in, fileName))
         require(found.numeric || (found.figures[0] == in.adjn0 && found.model == 0), "the adjustment holds");
 }

@@ -1,14 +1,13 @@
-#include <gtest/gtest.h>
-
-#include <functional>
-
-#include "app/record/text.h"
-#include "app/record/wout_data.h"
 #include "engine/scan/all_satellites.h"
 #include "engine/scan/matching.h"
 #include "engine/scan/next_satellites.h"
-#include "engine/scan/scratch_helper.h"
+#include "engine/scan/scan_helper.h"
 #include "engine/scan/workers.h"
+
+#include "app/record/text.h"
+#include "app/record/wout_data.h"
+
+#include <gtest/gtest.h>
 
 namespace {
 
@@ -16,7 +15,7 @@ struct CancelCase
 {
     const char* what;
     int workers;
-    std::function<int(WinpData&)> scan;
+    int (*scan)(WinpData& in);
 };
 
 int allPasses(WinpData& in)
@@ -49,49 +48,35 @@ int timesAsked(WinpData& in, const CancelCase& c)
     return asked;
 }
 
-std::string longElementFile()
-{
-    const std::string once = contentOf(TEST_DATA "/elements/catalogue_2018.txt");
-    std::string content;
-    for (int copy = 0; copy < 40; ++copy)
-        content += once;
-    return content;
-}
-
 TEST(CancelledScan, LeavesRecordsAndFilesAsTheyWere)
 {
-    const CancelCase cases[] = {{"all passes", 1, allPasses},
-                                {"all passes", 2, allPasses},
-                                {"next satellites", 1, soonest},
-                                {"next satellites", 2, soonest},
-                                {"matching satellites", 1, matching}};
-    const ScratchDirectory here;
-    writeFile("many.txt", longElementFile());
-    for (const CancelCase& c : cases) {
+    constexpr CancelCase cases[] = {{"all passes", 1, allPasses},
+                                    {"all passes", 2, allPasses},
+                                    {"next satellites", 1, soonest},
+                                    {"next satellites", 2, soonest},
+                                    {"matching satellites", 1, matching}};
+    const ScratchDir here;
+    const std::string catalogue = ScratchDir::read(TEST_DATA "/elements/catalogue_2018.txt");
+    std::string many;
+    for (int copy = 0; copy < 40; ++copy)
+        many += catalogue;
+    ScratchDir::write("many.txt", many);
+    for (const CancelCase& c : cases)
         for (const bool listThere : {true, false}) {
             SCOPED_TRACE(std::string(c.what) + " " + std::to_string(c.workers));
-            WinpData in = scanRecord("catalogue_2018.txt");
-            ASSERT_TRUE(selectSatellite(in, 0, 694));
-            ASSERT_TRUE(selectSatellite(in, 1, 25544));
-            in.satn = 2;
-            in.prs = 1;
-            in.rlm = 1;
-            in.visflg = 0;
-            in.sunel = 90.0;
-            in.mxa = 40.0;
-            in.newsave = 1;
-            assignField(in.tlename, "many.txt");
-            std::filesystem::remove("list.txt");
+            WinpData in = scanRecord("./many.txt", "satn=2 prs=1 rlm=1 visflg=0 sunel=90 mxa=40 newsave=1");
+            selectSatellite(in, 0, 694);
+            selectSatellite(in, 1, 25544);
+            QFile::remove("list.txt");
             if (listThere)
-                writeFile("list.txt", "the old list");
+                ScratchDir::write("list.txt", "the old list");
             const Selection before(in);
             EXPECT_EQ(timesAsked(in, c), 2);
             EXPECT_TRUE(Selection(in) == before);
             EXPECT_EQ(in.newsave, 1);
-            EXPECT_EQ(contentOf("list.txt"), listThere ? "the old list" : "");
-            EXPECT_EQ(here.files(), listThere ? 2u : 1u);
+            EXPECT_EQ(ScratchDir::read("list.txt"), listThere ? "the old list" : "(no such file)");
+            EXPECT_EQ(filesHere(), listThere ? 2 : 1);
         }
-    }
 }
 
 }  // namespace

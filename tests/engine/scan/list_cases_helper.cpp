@@ -1,16 +1,9 @@
 #include "engine/scan/list_cases_helper.h"
 
-#include <QCryptographicHash>
-
-#include <array>
-#include <cstdio>
-#include <fstream>
-#include <memory>
-#include <sstream>
+#include "record_fields.h"
 
 #include "app/record/files.h"
 #include "app/record/text.h"
-#include "app/record/winp_data.h"
 #include "app/record/wout_data.h"
 #include "engine/aos_list.h"
 #include "engine/pass_search.h"
@@ -21,248 +14,63 @@
 #include "engine/scan/matching.h"
 #include "engine/scan/next_satellites.h"
 
-namespace {
+#include <QCryptographicHash>
+#include <cstdio>
+#include <fstream>
+#include <iterator>
+#include <map>
+#include <memory>
+#include <sstream>
 
+namespace {
 constexpr double startDay = 58138.0;  // 2018-01-20
 constexpr double fullSpanDays = 3.1;
 constexpr double numericSpanDays = 0.4;
 constexpr const char* elementsName = "elements.txt";
 constexpr const char* saveName = "list.txt";
 
-struct ListSite
+bool isMixed(const ListCase& c)
 {
-    const char* name;
-    double lat, lng, height;
-};
-
-constexpr std::array sites{
-    ListSite{"vienna", 48.2, 16.37, 180.0},
-    ListSite{"capetown", -33.93, 18.48, 15.0},
-    ListSite{"svalbard", 78.23, 15.41, 465.0},
-};
-
-void allPasses(WinpData& in)
-{
-    in.visflg = 0;
-    in.sunel = 91.0;
+    return c.elements == "mixed.txt";
 }
 
-void moonshine(WinpData& in)
+std::vector<ListCase> readCases()
 {
-    in.moonflg = 1;
-}
-
-void sunTransits(WinpData& in)
-{
-    allPasses(in);
-    in.occflg = 1;
-    in.iridflg = event::transit;
-    in.maxdst = 0.0;
-}
-
-void moonTransits(WinpData& in)
-{
-    allPasses(in);
-    in.occflg = 2;
-    in.iridflg = event::transit;
-    in.maxdst = 150.0;
-}
-
-void occultations(WinpData& in)
-{
-    allPasses(in);
-    in.occflg = 3;
-    in.iridflg = event::transit;
-    in.occra = 5.1430;
-    in.occdec = -8.12;
-    in.maxdst = 400.0;
-}
-
-void knownSurface(WinpData& in)
-{
-    in.flarflg = 1;
-    in.flarmod = 1;
-    in.iridflg = event::flare;
-    in.occra = 30.0;
-    in.occdec = -40.0;
-    in.maxdst = 800.0;
-}
-
-void inertialSurface(WinpData& in)
-{
-    knownSurface(in);
-    in.flarmod = 2;
-    in.occra = 12.3;
-    in.occdec = 20.3;
-}
-
-void iridiumFlares(WinpData& in)
-{
-    in.iridflg = event::iridium;
-    in.flarflg = 1;
-    in.flarmod = 1;
-    in.occra = 0.0;
-    in.occdec = -40.0;
-    in.sunel = 91.0;
-    in.visflg = 0;
-    in.irmag = 5.0;
-    in.ops = 0;
-    in.irsol = true;
-}
-
-void iridiumMoonshine(WinpData& in)
-{
-    iridiumFlares(in);
-    in.moonflg = 1;
-    in.chlen = 1.0;
-    in.irmag = 12.0;
-    in.irsol = false;
-}
-
-void relative(WinpData& in)
-{
-    in.rlm = 1;
-}
-
-void relativeAll(WinpData& in)
-{
-    allPasses(in);
-    in.rlm = 1;
-}
-
-void brightness(WinpData& in)
-{
-    in.chlen = 2.5;
-    in.eclflg = true;
-    in.moonflg = 1;
-    in.visflg = 0;
-    in.yrepoch = 0.0;
-}
-
-void iersValues(WinpData& in)
-{
-    in.IERSflg = true;
-    in.Ut1Utc = 0.216;
-    in.UtcTai = -37;
-    in.IERSxp = 0.06;
-    in.IERSyp = 0.25;
-}
-
-void passJumps(WinpData& in)
-{
-    allPasses(in);
-    in.pasjmp = 1;
-}
-
-void belowHorizon(WinpData& in)
-{
-    in.satel = -3.0;
-}
-
-void unknownSurface(WinpData& in)
-{
-    allPasses(in);
-    in.flarflg = 1;
-    in.flarmod = -1;
-}
-
-struct ListSettings
-{
-    const char* name;
-    void (*apply)(WinpData& in);
-};
-
-enum SettingsIndex
-{
-    setVisible,
-    setAll,
-    setMoonshine,
-    setSunTransits,
-    setMoonTransits,
-    setOccultations,
-    setSurface,
-    setInertial,
-    setIridium,
-    setIridiumMoonshine,
-    setRelative,
-    setRelativeAll,
-    setBrightness,
-    setIers,
-    setPassJumps,
-    setBelowHorizon,
-    setUnknownSurface
-};
-
-constexpr std::array allSettings{
-    ListSettings{"visible", [](WinpData&) {}},
-    ListSettings{"all", allPasses},
-    ListSettings{"moonshine", moonshine},
-    ListSettings{"suntransits", sunTransits},
-    ListSettings{"moontransits", moonTransits},
-    ListSettings{"occultations", occultations},
-    ListSettings{"surface", knownSurface},
-    ListSettings{"inertial", inertialSurface},
-    ListSettings{"iridium", iridiumFlares},
-    ListSettings{"iridiummoon", iridiumMoonshine},
-    ListSettings{"relative", relative},
-    ListSettings{"relativeall", relativeAll},
-    ListSettings{"brightness", brightness},
-    ListSettings{"iers", iersValues},
-    ListSettings{"passjumps", passJumps},
-    ListSettings{"belowhorizon", belowHorizon},
-    ListSettings{"unknownsurface", unknownSurface},
-};
-
-constexpr const char* catalogue = "catalogue_2018.txt";
-constexpr const char* iridiumFile = "iridium_2018.txt";
-constexpr const char* mixedFile = "mixed.txt";
-
-constexpr std::array kindNames{"scan", "flares", "aoslists", "searches", "next", "match"};
-
-void addCases(std::vector<ListCase>& cases, ListKind kind, const char* elements, std::initializer_list<int> settings)
-{
-    for (const int s : settings)
-        for (int site = 0; site < static_cast<int>(sites.size()); ++site) {
-            std::string what = kindNames[static_cast<std::size_t>(kind)];
-            what += elements == mixedFile ? "-mixed-" : "-";
-            what += allSettings[static_cast<std::size_t>(s)].name;
-            cases.push_back({what + "-" + sites[static_cast<std::size_t>(site)].name, kind, elements, s, site});
-        }
-}
-
-std::vector<ListCase> makeCases()
-{
+    std::map<std::string, std::string> settings;
+    std::vector<std::pair<std::string, std::string>> sites;
     std::vector<ListCase> cases;
-    addCases(cases, ListKind::scan, catalogue,
-             {setVisible, setAll, setMoonshine, setSunTransits, setMoonTransits, setOccultations, setSurface,
-              setInertial});
-    addCases(cases, ListKind::flares, iridiumFile, {setIridium, setIridiumMoonshine});
-    addCases(
-        cases, ListKind::aosLists, catalogue,
-        {setVisible, setAll, setMoonshine, setSunTransits, setMoonTransits, setSurface, setRelative, setRelativeAll});
-    addCases(cases, ListKind::searches, catalogue,
-             {setVisible, setAll, setMoonshine, setMoonTransits, setSurface, setIridium, setRelative, setBrightness,
-              setIers, setPassJumps, setBelowHorizon, setUnknownSurface});
-    addCases(cases, ListKind::next, catalogue, {setVisible, setAll});
-    addCases(cases, ListKind::match, catalogue, {setVisible, setAll});
-    addCases(cases, ListKind::scan, mixedFile, {setVisible, setAll, setMoonTransits});
-    addCases(cases, ListKind::searches, mixedFile, {setAll, setBrightness});
+    std::ifstream file(TEST_DATA "/scan/cases.txt");
+    for (std::string line; std::getline(file, line);) {
+        std::istringstream words(line);
+        std::string row, name, rest;
+        words >> row >> name;
+        if (row == "site") {
+            sites.emplace_back(name, line.substr(line.find(name) + name.size()));
+        } else if (row == "settings") {
+            settings[name] = line.substr(line.find(name) + name.size());
+        } else if (row == "case") {
+            ListCase c;
+            c.kind = name;
+            words >> c.elements;
+            for (std::string chosen; words >> chosen;)
+                for (const auto& [site, place] : sites) {
+                    c.what = c.kind + (isMixed(c) ? "-mixed-" : "-") + chosen + "-" + site;
+                    c.site = site;
+                    c.fields = place + settings.at(chosen);
+                    cases.push_back(c);
+                }
+        }
+    }
     return cases;
-}
-
-std::string pathOf(const ListCase& c)
-{
-    const char* folder = c.elements == mixedFile ? TEST_DATA "/scan/" : TEST_DATA "/elements/";
-    return folder + c.elements;
 }
 
 /// Every `stride`-th entry; of files of three lines for each.
 void thinElements(const ListCase& c, int stride)
 {
     constexpr int linesOfEntry = 3;
-    std::ifstream from(pathOf(c));
+    std::ifstream from(TEST_DATA + std::string(isMixed(c) ? "/scan/" : "/elements/") + c.elements);
     std::ofstream to(elementsName);
-    const int keepOneOf = c.elements == mixedFile ? 1 : stride;
+    const int keepOneOf = isMixed(c) ? 1 : stride;
     int number = 0;
     for (std::string line; std::getline(from, line); ++number)
         if (number / linesOfEntry % keepOneOf == 0)
@@ -273,20 +81,13 @@ std::unique_ptr<WinpData> recordOf(const ListCase& c, double span)
 {
     auto in = std::make_unique<WinpData>();
     setDefaults(in.get());
-    const ListSite& site = sites[static_cast<std::size_t>(c.site)];
-    in->lat = site.lat;
-    in->lng = site.lng;
-    in->height = site.height;
-    in->year = 2018;
-    in->month = 1;
-    in->day = 20;
+    setFields(*in, "year=2018 month=1 day=20 tzone=1");
     in->mjd = startDay;
-    in->tzone = 1.0;
     in->dur = span;
-    assignField(in->geoname, site.name);
+    assignField(in->geoname, c.site);
     assignField(in->tlename, elementsName);
     assignField(in->savename, saveName);
-    allSettings[static_cast<std::size_t>(c.settings)].apply(*in);
+    setFields(*in, c.fields);
     return in;
 }
 
@@ -430,57 +231,60 @@ void addAosLists(Text& text, WinpData& in)
     });
 }
 
+void runScan(Text& text, WinpData& in, bool withTable)
+{
+    text.row("result", AllSatAos(&in));
+    if (withTable) {
+        const auto out = std::make_unique<WoutData>();
+        Iriddspy(&in, out.get());
+        addReport(text, *out);
+    }
+    addFile(text, saveName);
+    addSelection(text, in);
+    addPlace(text, *satpos, in.prs);
+}
+
+void runMatch(Text& text, WinpData& in)
+{
+    const auto out = std::make_unique<WoutData>();
+    setFields(in, "rdf=0 az=200 el=40 mxa=15 tm=10");
+    text.row("result", SatMatch(&in, out.get()));
+    addReport(text, *out);
+    addSelection(text, in);
+}
+
+void runNext(Text& text, WinpData& in)
+{
+    for (const double hours : {0.0, 5.5, 18.25, 40.0}) {
+        text.row("found", nextSatellites(&in, startDay + hours / 24.0));
+        addSelection(text, in);
+    }
+}
 }  // namespace
 
 const std::vector<ListCase>& listCases()
 {
-    static const std::vector<ListCase> cases = makeCases();
+    static const std::vector<ListCase> cases = readCases();
     return cases;
 }
 
 std::string runListCase(const ListCase& c, int stride, double fixedSpan)
 {
     thinElements(c, stride);
-    const double span = fixedSpan > 0 ? fixedSpan : c.elements == mixedFile ? numericSpanDays : fullSpanDays;
+    const double span = fixedSpan > 0 ? fixedSpan : isMixed(c) ? numericSpanDays : fullSpanDays;
     const auto in = recordOf(c, span);
-    const auto out = std::make_unique<WoutData>();
     *satpos = SatPosData{};
     Text text;
-    switch (c.kind) {
-    case ListKind::scan:
-    case ListKind::flares:
-        text.row("result", AllSatAos(in.get()));
-        if (c.kind == ListKind::flares) {
-            Iriddspy(in.get(), out.get());
-            addReport(text, *out);
-        }
-        addFile(text, saveName);
-        addSelection(text, *in);
-        addPlace(text, *satpos, in->prs);
-        break;
-    case ListKind::aosLists:
+    if (c.kind == "scan" || c.kind == "flares")
+        runScan(text, *in, c.kind == "flares");
+    else if (c.kind == "aoslists")
         addAosLists(text, *in);
-        break;
-    case ListKind::searches:
+    else if (c.kind == "searches")
         forEachEntry(*in, text, [&] { addSearches(text, *in); });
-        break;
-    case ListKind::next:
-        for (const double hours : {0.0, 5.5, 18.25, 40.0}) {
-            text.row("found", nextSatellites(in.get(), startDay + hours / 24.0));
-            addSelection(text, *in);
-        }
-        break;
-    case ListKind::match:
-        in->rdf = 0;
-        in->az = 200.0;
-        in->el = 40.0;
-        in->mxa = 15.0;
-        in->tm = 10.0;
-        text.row("result", SatMatch(in.get(), out.get()));
-        addReport(text, *out);
-        addSelection(text, *in);
-        break;
-    }
+    else if (c.kind == "next")
+        runNext(text, *in);
+    else if (c.kind == "match")
+        runMatch(text, *in);
     std::remove(elementsName);
     return text.all;
 }

@@ -4,25 +4,16 @@
 #include <string>
 #include <vector>
 
-/// What a case runs.
-enum class ListKind
-{
-    scan,      // AllSatAos: the save file and what is selected afterwards
-    flares,    // the same for Iridium flares, and the table of Iriddspy
-    aosLists,  // aospass for each entry
-    searches,  // chains of nextpass and lastpass for each entry, with the position record that remains
-    next,      // nextSatellites at four times
-    match      // SatMatch
-};
-
-/// A list: what, with which settings, where.
+/// A row of tests/data/scan/cases.txt with one of its settings, at one site.
 struct ListCase
 {
     std::string what;  // kind, settings and site in one word each
-    ListKind kind;
+    /// `scan` and `flares` are AllSatAos, the second with the table of Iriddspy; `aoslists` is aospass for each entry,
+    /// `searches` chains of nextpass and lastpass for each, `next` nextSatellites at four times, `match` SatMatch.
+    std::string kind;
     std::string elements;  // file of tests/data/elements, or "mixed.txt" of tests/data/scan
-    int settings;
-    int site;
+    std::string site;
+    std::string fields;  // that differ from the defaults
 };
 
 /// All cases, in the order of tests/data/scan/digests.txt.
