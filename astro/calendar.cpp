@@ -19,10 +19,10 @@ Whole wholeOf(double x)
     return static_cast<Whole>(x);
 }
 
-/// Rounds down, unlike the division of C++.
+/// Rounds down, unlike the division of C++; b is above 0.
 constexpr Whole floorQuotient(Whole a, Whole b)
 {
-    return a / b - (a % b != 0 && (a < 0) != (b < 0) ? 1 : 0);
+    return a / b - (a % b < 0 ? 1 : 0);
 }
 
 /// Leap days up to the year: of the Gregorian calendar, or of the Julian one shifted onto the same count.

@@ -1,7 +1,19 @@
-// astro/series.h: what the series of the Sun and of the planets have in common.
+// astro/series.h: what the series of the Sun, the Moon and the planets have in common.
 #pragma once
 
+#include "astro/angles.h"
+#include "astro/calendar.h"
+
 #include <cstdint>
+
+constexpr double arcsecPerRad = 206264.81;  // as rounded in the theories
+constexpr double arcsecPerTurn = 1296000.0;
+
+/// The angle of so many revolutions, in radians within one turn; its sign is theirs.
+inline double turnsToRad(double revolutions)
+{
+    return twoPi * frac(revolutions);
+}
 
 /// A periodic term of two mean anomalies: multiple i1 of the body's own one, multiple i of that of the perturbing
 /// planet.

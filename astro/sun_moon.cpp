@@ -1,7 +1,6 @@
 #include "astro/sun_moon.h"
 
 #include "astro/angles.h"
-#include "astro/calendar.h"
 #include "astro/moon_terms.h"
 #include "astro/sun_terms.h"
 
@@ -9,14 +8,7 @@
 
 namespace {
 
-constexpr double arcsecPerRad = 206264.81;
-constexpr double radPerArcsec = 4.8481368111e-6;
-constexpr double arcsecPerTurn = 1296000.0;
-
-double turn(double revolutions)
-{
-    return twoPi * frac(revolutions);
-}
+constexpr double radPerArcsec = 4.8481368111e-6;  // not quite 1 / arcsecPerRad
 
 }  // namespace
 
@@ -37,14 +29,14 @@ Vec3 Sun200::position(double t)
 
 void Sun200::meanArguments()
 {
-    M2 = turn(0.1387306 + 162.5485917 * T);
-    M3 = turn(0.9931266 + 99.9973604 * T);
-    M4 = turn(0.054325 + 53.1666028 * T);
-    M5 = turn(0.055175 + 8.4293972 * T);
-    M6 = turn(0.88165 + 3.3938722 * T);
-    D = turn(0.8274 + 1236.8531 * T);
-    A = turn(0.3749 + 1325.5524 * T);
-    U = turn(0.2591 + 1342.2278 * T);
+    M2 = turnsToRad(0.1387306 + 162.5485917 * T);
+    M3 = turnsToRad(0.9931266 + 99.9973604 * T);
+    M4 = turnsToRad(0.054325 + 53.1666028 * T);
+    M5 = turnsToRad(0.055175 + 8.4293972 * T);
+    M6 = turnsToRad(0.88165 + 3.3938722 * T);
+    D = turnsToRad(0.8274 + 1236.8531 * T);
+    A = turnsToRad(0.3749 + 1325.5524 * T);
+    U = turnsToRad(0.2591 + 1342.2278 * T);
 }
 
 void Sun200::term(const PerturbationTerm& row)
@@ -105,7 +97,7 @@ void Sun200::longPeriodTerms()
 
 Vec3 Sun200::state() const
 {
-    const double l = turn(0.7859453 + M3 / twoPi + ((6191.2 + 1.1 * T) * T + DL) / arcsecPerTurn);
+    const double l = turnsToRad(0.7859453 + M3 / twoPi + ((6191.2 + 1.1 * T) * T + DL) / arcsecPerTurn);
     const double R = 1.0001398 - 7e-7 * T + 1e-6 * DR;
     const double b = radPerArcsec * DB;
     return {R * std::cos(l) * std::cos(b), R * std::sin(l) * std::cos(b), R * std::sin(b)};
@@ -120,7 +112,7 @@ Vec3 Moon200::position(double t)
     solarn();
     planetary(t);
     S = F + DS / arcsecPerRad;
-    double longitude = turn((L0 + DLAM / arcsecPerRad) / twoPi);
+    double longitude = turnsToRad((L0 + DLAM / arcsecPerRad) / twoPi);
     if (longitude < 0)
         longitude += twoPi;
     const double latitude =
@@ -132,7 +124,7 @@ Vec3 Moon200::position(double t)
 
 double Moon200::sinus(double revolutions)
 {
-    return std::sin(turn(revolutions));
+    return std::sin(turnsToRad(revolutions));
 }
 
 void Moon200::long_periodic(double t)
@@ -165,11 +157,11 @@ void Moon200::minit(double t)
 void Moon200::meanElements(double t)
 {
     const double t2 = t * t;
-    L0 = turn(0.60643382 + 1336.85522467 * t - 3.13e-6 * t2) + DL0 / arcsecPerRad;
-    L = turn(0.37489701 + 1325.55240982 * t + 2.565e-5 * t2) + DL / arcsecPerRad;
-    LS = turn(0.99312619 + 99.99735956 * t - 4.4e-7 * t2) + DLS / arcsecPerRad;
-    F = turn(0.25909118 + 1342.2278298 * t - 8.92e-6 * t2) + DF / arcsecPerRad;
-    D = turn(0.82736186 + 1236.85308708 * t - 3.97e-6 * t2) + DD / arcsecPerRad;
+    L0 = turnsToRad(0.60643382 + 1336.85522467 * t - 3.13e-6 * t2) + DL0 / arcsecPerRad;
+    L = turnsToRad(0.37489701 + 1325.55240982 * t + 2.565e-5 * t2) + DL / arcsecPerRad;
+    LS = turnsToRad(0.99312619 + 99.99735956 * t - 4.4e-7 * t2) + DLS / arcsecPerRad;
+    F = turnsToRad(0.25909118 + 1342.2278298 * t - 8.92e-6 * t2) + DF / arcsecPerRad;
+    D = turnsToRad(0.82736186 + 1236.85308708 * t - 3.97e-6 * t2) + DD / arcsecPerRad;
 }
 
 void Moon200::fillTables(double t)

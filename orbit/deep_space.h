@@ -1,5 +1,4 @@
-// orbit/deep_space.h: the stages that SDP4 adds to SGP4 for periods of 225 minutes and more; for the model, and for those
-// who bound it.
+// orbit/deep_space.h: the stages that SDP4 adds to SGP4 for periods of 225 minutes and more.
 //
 // Vallado, Crawford, Hujsak and Kelso, Revisiting Spacetrack Report #3, AIAA 2006-6753, in the early form told in
 // orbit/sgp4.h.

@@ -16,7 +16,7 @@ constexpr double groundKgPerM3 = 1.29;
 struct Air
 {
     double z;            // height, km, at least 90
-    double storm;        // share of the geomagnetic effect above and below 350 km, 1 to 0
+    double high;         // 1 well above 350 km, 0 well below: which form of the geomagnetic effect counts
     double Kp, expKp;    // geomagnetic index
     double temperature;  // exospheric, without the geomagnetic effect, K
     double declination;  // of the satellite, radians
@@ -57,8 +57,8 @@ double exosphericTemperature(const Vec3& place, const Vec3& sunPlace, double F10
 
 double withGeomagneticEffect(const Air& air)
 {
-    return air.temperature + (28.0 * air.Kp + 0.03 * air.expKp) * air.storm +
-           (14.0 * air.Kp + 0.02 * air.expKp) * (1.0 - air.storm);
+    return air.temperature + (28.0 * air.Kp + 0.03 * air.expKp) * air.high +
+           (14.0 * air.Kp + 0.02 * air.expKp) * (1.0 - air.high);
 }
 
 /// The base ten logarithm of the density by the polynomials.
@@ -104,7 +104,7 @@ double logDensity(const Air& air)
 {
     double L = polynomial(air.z, withGeomagneticEffect(air));
     if (air.z < 350.0)
-        L += (0.012 * air.Kp + 1.2e-5 * air.expKp) * (1.0 - air.storm);
+        L += (0.012 * air.Kp + 1.2e-5 * air.expKp) * (1.0 - air.high);
     if (air.z < 400.0)
         L += semiAnnualTerm(air);
     return L + seasonalLatitudinalTerm(air);
@@ -125,7 +125,7 @@ double Jacc71(double mjd, const Vec3& r, const Vec3& sun, double F107, double FB
 
     Air air;
     air.z = std::max(h, bottomKm);
-    air.storm = (std::tanh(0.04 * (air.z - 350.0)) + 1.0) / 2.0;
+    air.high = (std::tanh(0.04 * (air.z - 350.0)) + 1.0) / 2.0;
     air.Kp = Kp;
     air.expKp = std::exp(Kp);
     const Vec3 place = carpol(r);

@@ -4,6 +4,7 @@
 #include "app/record/numbers.h"
 #include "app/record/text.h"
 
+#include <QFileInfo>
 #include <QSaveFile>
 #include <algorithm>
 #include <array>
@@ -117,6 +118,13 @@ struct Settings
     int satn;
 };
 
+/// Whether a directory, a pipe or the like has the name.
+bool isNoFile(const char* name)
+{
+    const QFileInfo info(QString::fromLatin1(name));
+    return info.exists() && !info.isFile();
+}
+
 int readNames(WinpData* in, ConfigReader& from, int count)
 {
     std::string name;
@@ -226,7 +234,7 @@ int getcfg(WinpData* in)
 {
     const FilePtr file = openForReading(configName);
     if (!file)
-        return 2;
+        return isNoFile(configName) ? 0 : 2;
     ConfigReader from(file.get());
     const Settings read(from);
     const bool plausible = !from.damaged() && read.satn >= 0 && read.satn <= maxSatellites;

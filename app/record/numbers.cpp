@@ -1,15 +1,14 @@
 #include "app/record/numbers.h"
 
-#include <QString>
+#include "app/record/field_numbers.h"
+
 #include <algorithm>
-#include <cmath>
 #include <cstring>
 #include <limits>
 
 double Atof(std::string_view text)
 {
-    const double value = QString::fromLatin1(text.data(), static_cast<qsizetype>(text.size())).toDouble();
-    return std::isfinite(value) ? value : 0.0;
+    return typedNumber(QString::fromLatin1(text.data(), static_cast<qsizetype>(text.size())));
 }
 
 double Atof(const char* s)

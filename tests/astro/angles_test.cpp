@@ -40,13 +40,12 @@ TEST(Angles, SecondsCarryFromFiftyNinePointFive)
 TEST(Angles, APackedNumberJustBelowADigitBoundaryKeepsItsMinute)
 {
     // every minute of a circle: half of the doubles nearest to these figures lie below them
-    for (int d = 0; d < 360; ++d) {
+    for (int d = 0; d < 360; ++d)
         for (int m = 0; m < 60; ++m) {
             const double packed = (100 * d + m) / 100.0;
             ASSERT_NEAR(DmsDegF(packed), d + m / 60.0, 1e-8) << packed;
             ASSERT_NEAR(DmsDegF(-packed), -d - m / 60.0, 1e-8) << packed;
         }
-    }
     const double twoUnitsBelow = std::nextafter(std::nextafter(1.18, 0.0), 0.0);
     EXPECT_NEAR(DmsDegF(twoUnitsBelow), 1 + 18.0 / 60, 1e-8);
 }

@@ -1,34 +1,15 @@
 #include "astro/frames.h"
 
 #include "astro/calendar.h"
+#include "astro/near_helper.h"
 #include "astro/time_scales.h"
 
-#include <gtest/gtest.h>
-
-#include <algorithm>
-#include <cmath>
 #include <numbers>
 
 namespace {
 
 constexpr double pi = std::numbers::pi;
 constexpr double radPerArcsec = pi / 648000.0;
-
-void expectNear(const Vec3& a, const Vec3& b, double tolerance)
-{
-    for (unsigned i = 0; i < 3; ++i)
-        EXPECT_NEAR(a[i], b[i], tolerance) << i;
-}
-
-/// The largest difference of two elements.
-double distance(const Mat3& a, const Mat3& b)
-{
-    double most = 0;
-    for (int i = 0; i < 3; ++i)
-        for (int j = 0; j < 3; ++j)
-            most = std::max(most, std::abs(a.m[i][j] - b.m[i][j]));
-    return most;
-}
 
 struct NutationCase
 {
@@ -42,13 +23,9 @@ struct NutationCase
 // that series with the arguments eraFalp03, eraFaf03, eraFad03, eraFaom03.
 constexpr NutationCase nutationCases[] = {
     {33282, 0.4092062852, -3.305539, 8.316123, -3.2506, 8.3158},
-    {36934.25, 0.4091835910, 0.315980, -9.854720, 0.2662, -9.8530},
     {41317.5, 0.4091563542, 14.306633, 4.883080, 14.1645, 4.8881},
-    {44239, 0.4091382002, -7.845822, -8.791977, -7.9264, -8.7970},
     {46895.80625, 0.4091216910, -3.866770, 9.465100, -3.8045, 9.4874},
-    {48622.75, 0.4091109599, 17.255078, 1.019068, 17.1578, 1.0609},
     {51544.5, 0.4090928042, -13.923385, -5.773808, -14.0315, -5.7669},
-    {53736, 0.4090791863, -1.989147, 8.374456, -1.9881, 8.4045},
     {55197.375, 0.4090701053, 16.510535, 2.834327, 16.4822, 2.8474},
     {58138, 0.4090518323, -10.833290, -6.872701, -10.8489, -6.8415},
     {61041.625, 0.4090337893, 5.545617, 8.039039, 5.5525, 8.0702},
@@ -81,28 +58,31 @@ double nutationDeviation(const NutationCase& c, bool full, double dpsi, double d
                     std::abs(15 * eqeq - equinoxes));
 }
 
-TEST(Frames, FullNutationIsTheSeriesWithoutItsSmallTerms)
+TEST(Frames, NutationIsTheSeriesWithoutItsSmallTerms)
 {
-    double sum = 0;
+    double sumFull = 0, sumShort = 0;
     for (const NutationCase& c : nutationCases) {
-        const double deviation = nutationDeviation(c, true, c.dpsi, c.deps);
-        EXPECT_LT(deviation, 0.009) << c.mjd;  // 56 terms of 0.0001 to 0.0007 are left out
-        sum += deviation;
+        SCOPED_TRACE(c.mjd);
+        const double full = nutationDeviation(c, true, c.dpsi, c.deps);
+        const double five = nutationDeviation(c, false, c.dpsiShort, c.depsShort);
+        EXPECT_LT(full, 0.009);  // 56 terms of 0.0001 to 0.0007 are left out
+        EXPECT_LT(five, 0.012);  // 0.0174 a century in the largest amplitude, and amplitudes to the nearest 0.001
+        EXPECT_LT(nutationDeviation(c, false, c.dpsi, c.deps), 0.35);
+        sumFull += full;
+        sumShort += five;
     }
-    EXPECT_LT(sum, std::size(nutationCases) * 0.003);
+    EXPECT_LT(sumFull, std::size(nutationCases) * 0.003);
+    EXPECT_LT(sumShort, std::size(nutationCases) * 0.004);
 }
 
-TEST(Frames, ShortNutationIsTheFiveLargestTerms)
+TEST(Frames, TheEclipticIsTiltedByItsMeanObliquity)
 {
-    double sum = 0;
-    for (const NutationCase& c : nutationCases) {
-        // 0.0174 a century in the largest amplitude, and amplitudes to the nearest 0.001
-        const double deviation = nutationDeviation(c, false, c.dpsiShort, c.depsShort);
-        EXPECT_LT(deviation, 0.012) << c.mjd;
-        EXPECT_LT(nutationDeviation(c, false, c.dpsi, c.deps), 0.35) << c.mjd;
-        sum += deviation;
+    // eraObl80 of ERFA 2.0; the constant of the formula ends 1.1e-9 degrees below 84381.448 arc seconds
+    for (const auto& [T, eps0] :
+         {std::pair{-20.0, 0.413560653181962}, {0.18, 0.409051950386447}, {15.0, 0.405717342903126}}) {
+        expectNear(eclequ(T, {0, 0, 1}), {0, -std::sin(eps0), std::cos(eps0)}, 2.5e-11);
+        expectNear(eclequ(T, {0, 1, 0}), {0, std::cos(eps0), std::sin(eps0)}, 2.5e-11);
     }
-    EXPECT_LT(sum, std::size(nutationCases) * 0.004);
 }
 
 struct PrecessionCase
@@ -118,22 +98,14 @@ const PrecessionCase precessionCases[] = {
      {0.9999257085750, 0.0111788912834, 0.0048589834755,
       -0.0111788912947, 0.9999375138737, -0.0000271576986,
       -0.0048589834495, -0.0000271623670, 0.9999881947013}},
-    {51544.5, 58138,
-     {0.9999903130849, -0.0040369498955, -0.0017540729424,
-      0.0040369498953, 0.9999918514783, -0.0000035406793,
-      0.0017540729428, -0.0000035404596, 0.9999984616066}},
-    {33282, 58138,
-     {0.9998623707442, -0.0152154330109, -0.0066128789595,
-      0.0152154329720, 0.9998842373333, -0.0000503182559,
-      0.0066128790491, -0.0000503064859, 0.9999781334109}},
+    {-131080.5, 161119.5,
+     {0.9810538976588, -0.1776552845060, -0.0772777443739,
+      0.1776545433392, 0.9840684453012, -0.0069396104666,
+      0.0772794482342, -0.0069206104905, 0.9969854522665}},
     {58138, 41317.5,
      {0.9999369661703, 0.0102974978080, 0.0044749553148,
       -0.0102974978161, 0.9999469790984, -0.0000230393236,
       -0.0044749552961, -0.0000230429712, 0.9999899870719}},
-    {51544.5, 69807.5,
-     {0.9999256716792, -0.0111825826334, -0.0048580821857,
-      0.0111825826221, 0.9999374725991, -0.0000271662968,
-      0.0048580822118, -0.0000271616278, 0.9999881990801}},
 };
 // clang-format on
 
@@ -186,7 +158,7 @@ const PlaceCase placeCases[] = {
     {pi / 2, 0, 0, {0, 0, 0.996647186822}},
 };
 
-TEST(Frames, GeoPosLiesOnTheEllipsoid)
+TEST(Frames, GeoPosLiesOnTheEllipsoidThatPolarMotionTilts)
 {
     const double mjd = 58138.37, eqeq = -0.66;
     const Mat3 toEarth = zrot(lsidtim(mjd, 0, eqeq) * pi / 12);
@@ -194,14 +166,9 @@ TEST(Frames, GeoPosLiesOnTheEllipsoid)
         expectNear(mxvct(toEarth, GeoPos(mjd, eqeq, c.lat, c.lon, c.h)), c.earthFixed, 1e-12);
         expectNear(mxvct(toEarth, GeoPos(mjd, eqeq, c.lat, c.lon, c.h, 0, 0)), c.earthFixed, 1e-12);
     }
-}
-
-TEST(Frames, PolarMotionMovesTheObserver)
-{
     // eraGd2gce, eraPom00 transposed, eraGmst82 - 0.5 s of ERFA 2.0; sidereal time differs by 8e-6 s at most
     expectNear(GeoPos(58138.0, -0.5, -0.9, 2.5, 1500, 0.25, -0.4),
                {-0.080635378832, -0.617796863248, -0.779870119978}, 6e-10);
-    EXPECT_EQ(distance(PoleMx(0, 0), mxidn()), 0);
 }
 
 TEST(Frames, HorizonAxesPointSouthEastAndUp)
@@ -215,33 +182,27 @@ TEST(Frames, HorizonAxesPointSouthEastAndUp)
     expectNear(HorEqu(mjd, 0.4, lat, lon, EquHor(mjd, 0.4, lat, lon, r)), r, 1e-15);
 }
 
-TEST(Frames, AppPosOfADirection)
+TEST(Frames, ApparentPlacesOfADirectionAndOfAPlace)
 {
     // Venus from Washington: Meeus, Astronomical Algorithms (2nd ed.), example 13.b; azimuth there from the south
-    const double mjd = 46895.80625, eqeq = -0.2317;
-    const double lat = ddd(38, 55, 17) * pi / 180, lon = -ddd(77, 3, 56) * pi / 180;
-    const Vec3 venus = polcar({1, ddd(23, 9, 16.641) * pi / 12, -ddd(6, 43, 11.61) * pi / 180});
-    double az = 0, el = 0, dist = 0;
-    AppPos(mjd, eqeq, lat, lon, 30, 0, venus, az, el, dist);
+    const double ra13 = ddd(23, 9, 16.641) * pi / 12, dec13 = -ddd(6, 43, 11.61) * pi / 180;
+    double lat = ddd(38, 55, 17) * pi / 180, lon = -ddd(77, 3, 56) * pi / 180;
+    double az = 0, el = 0, dist = 0, ra = 0, dec = 0;
+    AppPos(46895.80625, -0.2317, lat, lon, 30, 0, polcar({1, ra13, dec13}), az, el, dist);
     EXPECT_NEAR(az * 180 / pi, 68.0337 + 180 - 360, 1e-4);
     EXPECT_NEAR(el * 180 / pi, 15.1249, 1e-4);
     EXPECT_NEAR(dist, 1, 1e-15);
+    AppRADec(46895.80625, -0.2317, lat, lon, az, el, ra, dec);
+    EXPECT_NEAR(ra, ra13, 1e-14);
+    EXPECT_NEAR(dec, dec13, 1e-14);
 
-    double ra = 0, dec = 0;
-    AppRADec(mjd, eqeq, lat, lon, az, el, ra, dec);
-    EXPECT_NEAR(ra, ddd(23, 9, 16.641) * pi / 12, 1e-14);
-    EXPECT_NEAR(dec, -ddd(6, 43, 11.61) * pi / 180, 1e-14);
-}
-
-TEST(Frames, AppPosTakesTheObserverOff)
-{
     // Mars from Palomar on 2003 August 28, 3:17 UT: Meeus, example 40.a. One AU in radii of the Earth.
-    const double mjd = ::mjd(28, 8, 2003, 3 + 17.0 / 60), distance = 0.37276 * 149597870 / 6378.137;
-    const double lat = ddd(33, 21, 22) * pi / 180, lon = -116.8625 * pi / 180;
-    const Vec3 mars = polcar({distance, 339.530208 * pi / 180, -15.771083 * pi / 180});
-    double az = 0, el = 0, dist = 0, ra = 0, dec = 0;
-    AppPos(mjd, -0.9, lat, lon, 1706, 1, mars, az, el, dist);
-    AppRADec(mjd, -0.9, lat, lon, az, el, ra, dec);
+    const double time = mjd(28, 8, 2003, 3 + 17.0 / 60), distance = 0.37276 * 149597870 / 6378.137;
+    lat = ddd(33, 21, 22) * pi / 180;
+    lon = -116.8625 * pi / 180;
+    AppPos(time, -0.9, lat, lon, 1706, 1, polcar({distance, 339.530208 * pi / 180, -15.771083 * pi / 180}), az, el,
+           dist);
+    AppRADec(time, -0.9, lat, lon, az, el, ra, dec);
     EXPECT_NEAR(ra * 12 / pi, ddd(22, 38, 8.54), 0.01 / 3600);
     EXPECT_NEAR(dec * 180 / pi, -ddd(15, 46, 30.0), 0.1 / 3600);
     EXPECT_LT(dist, distance);

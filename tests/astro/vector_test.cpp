@@ -1,26 +1,10 @@
-#include "astro/mat3.h"
-#include "astro/vec3.h"
-
-#include <gtest/gtest.h>
+#include "astro/near_helper.h"
 
 #include <numbers>
 
 namespace {
 
 constexpr double pi = std::numbers::pi;
-
-void expectNear(const Vec3& a, const Vec3& b, double tolerance)
-{
-    for (unsigned i = 0; i < 3; ++i)
-        EXPECT_NEAR(a[i], b[i], tolerance) << i;
-}
-
-void expectEqual(const Mat3& a, const Mat3& b)
-{
-    for (int i = 0; i < 3; ++i)
-        for (int j = 0; j < 3; ++j)
-            EXPECT_DOUBLE_EQ(a.m[i][j], b.m[i][j]) << i << j;
-}
 
 TEST(Vec3, AnIndexAboveTwoAddressesTheFirstElement)
 {
@@ -92,9 +76,18 @@ TEST(Mat3, PutMijCountsFromOneAndStoresNothingOutside)
         A.PutMij(9, 1, wrong);
     }
     A.PutMij(7, 1, 3);
-    expectEqual(A, {2, 2, 7, 2, 2, 2, 2, 2, 2});
-    expectEqual(mxtrn(A), {2, 2, 2, 2, 2, 2, 7, 2, 2});
-    expectEqual(A * mxidn(), A);
+    EXPECT_EQ(distance(A, {2, 2, 7, 2, 2, 2, 2, 2, 2}), 0);
+    EXPECT_EQ(distance(mxtrn(A), {2, 2, 2, 2, 2, 2, 7, 2, 2}), 0);
+}
+
+TEST(Mat3, ProductsInPlaceMultiplyFromTheLeft)
+{
+    Mat3 A(1, 2, 3, 4, 5, 6, 7, 8, 10);
+    const Mat3 B(0, 1, 0, 0, 0, 2, 3, 0, 0);
+    EXPECT_EQ(distance(B * A, {4, 5, 6, 14, 16, 20, 3, 6, 9}), 0);
+    EXPECT_EQ(distance(A * B, {9, 1, 4, 18, 4, 10, 30, 7, 16}), 0);
+    A *= B;
+    EXPECT_EQ(distance(A, {4, 5, 6, 14, 16, 20, 3, 6, 9}), 0);
 }
 
 }  // namespace

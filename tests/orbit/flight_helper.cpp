@@ -11,17 +11,9 @@
 
 WinpData* freshRecord()
 {
-    *indata = WinpData{};
     setDefaults(indata);
-    indata->F107[0] = indata->dF107;
-    indata->FB107[0] = indata->dFB107;
-    indata->Kp[0] = indata->dKp;
-    indata->Cd[0] = indata->dCd;
-    indata->Cr[0] = indata->dCr;
-    indata->Am[0] = indata->dAm;
     indata->numflg[0] = 1;
     indata->satn = 1;
-    indata->prs = 0;
     return indata;
 }
 
@@ -41,15 +33,16 @@ State stateOf(double a, double e, double inc, double ran, double aper, double m0
     return s;
 }
 
-void setState(WinpData* in, double epoch, const State& state)
+void setState(WinpData* in, double time, const State& state)
 {
-    in->mjdep[0] = in->cstm[0] = epoch;
-    in->epr0[0] = in->csr0[0] = state.r[0];
-    in->epr1[0] = in->csr1[0] = state.r[1];
-    in->epr2[0] = in->csr2[0] = state.r[2];
-    in->epv0[0] = in->csv0[0] = state.v[0];
-    in->epv1[0] = in->csv1[0] = state.v[1];
-    in->epv2[0] = in->csv2[0] = state.v[2];
+    in->mjdep[0] = in->cstm[0] = time;
+    in->csr0[0] = state.r[0];
+    in->csr1[0] = state.r[1];
+    in->csr2[0] = state.r[2];
+    in->csv0[0] = state.v[0];
+    in->csv1[0] = state.v[1];
+    in->csv2[0] = state.v[2];
+    currentToEpochState(in, 0);
 }
 
 State currentState(const WinpData& in)

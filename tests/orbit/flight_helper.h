@@ -4,6 +4,7 @@
 #include "app/record/winp_data.h"
 #include "astro/vec3.h"
 
+constexpr double epoch = 58138.0;  // of the flights: 2018 January 20
 constexpr double gmM3PerS2 = 398600.4415e9;
 constexpr double earthRadiusM = 6378137.0;
 
@@ -22,7 +23,7 @@ struct State
 State stateOf(double a, double e, double inc, double ran, double aper, double m0);
 
 /// The epoch state and the current state of slot 0.
-void setState(WinpData* in, double epoch, const State& state);
+void setState(WinpData* in, double time, const State& state);
 
 State currentState(const WinpData& in);
 

@@ -26,12 +26,6 @@ void growth(double, const double* y, double* dy)
     dy[0] = y[0];
 }
 
-void jump(double t, const double*, double* dy)
-{
-    ++evaluations;
-    dy[0] = t < 0.5 ? 1.0 : 2.0;
-}
-
 /// Nothing that a smaller step could smooth.
 void noise(double, const double*, double* dy)
 {
@@ -56,6 +50,23 @@ void twoBody(double, const double* y, double* dy)
     dy[3] = -y[1] / r3;
 }
 
+/// One equation, one step, and what it cost.
+struct Step
+{
+    Step(RightHandSide f, double start, double t0, double h, double tol, int relative = 1, int limit = 0)
+    {
+        RKF45 rk(1);
+        rk.SetTolerance(tol, relative);
+        rk.SetMaxIter(limit);
+        evaluations = 0;
+        rk.RKF45Step(t0, h, &start, f, t, next, &y);
+        cost = evaluations;
+    }
+
+    double y = 0, t = 0, next = 0;
+    int cost = 0;
+};
+
 constexpr double tolerances[] = {1e-6, 1e-8, 1e-10, 1e-12};
 
 TEST(Integrator, OneStepOfTheExponentialMeetsItsTolerance)
@@ -63,14 +74,11 @@ TEST(Integrator, OneStepOfTheExponentialMeetsItsTolerance)
     for (const double tol : tolerances)
         for (const int relative : {0, 1})
             for (const double h : {0.4, -0.4}) {
-                OpenRKF45 rk(1);
-                rk.SetTolerance(tol, relative);
-                double y = 1.0, t, next;
-                rk.RKF45Step(0.0, h, &y, growth, t, next, &y);
-                EXPECT_GT(t * h, 0);
-                EXPECT_LE(std::abs(t), 0.4);
-                EXPECT_GT(next * h, 0);
-                EXPECT_NEAR(y, std::exp(t), tol * std::exp(t)) << tol << ' ' << h;
+                const Step s(growth, 1.0, 0.0, h, tol, relative);
+                EXPECT_GT(s.t * h, 0);
+                EXPECT_LE(std::abs(s.t), 0.4);
+                EXPECT_GT(s.next * h, 0);
+                EXPECT_NEAR(s.y, std::exp(s.t), tol * std::exp(s.t)) << tol << ' ' << h;
             }
 }
 
@@ -100,23 +108,30 @@ TEST(Integrator, KeplerEllipseComesBackAfterTenRevolutions)
     }
 }
 
-TEST(Integrator, RejectedTryCostsFiveEvaluations)
+TEST(Integrator, RejectedTriesCostFiveEvaluationsUpToTheLimit)
 {
-    OpenRKF45 rk(1);
-    rk.SetTolerance(1e-10, 1);
-    double y = 1.0, t, next;
-    evaluations = 0;
-    rk.RKF45Step(0.0, 0.01, &y, growth, t, next, &y);
-    EXPECT_EQ(evaluations, 6);
-    EXPECT_EQ(t, 0.01);
+    const Step accepted(growth, 1.0, 0.0, 0.01, 1e-10);
+    EXPECT_EQ(accepted.cost, 6);
+    EXPECT_EQ(accepted.t, 0.01);
+    const Step rejected(growth, 1.0, 0.0, 1.0, 1e-10);
+    EXPECT_GT(rejected.cost, 6);
+    EXPECT_EQ((rejected.cost - 6) % 5, 0);
+    EXPECT_LT(rejected.t, 1.0);
+    EXPECT_NEAR(rejected.y, std::exp(rejected.t), 1e-10 * rejected.y);
+    for (const int limit : {1, 3}) {
+        const Step untested(noise, 1.0, 0.0, 1.0, 1e-50, 1, limit);
+        EXPECT_EQ(untested.cost, 6 + 5 * (limit - 1));
+        EXPECT_GT(untested.t, 0.0);
+        EXPECT_LT(untested.next, untested.t);
+    }
+}
 
-    y = 1.0;
-    evaluations = 0;
-    rk.RKF45Step(0.0, 1.0, &y, growth, t, next, &y);
-    EXPECT_GT(evaluations, 6);
-    EXPECT_EQ((evaluations - 6) % 5, 0);
-    EXPECT_LT(t, 1.0);
-    EXPECT_NEAR(y, std::exp(t), 1e-10 * y);
+// A state of 0 has no error: the proposal is bounded by the floor of the error at 1e-15 tolerances.
+TEST(Integrator, ProposalGrowsNineHundredfoldAtMost)
+{
+    const Step s(growth, 0.0, 5.0, 1e-3, 1e-3);
+    EXPECT_EQ(s.y, 0.0);
+    EXPECT_NEAR(s.next, 0.9 * 1e-3 * std::pow(1e15, 0.2), 1e-9);
 }
 
 TEST(Integrator, SettingsAreHeldToSense)
@@ -139,18 +154,14 @@ TEST(Integrator, SettingsAreHeldToSense)
     }
 }
 
-// Without an iteration limit: a discontinuity, a tolerance below the rounding, numbers that are not finite.
+// Without an iteration limit: a tolerance below the rounding, jumps everywhere, numbers that are not finite.
 TEST(Integrator, StepEndsAtTheResolutionOfItsTime)
 {
-    for (const RightHandSide f : {growth, jump, noise, brokenNumber})
+    for (const RightHandSide f : {growth, noise, brokenNumber})
         for (const double start : {0.0, 0.3, 1e9}) {
-            OpenRKF45 rk(1);
-            rk.SetTolerance(1e-50, 1);
-            double y = 1.0, t, next;
-            evaluations = 0;
-            rk.RKF45Step(start, 1.0, &y, f, t, next, &y);
-            EXPECT_GE(t, start);
-            EXPECT_LT(evaluations, 2000);
+            const Step s(f, 1.0, start, 1.0, 1e-50);
+            EXPECT_GE(s.t, start);
+            EXPECT_LT(s.cost, 2000);
         }
 }
 

@@ -11,7 +11,6 @@
 
 namespace {
 
-constexpr double epoch = 58138.0;  // 2018 January 20
 constexpr double second = 1.0 / 86400.0;
 
 bool finite(const Vec3& v)
@@ -28,24 +27,20 @@ protected:
         setState(in, epoch, low);
     }
 
-    /// A state that no integration has made, so that its use shows.
-    void mark(double time) { in->cstm[0] = time; }
-
     WinpData* in = nullptr;
     const State low = stateOf(7078e3, 0.001, 51.6, 30, 40, 0);
 };
 
 TEST_F(NumericFlight, CurrentStateIsReturnedWithoutAnIntegration)
 {
-    in->csr0[0] = 1;  // at the Earth's centre, and stays there
-    in->csr1[0] = in->csr2[0] = 2;
+    const State centre{{1, 2, 2}, low.v};  // a flight from there would start 100 m off
+    setState(in, epoch, centre);
     in->moondst = 77;
-    const State s = flyTo(in, epoch);
-    EXPECT_DOUBLE_EQ(s.r[0], 1);
-    EXPECT_DOUBLE_EQ(s.r[1], 2);
-    EXPECT_DOUBLE_EQ(s.v[0], low.v[0]);
+    EXPECT_NEAR(abs(flyTo(in, epoch).r - centre.r), 0, 1e-12);
     EXPECT_EQ(in->moondst, 77);
-    EXPECT_EQ(in->csr0[0], 1);
+    EXPECT_EQ(abs(currentState(*in).r - centre.r), 0);
+    setState(in, epoch, {{0, 0, 0}, {0, 0, 0}});
+    EXPECT_NEAR(abs(flyTo(in, epoch + 100 * second).r), 100, 1e-3);
 }
 
 struct JumpCase
@@ -97,7 +92,7 @@ TEST_F(NumericFlight, EpochFollowsWhereAsked)
 
     const double perigee = 8000e3, e = 1.5;
     const double speed = std::sqrt(gmM3PerS2 * (1 + e) / perigee);
-    setState(in, epoch, {Vec3(perigee, 0, 0), Vec3(0, speed, 0)});
+    setState(in, epoch, {{perigee, 0, 0}, {0, speed, 0}});
     flyTo(in, epoch + 100 * second);
     EXPECT_NEAR(in->ecc[0], e, 0.01);
     EXPECT_NEAR(in->n0[0], 8000, 30);  // the perigee distance
@@ -109,59 +104,96 @@ TEST_F(NumericFlight, EndsWithFiniteNumbersWhateverTheState)
 {
     constexpr double inf = std::numeric_limits<double>::infinity();
     constexpr double nan = std::numeric_limits<double>::quiet_NaN();
-    const struct
-    {
-        const char* what;
-        State state;
-    } cases[] = {
-        {"nothing at all", {Vec3(0, 0, 0), Vec3(0, 0, 0)}},
-        {"centre of the Earth", {Vec3(1, 2, 3), Vec3(100, 7000, 0)}},
-        {"below the surface", {Vec3(6e6, 0, 0), Vec3(0, 7500, 0)}},
-        {"beyond the Moon", {Vec3(1e9, 0, 0), Vec3(0, 100, 0)}},
-        {"absurdly far", {Vec3(1e200, 0, 0), Vec3(0, 1e150, 0)}},
-        {"hyperbolic", {Vec3(7e6, 0, 0), Vec3(0, 20000, 0)}},
-        {"faster than light", {Vec3(7e6, 0, 0), Vec3(0, 1e12, 0)}},
-        {"infinite place", {Vec3(inf, 0, 0), Vec3(0, 7500, 0)}},
-        {"infinite speed", {Vec3(7e6, 0, 0), Vec3(0, -inf, 0)}},
-        {"no number", {Vec3(nan, 0, 0), Vec3(0, 7500, 0)}},
-        {"no speed", {Vec3(7e6, 0, 0), Vec3(0, 0, nan)}},
+    const std::pair<const char*, State> cases[] = {
+        {"nothing at all", {{0, 0, 0}, {0, 0, 0}}},         {"centre of the Earth", {{1, 2, 3}, {100, 7000, 0}}},
+        {"below the surface", {{6e6, 0, 0}, {0, 7500, 0}}}, {"beyond the Moon", {{1e9, 0, 0}, {0, 100, 0}}},
+        {"absurdly far", {{1e200, 0, 0}, {0, 1e150, 0}}},   {"hyperbolic", {{7e6, 0, 0}, {0, 20000, 0}}},
+        {"faster than light", {{7e6, 0, 0}, {0, 1e12, 0}}}, {"infinite place", {{inf, 0, 0}, {0, 7500, 0}}},
+        {"infinite speed", {{7e6, 0, 0}, {0, -inf, 0}}},    {"no number", {{nan, 0, 0}, {0, 7500, 0}}},
+        {"no speed", {{7e6, 0, 0}, {0, 0, nan}}},
     };
     in->sunf = in->moonf = true;
     in->Am[0] = 0.01;
-    for (const auto& c : cases)
+    for (const auto& [what, state] : cases)
         for (const double hours : {0.0, 0.1, -0.1, 6.0}) {
-            SCOPED_TRACE(c.what);
-            setState(in, epoch, c.state);
+            setState(in, epoch, state);
             const State s = flyTo(in, epoch + hours / 24.0);
-            EXPECT_TRUE(finite(s.r) && finite(s.v));
-            EXPECT_TRUE(std::isfinite(in->cstm[0]));
+            EXPECT_TRUE(finite(s.r) && finite(s.v) && std::isfinite(in->cstm[0])) << what;
         }
 }
 
-TEST_F(NumericFlight, BrokenStateGivesThePlaceholderAndStays)
+TEST_F(NumericFlight, WithoutAWayThePlaceholderComesAndTheRecordStays)
 {
-    in->csv1[0] = in->epv1[0] = std::numeric_limits<double>::quiet_NaN();
-    const State s = flyTo(in, epoch + 0.5);
-    EXPECT_NEAR(abs(s.r - Vec3(100e3, 0, 0)), 0, 1e-6);
-    EXPECT_NEAR(abs(s.v - Vec3(0, 10e3, 0)), 0, 1e-6);
-    EXPECT_EQ(in->cstm[0], epoch);
-    EXPECT_EQ(in->csr0[0], low.r[0]);
-
-    // the same for a jump to a broken epoch state
-    setState(in, epoch, low);
+    const auto expectPlaceholder = [this](double t) {
+        const double time = in->cstm[0];
+        const State before = currentState(*in), s = flyTo(in, t);
+        EXPECT_NEAR(abs(s.r - Vec3(100e3, 0, 0)) + abs(s.v - Vec3(0, 10e3, 0)), 0, 1e-6);
+        EXPECT_EQ(in->cstm[0], time);
+        EXPECT_EQ(abs(currentState(*in).r - before.r), 0);
+    };
     flyTo(in, epoch + 0.3);
-    const double time = in->cstm[0];
-    const State current = currentState(*in);
     in->epr0[0] = std::numeric_limits<double>::infinity();
-    EXPECT_NEAR(abs(flyTo(in, epoch + 0.05).r), 100e3, 1e-6);
-    EXPECT_EQ(in->cstm[0], time);
-    EXPECT_EQ(abs(currentState(*in).r - current.r), 0);
+    expectPlaceholder(epoch + 0.05);  // a jump to a broken epoch state
+    in->csv1[0] = std::numeric_limits<double>::quiet_NaN();
+    expectPlaceholder(epoch + 0.3 + 0.5);
+    setState(in, epoch - 365250.0, low);  // a thousand years
+    expectPlaceholder(epoch);
+    in->mjdep[0] = epoch;
+    in->cstm[0] = std::numeric_limits<double>::quiet_NaN();  // is left for the epoch
+    EXPECT_NEAR(abs(flyTo(in, epoch + 0.1).r), 7078e3, 30e3);
 }
 
-TEST_F(NumericFlight, StateAtTheCentreStartsAHundredMetresOff)
+TEST_F(NumericFlight, NearTheMoonItsDistanceIsTold)
 {
-    setState(in, epoch, {Vec3(0, 0, 0), Vec3(0, 0, 0)});
-    EXPECT_NEAR(abs(flyTo(in, epoch + 100 * second).r), 100, 1e-3);
+    UpSunMoon(0, in, 0, spos, mpos);
+    const Vec3 moon = mpos;
+    in->moonf = true;
+    setState(in, epoch, {moon + Vec3(0, 0, 5e6), {0, 0, 0}});
+    const State s = flyTo(in, epoch + 60 * second);
+    // the Moon of the last step's start; it runs a kilometre a second
+    EXPECT_NEAR(in->moondst, abs(s.r - moon), 60e3);
+    EXPECT_NEAR(in->moondst, 5e6, 1e4);
+    setState(in, epoch, low);
+    flyTo(in, epoch + 60 * second);
+    EXPECT_EQ(in->moondst, 0);
+}
+
+TEST_F(NumericFlight, LongJumpsRenewSunAndMoon)
+{
+    in->moonf = true;
+    const Vec3 sun(23454, 0, 0), nearMoon(0, 0, 4), farMoon(0, 0, 1e9);
+    for (const double seconds : {590.0, 610.0}) {
+        State s[2];
+        for (int i = 0; i < 2; ++i) {
+            setState(in, epoch, low);
+            NumProp(epoch + seconds * second, in, 0, sun, i == 0 ? nearMoon : farMoon, s[i].r, s[i].v);
+        }
+        EXPECT_EQ(abs(s[0].r - s[1].r) > 0, seconds < 600) << seconds;
+    }
+}
+
+// The flight ends all the same, near the place of a good one; also where some steps are taken untested the sign of the
+// tolerance means nothing.
+TEST_F(NumericFlight, TolerancesThatCannotBeMetEnd)
+{
+    in->RKFtol = 1e-11;
+    const State good = flyTo(in, epoch + 100 * second);
+    for (const double tol : {0.0, -1e-300, 1e-300})
+        for (const int limit : {0, 1, 20}) {
+            setState(in, epoch, low);
+            in->RKFtol = tol;
+            in->mxit = limit;
+            const State s = flyTo(in, epoch + 100 * second);
+            EXPECT_NEAR(in->cstm[0], epoch + 100 * second, 0.11 * second) << tol << ' ' << limit;
+            EXPECT_LT(abs(s.r - good.r), 1500.0) << tol << ' ' << limit;  // 0.1 s of flight, and steps taken untested
+        }
+    State s[2];
+    for (int i = 0; i < 2; ++i) {
+        setState(in, epoch, low);
+        in->RKFtol = i == 0 ? 2e-16 : -2e-16;
+        s[i] = flyTo(in, epoch + 1500 * second);
+    }
+    EXPECT_EQ(abs(s[0].r - s[1].r), 0);
 }
 
 }  // namespace

@@ -1,4 +1,4 @@
-// The verification set of AIAA 2006-6753 (tests/data/sgp4), read for tests.
+// The verification set of AIAA 2006-6753 (tests/data/sgp4) and the catalogue of January 2018, read for tests.
 #pragma once
 
 #include <string>
@@ -11,7 +11,7 @@ struct VerificationElements
 {
     int norad;
     double epoch, bstar, ecco, argpo, inclo, mo, no, nodeo;
-    double start, stop, step;
+    double start = 0, stop = 0, step = 0;
 };
 
 struct VerificationState
@@ -31,14 +31,20 @@ struct VerificationStates
 /// microseconds), as in the program that made the published states: a highly eccentric orbit shows the difference.
 std::vector<VerificationElements> verificationElements();
 
-/// The sets of tests/data/elements/catalogue_2018.txt, each over its first day.
+/// The sets of tests/data/elements/catalogue_2018.txt.
 std::vector<VerificationElements> catalogueElements();
+
+/// The first set of that number.
+VerificationElements setOf(const std::vector<VerificationElements>& sets, int norad);
 
 /// Blocks of a file of states in the folder of the set.
 std::vector<VerificationStates> verificationStates(const std::string& file);
 
-/// The set of that number; the first one if there are several.
-VerificationElements verificationSet(int norad);
-
 /// WGS72 and deep space.
 int initVerification(const VerificationElements& set, elsetrec& sat);
+
+/// The set of that number from the verification set, loaded.
+elsetrec loadedSet(int norad);
+
+/// Puts a set into slot 0, not yet loaded, for SGP4 with deep space.
+void putSet(WinpData* in, const VerificationElements& set);

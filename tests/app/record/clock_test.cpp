@@ -1,53 +1,45 @@
 #include "app/record/clock.h"
 
-#include "app/record/keep.h"
-
+#include <array>
+#include <cmath>
 #include <cstdlib>
 #include <gtest/gtest.h>
-#include <string>
 
 namespace {
-/// Another time zone of the process, put back at the end.
-class Zone
+/// A system with a time zone and a clock that stands still.
+class SystemClock : public testing::Test
 {
-public:
-    explicit Zone(const char* tz) : before(std::getenv("TZ") ? std::getenv("TZ") : "UTC") { ::setenv("TZ", tz, 1); }
-    ~Zone()
+protected:
+    static void stand(const char* zone, std::time_t (*seconds)())
     {
-        ::setenv("TZ", before.c_str(), 1);
+        ::setenv("TZ", zone, 1);
+        systemSeconds = seconds;
+    }
+    void TearDown() override
+    {
+        stand("UTC0", running);
         ::tzset();
     }
-    Zone(const Zone&) = delete;
-    Zone& operator=(const Zone&) = delete;
 
 private:
-    const std::string before;
+    std::time_t (*const running)() = systemSeconds;
 };
 
-// 20 January 2018, 12:00:09 UTC
-std::time_t januaryNoon()
+std::array<int, 6> dateFields(const WinpData& in)
 {
-    return 1516449609;
-}
-// 1 July 2018, 23:30:00 UTC
-std::time_t julyNight()
-{
-    return 1530487800;
+    return {in.year, in.month, in.day, in.hour, in.minute, in.second};
 }
 
-TEST(Clock, GivesTheDateInUtc)
+constexpr std::array januaryUtc{2018, 1, 20, 12, 17, 9}, julyUtc{2018, 7, 1, 23, 30, 0};
+
+std::time_t january()
 {
-    const Zone zone("XYZ-2");
-    const Keep frozen(systemSeconds, januaryNoon);
-    WinpData in;
-    DefTime(&in);
-    EXPECT_EQ(in.year, 2018);
-    EXPECT_EQ(in.month, 1);
-    EXPECT_EQ(in.day, 20);
-    EXPECT_EQ(in.hour, 12);
-    EXPECT_EQ(in.minute, 0);
-    EXPECT_EQ(in.second, 9);
-    EXPECT_EQ(GBL_timezone, -7200.0);
+    return 1516450629;
+}
+
+std::time_t july()
+{
+    return 1530487800;
 }
 
 struct ZoneCase
@@ -60,33 +52,31 @@ struct ZoneCase
 // rules as POSIX writes them, so that no zone file is needed
 constexpr const char* middleEurope = "CET-1CEST,M3.5.0,M10.5.0/3";
 constexpr ZoneCase zoneCases[] = {
-    {"UTC0", januaryNoon, 0},           {"IST-5:30", januaryNoon, -19800}, {"NST3:30", julyNight, 12600},
-    {middleEurope, januaryNoon, -3600}, {middleEurope, julyNight, -7200},  {"HST10", julyNight, 36000},
-    {"LINT-14", julyNight, -50400},
+    {"UTC0", january, 0},   {"XYZ-2", january, -7200},      {"IST-5:30", january, -19800}, {"NST3:30", july, 12600},
+    {"HST10", july, 36000}, {middleEurope, january, -3600}, {middleEurope, july, -7200},   {"LINT-14", july, -50400},
 };
 
-TEST(Clock, KnowsZonesAndDaylightSaving)
+TEST_F(SystemClock, GivesTheDateInUtcAndTheZoneToAStartDateThatFollowsIt)
 {
     for (const ZoneCase& c : zoneCases) {
         SCOPED_TRACE(c.tz);
-        const Zone zone(c.tz);
-        const Keep frozen(systemSeconds, c.clock);
+        stand(c.tz, c.clock);
         WinpData in;
         DefTime(&in);
+        EXPECT_EQ(dateFields(in), c.clock == january ? januaryUtc : julyUtc);
         EXPECT_EQ(GBL_timezone, c.secondsWest);
+        in.tzauto = in.rtflg = 1;
+        setNewMjd(&in);
+        EXPECT_EQ(in.tzone, 0 - c.secondsWest / 3600);
+        EXPECT_FALSE(in.tzone == 0 && std::signbit(in.tzone));
+        EXPECT_NEAR(in.mjd, (double(c.clock()) + c.secondsWest) / 86400 + 40587, 1e-9);
+        EXPECT_EQ(in.rtflg, 1);  // it goes on, unlike that of a delta plot
     }
 }
 
 TEST(StartDate, IsCivilTimeOfTheZone)
 {
-    WinpData in;
-    in.day = 20;
-    in.month = 7;
-    in.year = 2015;
-    in.hour = 12;
-    in.minute = 15;
-    in.second = 36;
-    in.tzone = 5.5;
+    WinpData in{.day = 20, .month = 7, .year = 2015, .hour = 12, .minute = 15, .second = 36, .tzone = 5.5};
     in.dtflg = in.rtflg = in.pasjmp = 1;
     setNewMjd(&in);
     EXPECT_DOUBLE_EQ(in.mjd, 57223 + 6.76 / 24);
@@ -97,39 +87,22 @@ TEST(StartDate, IsCivilTimeOfTheZone)
     EXPECT_NEAR(in.ttut, 68.184, 1e-9);
 }
 
-TEST(StartDate, FollowsTheSystemZoneAndKeepsARealTimePlot)
+TEST_F(SystemClock, AsRealTimeLeavesTheDateFieldsAndAddsAnOffset)
 {
-    const Zone zone("XYZ-2");
-    const Keep frozen(systemSeconds, januaryNoon);
-    WinpData in;
-    DefTime(&in);
-    in.tzauto = 1;
-    in.rtflg = 1;
-    setNewMjd(&in);
-    EXPECT_EQ(in.tzone, 2.0);
-    EXPECT_DOUBLE_EQ(in.mjd, 58138 + (10.0 + 9.0 / 3600) / 24);
-    EXPECT_EQ(in.rtflg, 1);
+    stand("UTC0", january);
+    WinpData in{.day = 1, .month = 2, .year = 1999, .hour = 3, .minute = 4, .second = 5, .rtoff = -36};
+    EXPECT_DOUBLE_EQ(RT_MJD(&in), 58137 + (17 * 60 + 9) / 86400.0);
+    EXPECT_EQ(dateFields(in), (std::array{1999, 2, 1, 3, 4, 5}));
 }
 
-TEST(RealTime, LeavesTheDateFieldsAndAddsItsOffset)
+TEST(TtMinusUt, FollowsTheIersValuesWhereTheyAreInForce)
 {
-    const Zone zone("UTC0");
-    const Keep frozen(systemSeconds, januaryNoon);
     WinpData in;
-    in.day = 1;
-    in.month = 2;
-    in.year = 1999;
-    in.hour = 3;
-    in.minute = 4;
-    in.second = 5;
-    in.rtoff = -36.0;
-    EXPECT_DOUBLE_EQ(RT_MJD(&in), 58137 + 9.0 / 86400);
-    EXPECT_EQ(in.day, 1);
-    EXPECT_EQ(in.month, 2);
-    EXPECT_EQ(in.year, 1999);
-    EXPECT_EQ(in.hour, 3);
-    EXPECT_EQ(in.minute, 4);
-    EXPECT_EQ(in.second, 5);
+    in.UtcTai = -34;
+    EXPECT_NEAR(SetTtUt(&in, 2015), 68.184, 1e-9);
+    in.IERSflg = true;
+    EXPECT_NEAR(SetTtUt(&in, 1066), 66.184, 1e-12);
+    EXPECT_EQ(utcTaiOf(65.184), -33);
+    EXPECT_EQ(utcTaiOf(-4.816), 36);  // the whole part, toward 0
 }
-
 }  // namespace

@@ -10,18 +10,14 @@ namespace {
 TEST(Files, LinesComeWholeWithTheirEnds)
 {
     const ScratchDir here;
-    const std::string longLine(10000, 'x');
-    ScratchDir::write("text", longLine + "\n\n" + std::string("a\0b\n", 4) + "end");
+    const std::string lines[] = {std::string(10000, 'x') + "\n", "\n", std::string("a\0b\n", 4), "end"};
+    ScratchDir::write("text", lines[0] + lines[1] + lines[2] + lines[3]);
     const FilePtr file = openForReading("text");
     std::string line;
-    ASSERT_TRUE(readLine(file.get(), line));
-    EXPECT_EQ(line, longLine + "\n");
-    ASSERT_TRUE(readLine(file.get(), line));
-    EXPECT_EQ(line, "\n");
-    ASSERT_TRUE(readLine(file.get(), line));
-    EXPECT_EQ(line, std::string("a\0b\n", 4));
-    ASSERT_TRUE(readLine(file.get(), line));
-    EXPECT_EQ(line, "end");
+    for (const std::string& expected : lines) {
+        ASSERT_TRUE(readLine(file.get(), line));
+        EXPECT_EQ(line, expected);
+    }
     EXPECT_FALSE(readLine(file.get(), line));
 }
 
@@ -29,34 +25,28 @@ TEST(Files, OnlyRegularFilesAreRead)
 {
     const ScratchDir here;
     ASSERT_TRUE(QDir().mkdir(QStringLiteral("directory")));
-    EXPECT_FALSE(openForReading("directory"));
     ASSERT_EQ(::mkfifo("pipe", 0600), 0);
-    EXPECT_FALSE(openForReading("pipe"));
-    EXPECT_FALSE(openForReading("/dev/zero"));
-    EXPECT_FALSE(openForReading("absent"));
+    for (const char* name : {"directory", "pipe", "/dev/zero", "absent"})
+        EXPECT_FALSE(openForReading(name)) << name;
 }
 
-TEST(ReportFile, IsShownWhileItIsOpen)
+TEST(ReportFile, IsShownWhileItIsOpenAndStartsAnewOnce)
 {
     const ScratchDir here;
-    {
-        const ReportFile report("satsave.txt", "w");
+    WinpData in;
+    in.newsave = 1;
+    for (int i = 0; i < 2; ++i) {
+        const ReportFile report("satsave.txt", takeSaveMode(&in));
         ASSERT_TRUE(report);
         ASSERT_NE(outptr, nullptr);
         std::fputs("line\n", outptr);
     }
     EXPECT_EQ(outptr, nullptr);
-    EXPECT_EQ(ScratchDir::read("satsave.txt"), "line\n");
+    EXPECT_EQ(ScratchDir::read("satsave.txt"), "line\nline\n");
+    in.newsave = 1;
+    EXPECT_STREQ(takeSaveMode(&in), "w");
     const ReportFile failed("no/such/directory/satsave.txt", "w");
     EXPECT_FALSE(failed);
     EXPECT_EQ(outptr, nullptr);
-}
-
-TEST(SaveRule, StartsAnewOnce)
-{
-    WinpData in;
-    in.newsave = 1;
-    EXPECT_STREQ(takeSaveMode(&in), "w");
-    EXPECT_STREQ(takeSaveMode(&in), "a");
 }
 }  // namespace

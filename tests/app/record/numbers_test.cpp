@@ -2,56 +2,34 @@
 
 #include "scratch_dir.h"
 
+#include "app/record/field_numbers.h"
 #include "app/record/files.h"
 
 #include <gtest/gtest.h>
 
 namespace {
-struct NumberCase
+TEST(Numbers, OfFilesAndFieldsAreWholeTextsAndFinite)
 {
-    const char* text;
-    double value;
-};
-
-constexpr NumberCase numberCases[] = {
-    {"51.6416", 51.6416}, {"  -.00002182", -2.182e-5},
-    {".5", 0.5},          {"1.5E-3", 1.5e-3},
-    {"12.25\n", 12.25},   {"7.0 \r\n", 7.0},
-    {"+3", 3.0},          {"", 0.0},
-    {"\n", 0.0},          {"   ", 0.0},
-    {"1,5", 0.0},         {"12x", 0.0},
-    {"nan", 0.0},         {"inf", 0.0},
-    {"-INF", 0.0},        {"1e999", 0.0},
-    {"0x10", 0.0},        {"1.2.3", 0.0},
-    {"1e300", 1e300},     {"\xff\xfe", 0.0},
-};
-
-TEST(Atof, TakesWholeTextsOnlyAndNeverThoseThatAreNoNumbers)
-{
-    for (const NumberCase& c : numberCases) {
-        SCOPED_TRACE(c.text);
-        EXPECT_EQ(Atof(c.text), c.value);
+    const std::pair<const char*, double> cases[] = {
+        {"51.6416", 51.6416}, {"  -.00002182", -2.182e-5}, {".5", 0.5}, {"1.5E-3", 1.5e-3},
+        {"12.25\n", 12.25},   {"7.0 \r\n", 7.0},           {"+3", 3.0}, {"1e300", 1e300},
+    };
+    for (const auto& [text, value] : cases)
+        EXPECT_EQ(Atof(text), value) << text;
+    for (const char* text :
+         {"", "\n", "   ", "1,5", "12x", "nan", "inf", "-INF", "1e999", "0x10", "1.2.3", "\xff\xfe"}) {
+        EXPECT_EQ(Atof(text), 0) << text;
+        EXPECT_EQ(typedNumber(QString::fromLatin1(text)), 0) << text;
     }
-}
-
-TEST(Atof, ReadsPointsUnderALocaleOfCommas)
-{
-    const CommaLocale comma;
-    if (!comma.present)
-        GTEST_SKIP() << "no de_DE.UTF-8 on this machine";
-    EXPECT_EQ(Atof("1.5"), 1.5);
-    EXPECT_EQ(Atof("1,5"), 0.0);
 }
 
 TEST(WholeNumber, ReadsLeadingDigitsAndStopsAtTheRange)
 {
-    EXPECT_EQ(wholeNumber("  25544U"), 25544);
-    EXPECT_EQ(wholeNumber("-5"), -5);
-    EXPECT_EQ(wholeNumber("+7 8"), 7);
-    EXPECT_EQ(wholeNumber(" \n"), 0);
-    EXPECT_EQ(wholeNumber("abc"), 0);
-    EXPECT_EQ(wholeNumber("-"), 0);
-    EXPECT_EQ(wholeNumber("2147483648"), 2147483647);
+    const std::pair<const char*, int> cases[] = {
+        {"  25544U", 25544}, {"-5", -5}, {"+7 8", 7}, {" \n", 0}, {"-", 0}, {"2147483648", 2147483647},
+    };
+    for (const auto& [text, value] : cases)
+        EXPECT_EQ(wholeNumber(text), value) << text;
     EXPECT_EQ(wholeNumber("-99999999999999999999999"), -2147483647 - 1);
 }
 
@@ -89,16 +67,18 @@ TEST(Fscanf, TakesOneLineOfBlankSeparatedNumbers)
     }
 }
 
-TEST(Formatted, WritesPointsUnderALocaleOfCommas)
+TEST(Numbers, HavePointsUnderALocaleOfCommas)
 {
     const CommaLocale comma;
     if (!comma.present)
         GTEST_SKIP() << "no de_DE.UTF-8 on this machine";
+    EXPECT_EQ(Atof("1.5"), 1.5);
+    EXPECT_EQ(Atof("1,5"), 0.0);
     char text[32];
     EXPECT_EQ(formatted(text, "%6.2lf (%3.1lf)", 1.25, 2.5), "  1.25 (2,5)");
     TextWriter writer(text);
-    writer.add("a,b").addFormatted(" %.1lf", 0.5).addFormatted0("(h):%.1lf", 1.5);
-    EXPECT_STREQ(text, "a,b 0.5(h):1.5");
+    writer.add("a,b").addFormatted(" %.1lf", 0.5).add(", ").addFormatted0("(h):%.1lf", 1.5);
+    EXPECT_STREQ(text, "a,b 0.5, (h):1.5");
 }
 
 TEST(Formatted, CutsToTheArray)
