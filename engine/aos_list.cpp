@@ -65,10 +65,8 @@ void putSatellites(WoutData* out, const WinpData& in)
 {
     char text[128];
     putFormatted(out, TextWriter(text).add(" Satellite: ").add(fieldText(in.fsname[in.prs])));
-    if (relativeMode(in)) {
-        const int second = in.prs + 1 < in.satn ? in.prs + 1 : 0;
-        putFormatted(out, TextWriter(text).add(" ").add(fieldText(in.fsname[second])));
-    }
+    if (relativeMode(in))
+        putFormatted(out, TextWriter(text).add(" ").add(fieldText(in.fsname[secondSatellite(in)])));
     putFormatted(out, TextWriter(text).add(" ").add(std::string(71, '=')));
 }
 

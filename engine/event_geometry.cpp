@@ -230,14 +230,11 @@ void convRDAE(const WinpData* in, double mjd, double eqeq, double& az, double& e
         el = second * radPerDeg;
         return;
     }
-    double ut1 = held(mjd, heldTimeDays);
-    if (in->IERSflg)
-        ut1 += held(in->Ut1Utc, heldSeconds) / 86400.0;
     const double lat = held(in->lat, heldDegrees) * radPerDeg;
     const double lng = held(in->lng, heldDegrees) * radPerDeg;
     const Vec3 direction = polcar(Vec3(1.0, DmsDegF(first) * radPerHour, DmsDegF(second) * radPerDeg));
     double distance = 0;
-    AppPos(ut1, eqeq, lat, lng, in->height, 0, direction, az, el, distance);
+    AppPos(heldUt1(mjd, *in), eqeq, lat, lng, in->height, 0, direction, az, el, distance);
 }
 
 void SkyAzim(WinpData* in, double mjd)

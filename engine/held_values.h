@@ -3,6 +3,8 @@
 
 #include <algorithm>
 
+#include "app/record/winp_data.h"
+
 constexpr double heldTimeDays = 1e8;       // some 270,000 years
 constexpr double heldDegrees = 1e6;        // angles; nothing is reduced, so a few turns stay as they are
 constexpr double heldHeightMetres = 1e12;  // observers
@@ -15,4 +17,11 @@ constexpr double heldMagnitudes = 1e6;
 constexpr double held(double x, double limit)
 {
     return x != x ? 0.0 : std::clamp(x, -limit, limit);
+}
+
+/// UT1 of a UTC date; both MJD and held. Without Earth parameters the two are one.
+constexpr double heldUt1(double mjd, const WinpData& in)
+{
+    const double utc = held(mjd, heldTimeDays);
+    return in.IERSflg ? utc + held(in.Ut1Utc, heldSeconds) / 86400.0 : utc;
 }

@@ -19,8 +19,8 @@ SolarEclipse solarEclipse(const Vec3& sun, const Vec3& moon, const Vec3& satelli
 /// What lights the satellite.
 struct LightSource
 {
-    double magnitude = -26.74;  // the Sun's; the Moon's at the satellite
-    Vec3 position{0, 0, 0};     // km
+    double magnitude = 0;    // the Sun's; the Moon's at the satellite
+    Vec3 position{0, 0, 0};  // km
     bool moonlight = false;
 };
 

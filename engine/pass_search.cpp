@@ -461,6 +461,11 @@ bool relativeMode(const WinpData& in)
     return in.rlm != 0 && in.satn > 1 && in.occflg == 0 && in.flarflg == 0;
 }
 
+int secondSatellite(const WinpData& in)
+{
+    return in.prs + 1 < in.satn ? in.prs + 1 : 0;
+}
+
 double heldSpan(double days)
 {
     return std::isnan(days) ? longestSpanDays : std::clamp(days, -longestSpanDays, longestSpanDays);

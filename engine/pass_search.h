@@ -8,6 +8,9 @@ struct SatPosData;
 /// set, at least two satellites are selected, and neither occultations nor flares are looked for.
 bool relativeMode(const WinpData& in);
 
+/// The slot of the satellite that relative mode looks from: the one behind the prime, or the first.
+int secondSatellite(const WinpData& in);
+
 /// The search step near the horizon, and the margin behind a pass.
 constexpr double oneMinuteDays = 0.0006944444444444445;
 

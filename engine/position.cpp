@@ -21,7 +21,7 @@ public:
     {
         if (!on)
             return;
-        second = isat + 1 < in->satn ? isat + 1 : 0;
+        second = secondSatellite(*in);
         observer = {in->lat, in->lng, in->height};
         before = placeOfSecond();
         GetSatPos(mjd, in, sp, second, 0);

@@ -122,9 +122,7 @@ double wrapPi(double x)
 void setTimes(Scene& s, double mjd)
 {
     s.mjd = held(mjd, heldTimeDays);
-    s.ut1 = s.mjd;
-    if (s.in->IERSflg)
-        s.ut1 += held(s.in->Ut1Utc, heldSeconds) / 86400.0;
+    s.ut1 = heldUt1(mjd, *s.in);
     if (const double day = std::floor(s.mjd); day != s.ttUtDay) {
         s.ttUtDay = day;
         s.ttUt = ttUtOf(s.mjd, s.in);

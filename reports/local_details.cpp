@@ -42,8 +42,6 @@ double compass(double degrees)
     return degrees >= 360.0 ? degrees - 360.0 : degrees;
 }
 
-// --- sky map
-
 void addSkyPoint(TextWriter& text, const WinpData& in)
 {
     // the commas of the text stay, so only the numbers go through the repair of decimal commas
@@ -111,8 +109,6 @@ void skyDetails(TextWriter& text, WinpData* in)
     }
     GetSatPos(in->mjd, in, satpos, in->prs, 0);
 }
-
-// --- world map
 
 void addPlace(TextWriter& text, const WinpData& in)
 {

@@ -29,7 +29,8 @@ constexpr std::size_t dateOnly = 7;
 constexpr std::size_t dateAndMinutes = 13;
 constexpr std::size_t dateAndSeconds = 16;
 
-double greatestElevation = -100.0;  // of the listing under way, degrees, without refraction
+constexpr double noneYetDeg = -100.0;
+double greatestElevation = noneYetDeg;  // of the listing under way, degrees, without refraction
 
 /// The start of a pass, moved on to the next full minute or second as the time step asks.
 double alignedStart(double t, double step)
@@ -59,7 +60,7 @@ void addNames(TextWriter& text, const WinpData& in, int mode)
         text.add("\n\n\n");
     text.add(fieldText(in.fsname[in.prs]));
     if (relativeMode(in))
-        text.add("\n").add(fieldText(in.fsname[in.prs + 1 < in.satn ? in.prs + 1 : 0]));
+        text.add("\n").add(fieldText(in.fsname[secondSatellite(in)]));
     text.add("\n").add(std::string(54, '_')).add("\n");
 }
 
@@ -180,11 +181,8 @@ Vec3 apparentDirection(WinpData* in, double t)
 /// Azimuth and elevation of a direction for the observer, radians.
 void horizontal(const WinpData& in, double t, const Vec3& direction, double& az, double& el)
 {
-    double ut1 = held(t, heldTimeDays);
-    if (in.IERSflg)
-        ut1 += held(in.Ut1Utc, heldSeconds) / 86400.0;
     double distance = 0;
-    AppPos(ut1, 0.0, in.lat * radPerDeg, in.lng * radPerDeg, in.height, 0, direction, az, el, distance);
+    AppPos(heldUt1(t, in), 0.0, in.lat * radPerDeg, in.lng * radPerDeg, in.height, 0, direction, az, el, distance);
 }
 
 void addPole(TextWriter& text, const WinpData& in, double az, double el, const Vec3& pole)
@@ -220,7 +218,7 @@ int GetPassDTxt(WinpData* in, double& t, char* text, int mode)
     TextWriter step(text, passDetailsRoom);
     if (t == 0.0) {
         in->tmaxel = 0.0;
-        greatestElevation = -100.0;
+        greatestElevation = noneYetDeg;
         t = alignedStart(in->aostm[in->aossel], in->tmstep);
         addHeading(step, *in, t, mode);
     } else {

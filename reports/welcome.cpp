@@ -1,7 +1,7 @@
 #include "reports/welcome.h"
 
+#include <algorithm>
 #include <array>
-#include <cmath>
 #include <cstdio>
 
 #include "app/record/clock.h"

@@ -7,11 +7,10 @@
 #include <fstream>
 #include <functional>
 #include <iterator>
-#include <numbers>
 #include <random>
 #include <string>
-#include <vector>
 
+#include "astro/angles.h"
 #include "engine/lazy_position.h"
 #include "engine/position.h"
 #include "engine/record_helper.h"
@@ -19,7 +18,6 @@
 
 namespace {
 
-constexpr double epochMjd = 58138.0;
 constexpr Site sites[] = {vienna, {0.3, -78.0, 2500.0}, {-77.8, 166.7, 10.0}, {90.0, 0.0, 0.0}};
 
 /// Uniform figures, the same on every machine.
@@ -57,14 +55,24 @@ constexpr Shape shapes[] = {
     {"deep space", 0.3, 6.3, 300.0, 40000.0, 0.9, 0.0, 178.0, 1e-4},
 };
 
+constexpr Shape swinging{"swinging", 2.5, 6.0, 300.0, 300.0, 0.05, 0.0, 165.0, 0.0};
+
+/// The amplitudes of what Moon and Sun do to an orbit.
+constexpr double elsetrec::*swings[] = {
+    &elsetrec::se2, &elsetrec::se3, &elsetrec::si2, &elsetrec::si3,  &elsetrec::sl2,  &elsetrec::sl3,
+    &elsetrec::sl4, &elsetrec::sh2, &elsetrec::sh3, &elsetrec::sgh2, &elsetrec::sgh3, &elsetrec::sgh4,
+    &elsetrec::ee2, &elsetrec::e3,  &elsetrec::xi2, &elsetrec::xi3,  &elsetrec::xl2,  &elsetrec::xl3,
+    &elsetrec::xl4, &elsetrec::xh2, &elsetrec::xh3, &elsetrec::xgh2, &elsetrec::xgh3, &elsetrec::xgh4,
+};
+
 WinpData madeUp(const Shape& shape, Dice& dice)
 {
     WinpData in = recordAt(vienna);
     in.satn = 1;
     in.aflg[0] = 1;
-    in.mjdep[0] = epochMjd;
+    in.mjdep[0] = 58138.0;
     in.n0[0] = dice.between(shape.n1, shape.n2);
-    const double axisKm = std::cbrt(398600.8 / std::pow(in.n0[0] * 2.0 * std::numbers::pi / 86400.0, 2.0));
+    const double axisKm = std::cbrt(398600.8 / std::pow(in.n0[0] * twoPi / 86400.0, 2.0));
     const double perigeeKm = 6378.0 + dice.between(shape.perigee1, shape.perigee2);
     in.ecc[0] = std::clamp(1.0 - perigeeKm / axisKm, 0.0001, shape.eccentricity);
     in.inc[0] = dice.between(shape.inc1, shape.inc2);
@@ -75,44 +83,32 @@ WinpData madeUp(const Shape& shape, Dice& dice)
     return in;
 }
 
-std::vector<int> catalogueNumbers(int stride)
+using Run = std::function<void(const std::string& what, WinpData& in, Dice& dice)>;
+
+/// The analytic state in use is that of the orbit: in the last ones with a single, large swing.
+void forEachOrbit(const Run& run)
 {
-    std::vector<int> numbers;
+    Dice dice;
+    const auto start = [&](const char* what, WinpData in, double elsetrec::*swing = nullptr) {
+        positionAt(in.mjdep[0], in);
+        for (double elsetrec::*other : swings)
+            satrec.*other = swing ? 0.0 : satrec.*other;
+        if (swing)
+            satrec.*swing = 0.06;
+        run(what, in, dice);
+    };
     std::ifstream file(TEST_DATA "/elements/catalogue_2018.txt");
     int n = 0;
     for (std::string line; std::getline(file, line);)
-        if (line.rfind("1 ", 0) == 0 && n++ % stride == 0)
-            numbers.push_back(std::stoi(line.substr(2, 5)));
-    return numbers;
-}
-
-void forEachOrbit(const std::function<void(const std::string&, WinpData&, Dice&)>& run)
-{
-    Dice dice;
-    for (const int number : catalogueNumbers(9)) {
-        WinpData in = recordAt(vienna);
-        in.satn = 1;
-        ASSERT_TRUE(loadElements(in, 0, "catalogue_2018.txt", number));
-        run("catalogue", in, dice);
-    }
+        if (line.rfind("1 ", 0) == 0 && n++ % 9 == 0)
+            start("catalogue", recordWith({std::stoi(line.substr(2, 5))}, vienna, "catalogue_2018.txt"));
     for (const Shape& shape : shapes)
-        for (int k = 0; k < 25; ++k) {
-            WinpData in = madeUp(shape, dice);
-            run(shape.what, in, dice);
-        }
+        for (int k = 0; k < 25; ++k)
+            start(shape.what, madeUp(shape, dice));
+    for (double elsetrec::*swing : swings)
+        for (int k = 0; k < 16; ++k)
+            start(swinging.what, madeUp(swinging, dice), swing);
 }
-
-/// How often something was settled.
-struct Share
-{
-    int settled = 0, all = 0;
-    void add(bool isSettled)
-    {
-        settled += isSettled;
-        ++all;
-    }
-    double value() const { return static_cast<double>(settled) / all; }
-};
 
 Vec3 inSpace(const GuideOrbit& guide, const GuideOrbit::Place& p)
 {
@@ -130,17 +126,17 @@ bool agrees(Verdict verdict, bool exact)
 
 TEST(GuideOrbit, TheModelIsNoFartherAwayThanTheBound)
 {
-    Share catalogue, madeUpOrbits;
+    int usable[2] = {}, all[2] = {};  // made up, of the catalogue
+    double nearest = 0;
     forEachOrbit([&](const std::string& what, WinpData& in, Dice& dice) {
         SCOPED_TRACE(what);
-        in.sgpsat = noSlot;
         SatPosData sp;
         const double from = dice.between(-3.0, 12.0);
-        GetSatPos(in.mjdep[0] + from, &in, &sp, 0, 0);
         GuideOrbit guide;
         if (in.sgpsat == 0)
             guide = GuideOrbit(in, satrec, from * 1440.0, (from + 1.0) * 1440.0);
-        (what == "catalogue" ? catalogue : madeUpOrbits).add(guide.usable());
+        ++all[what == "catalogue"];
+        usable[what == "catalogue"] += guide.usable();
         GuideOrbit::Place place{};
         GuideOrbit::Place before{};
         double minutes = 0;
@@ -150,7 +146,9 @@ TEST(GuideOrbit, TheModelIsNoFartherAwayThanTheBound)
             if (!guide.place(from * 1440.0 + minutes, place))
                 continue;
             GetSatPos(in.mjdep[0] + from + minutes / 1440.0, &in, &sp, 0, 0);
-            ASSERT_LE(abs(sp.rsat - inSpace(guide, place)), place.offKm) << minutes << " minutes on";
+            const double off = abs(sp.rsat - inSpace(guide, place));
+            nearest = std::max(nearest, off / place.offKm);
+            ASSERT_LE(off, place.offKm) << minutes << " minutes on";
             ASSERT_LE(place.offKm, guide.farthestOffKm());
             if (k > 0) {
                 ASSERT_LE(abs(inSpace(guide, place) - inSpace(guide, before)),
@@ -158,22 +156,23 @@ TEST(GuideOrbit, TheModelIsNoFartherAwayThanTheBound)
             }
         }
     });
-    EXPECT_GT(catalogue.value(), 0.97);
-    EXPECT_GT(madeUpOrbits.value(), 0.6);
+    EXPECT_GT(usable[1], 0.97 * all[1]);
+    EXPECT_GT(usable[0], 0.6 * all[0]);
+    EXPECT_GT(nearest, 0.8) << "no orbit comes near to its bound";
 }
 
 TEST(PassBounds, NothingSettledIsContradictedByThePositionItself)
 {
-    Share elevations, suns, shadows;
-    int site = 0;
+    int all = 0, elevations = 0, suns = 0, shadows = 0;
+    int count = 0;
     forEachOrbit([&](const std::string& what, WinpData& in, Dice& dice) {
         SCOPED_TRACE(what);
-        const Site& s = sites[site++ % std::size(sites)];
+        const Site& s = sites[++count % std::size(sites)];
         in.lat = s.lat;
         in.lng = s.lng;
         in.height = s.height;
         in.satel = dice.between(-20.0, 60.0);
-        in.sgpsat = noSlot;
+        in.IERSxp = count % 7 ? 0.0 : 1e5;
         double t = in.mjdep[0] + dice.between(-3.0, 12.0);
         SatPosData found, sp;
         LazyPosition position(&in, &found, 0, false);
@@ -184,7 +183,7 @@ TEST(PassBounds, NothingSettledIsContradictedByThePositionItself)
         bounds.anchorSun(position.scene());
         const double sunLimit = dice.between(-18.0, 20.0);
         double best = 0;
-        const bool inside = site % 2 == 0;
+        const bool inside = count % 2 == 0;
         if (inside)
             bounds.setBest(best = dice.between(in.satel, 80.0));
         for (int k = 0; k < 150; ++k) {
@@ -198,14 +197,13 @@ TEST(PassBounds, NothingSettledIsContradictedByThePositionItself)
             ASSERT_TRUE(agrees(other, inside ? sp.el[0] <= best : sp.el[0] < -25.0)) << sp.el[0] << ' ' << best;
             ASSERT_TRUE(agrees(sun, sp.osunel > sunLimit)) << sp.osunel << " against " << sunLimit;
             ASSERT_TRUE(agrees(lit, sp.sunel[0] >= 0.0)) << sp.sunel[0];
-            if (what == "catalogue") {
-                elevations.add(high != Verdict::open);
-                suns.add(sun != Verdict::open);
-                shadows.add(lit != Verdict::open);
+            if (what == "catalogue" && in.IERSxp == 0.0) {
+                ++all;
+                elevations += high != Verdict::open;
+                suns += sun != Verdict::open;
+                shadows += lit != Verdict::open;
             }
         }
     });
-    EXPECT_GT(elevations.value(), 0.9);
-    EXPECT_GT(suns.value(), 0.9);
-    EXPECT_GT(shadows.value(), 0.9);
+    EXPECT_GT(std::min({elevations, suns, shadows}), 0.9 * all);
 }

@@ -3,14 +3,15 @@
 #include "app/record/files.h"
 #include "app/record/text.h"
 #include "elements/reader.h"
+#include "engine/pass_search.h"
 
 #include <fstream>
 #include <iterator>
 
-#include <gtest/gtest.h>
-
-void observeFromVienna(WinpData* in)
+void ReportTest::startAnew()
 {
+    WinpData* in = indata;
+    *in = WinpData{};
     setDefaults(in);
     in->sgpsat = noSlot;
     assignField(in->geoname, "Vienna");
@@ -26,7 +27,21 @@ void observeFromVienna(WinpData* in)
     in->visflg = 0;
     in->sunel = 90.0;
     in->yrepoch = 0.0;
+    in->aostm[0] = secondPass;
+    in->naos = 1;
+    in->tmstep = oneMinuteDays;
+    in->newsave = 1;
+    assignField(in->savename, "list.txt");
     assignField(in->tlename, TEST_DATA "/elements/visual_2018.txt");
+    addSatellite(in, 25544);
+}
+
+void ReportTest::occultStar()
+{
+    indata->occflg = 3;
+    indata->occra = 12.0;
+    indata->occdec = 20.3;
+    indata->refrc = false;
 }
 
 void addSatellite(WinpData* in, int norad)

@@ -1,109 +1,39 @@
 // The files that the reports write, byte by byte. Where the expected texts come from: tests/data/reports/README.md.
 
-#include "app/record/files.h"
 #include "app/record/text.h"
 #include "app/record/wout_data.h"
 #include "engine/aos_list.h"
+#include "engine/pass_search.h"
 #include "engine/scan/all_satellites.h"
 #include "engine/scan/iridium_scan.h"
+#include "report_lines.h"
 #include "reports/orbit_track.h"
 #include "reports/pass_details.h"
 #include "reports/report_helper.h"
-#include "scratch_dir.h"
 
-#include <gtest/gtest.h>
-
-#include <string>
+#include <limits>
 
 namespace {
 
-constexpr int station = 25544;
+class SavedText : public ReportTest
+{};
 
-constexpr double minuteDays = 1.0 / 1440.0;
-constexpr double secondPass = 58138.06773;
-
-std::string textOf(const char* name)
-{
-    std::string text;
-    const FilePtr file = openForReading(name);
-    for (std::string line; file && readLine(file.get(), line);)
-        text += line;
-    return text;
-}
-
-/// The three lines of an entry.
-std::string entryOf(const std::string& elements, const std::string& name)
-{
-    const std::size_t begin = elements.find("\n" + name) + 1;
-    std::size_t end = begin;
-    for (int line = 0; line < 3; ++line)
-        end = elements.find('\n', end) + 1;
-    return elements.substr(begin, end - begin);
-}
-
-class SavedText : public testing::Test
-{
-protected:
-    SavedText() { fresh(); }
-
-    void fresh()
-    {
-        *indata = WinpData{};
-        observeFromVienna(indata);
-        addSatellite(indata, station);
-        indata->newsave = 1;
-        assignField(indata->savename, "list.txt");
-    }
-
-    void occultStar()
-    {
-        indata->occflg = 3;
-        indata->occra = 12.0;
-        indata->occdec = 20.3;
-        indata->refrc = false;
-    }
-
-    void choosePass(double stepDays)
-    {
-        indata->aostm[0] = secondPass;
-        indata->aossel = 0;
-        indata->naos = 1;
-        indata->tmstep = stepDays;
-        indata->ra4d = 1;
-    }
-
-    const ScratchDir folder;
-};
-
-TEST_F(SavedText, OfTheAosList)
+TEST_F(SavedText, OfTheAosListAndOfAllPasses)
 {
     indata->dur = 1.0;
     indata->tofile = 1;
     aospass(indata, outdata);
-    EXPECT_EQ(ScratchDir::read("list.txt"), expectedText("aos_list.txt"));
-}
+    EXPECT_EQ(saved(), expectedText("aos_list.txt"));
 
-TEST_F(SavedText, OfAllPasses)
-{
-    const std::string elements = textOf(TEST_DATA "/elements/visual_2018.txt");
-    std::string few;
-    for (const char* name : {"ISS (ZARYA)", "HST", "TERRA"})
-        few += entryOf(elements, name);
-    ScratchDir::write("few.txt", few);
-    assignField(indata->tlename, "few.txt");
-    indata->dur = 1.0;
+    assignField(indata->tlename, TEST_DATA "/reports/three_entries.txt");
+    indata->newsave = 1;
     EXPECT_EQ(AllSatAos(indata), 0);
-    EXPECT_EQ(ScratchDir::read("list.txt"), expectedText("all_passes.txt"));
+    EXPECT_EQ(saved(), expectedText("all_passes.txt"));
 }
 
 TEST_F(SavedText, OfAFlareSearchAndItsTable)
 {
-    const std::string elements = textOf(TEST_DATA "/elements/iridium_2018.txt");
-    std::string few;
-    for (const char* name : {"IRIDIUM 54 [+]", "IRIDIUM 82 [-]", "IRIDIUM 83 [+]", "IRIDIUM 14 [+]"})
-        few += entryOf(elements, name);
-    ScratchDir::write("few.txt", few);
-    assignField(indata->tlename, "few.txt");
+    assignField(indata->tlename, TEST_DATA "/reports/four_iridiums.txt");
     indata->satn = 0;
     indata->lat = 48.2;
     indata->lng = 16.37;
@@ -113,36 +43,32 @@ TEST_F(SavedText, OfAFlareSearchAndItsTable)
     IridiumSearch search(indata);
     search.accept(-3.0, false, false);
     ASSERT_EQ(AllSatAos(indata), 0);
-    EXPECT_EQ(ScratchDir::read("list.txt"), expectedText("flare_passes.txt"));
+    EXPECT_EQ(saved(), expectedText("flare_passes.txt"));
 
     Iriddspy(indata, outdata);
     std::string table;
-    for (int line = 0; line < outdata->nlines; ++line)
-        table += std::string(lineText(*outdata, line)) + "\n";
+    for (const std::string& line : reportLines(*outdata))
+        table += line + "\n";
     EXPECT_EQ(table, expectedText("flare_table.txt"));
     EXPECT_EQ(indata->satn, 4);
 }
 
 TEST_F(SavedText, OfThePassDetails)
 {
-    choosePass(minuteDays);
+    indata->ra4d = 1;
     EXPECT_TRUE(vsSavePassDt(passform::save));
-    EXPECT_EQ(ScratchDir::read("list.txt"), expectedText("pass_details.txt"));
-}
+    EXPECT_EQ(saved(), expectedText("pass_details.txt"));
 
-TEST_F(SavedText, OfThePassDetailsOfAnOccultation)
-{
-    choosePass(minuteDays);
-    occultStar();
-    EXPECT_TRUE(vsSavePassDt(passform::save));
-    EXPECT_EQ(ScratchDir::read("list.txt"), expectedText("pass_events.txt"));
-}
-
-TEST_F(SavedText, OfTheGroundTrack)
-{
-    choosePass(minuteDays / 2);
+    indata->newsave = 1;
+    indata->tmstep = minuteDays / 2;
     EXPECT_TRUE(vsSavePassDt(passform::groundTrack));
-    EXPECT_EQ(ScratchDir::read("list.txt"), expectedText("ground_track.txt"));
+    EXPECT_EQ(saved(), expectedText("ground_track.txt"));
+
+    occultStar();
+    indata->newsave = 1;
+    indata->tmstep = oneMinuteDays;
+    EXPECT_TRUE(vsSavePassDt(passform::save));
+    EXPECT_EQ(saved(), expectedText("pass_events.txt"));
 }
 
 TEST_F(SavedText, OfTheOrbitTrack)
@@ -152,11 +78,47 @@ TEST_F(SavedText, OfTheOrbitTrack)
     indata->newsave = 0;
     ScratchDir::write("list.txt", "old\n");
     EXPECT_EQ(saveOrbitTrack(indata), 0);
-    EXPECT_EQ(ScratchDir::read("list.txt"), expectedText("orbit_track.txt"));
+    EXPECT_EQ(saved(), expectedText("orbit_track.txt"));
     EXPECT_EQ(indata->newsave, 0);
     occultStar();
     EXPECT_EQ(saveOrbitTrack(indata), 0);
-    EXPECT_EQ(ScratchDir::read("list.txt"), expectedText("orbit_track_events.txt"));
+    EXPECT_EQ(saved(), expectedText("orbit_track_events.txt"));
+    assignField(indata->savename, "no/such/directory.txt");
+    EXPECT_EQ(saveOrbitTrack(indata), 1);
+}
+
+class OrbitTrack : public ReportTest
+{
+protected:
+    static std::string track()
+    {
+        EXPECT_EQ(saveOrbitTrack(indata), 0);
+        return saved();
+    }
+
+    static bool has(const std::string& text, const char* part) { return text.find(part) != std::string::npos; }
+};
+
+TEST_F(OrbitTrack, HoldsAnEndlessSpanAndSaysSo)
+{
+    indata->tmstep = 40000.0;
+    for (const double days : {std::numeric_limits<double>::quiet_NaN(), 1e300, 100001.0}) {
+        SCOPED_TRACE(days);
+        indata->dur = days;
+        const std::string text = track();
+        EXPECT_TRUE(has(text, " <+++\n *** Time span held to 100000 days ***\n"));
+        EXPECT_EQ(std::count(text.begin(), text.end(), '\n'), 5 + 3) << "the notice and three steps";
+    }
+}
+
+TEST_F(OrbitTrack, TellsFlaresOfAKnownSurfaceOnly)
+{
+    indata->dur = minuteDays / 2;
+    indata->flarflg = 1;
+    for (const int surface : {-1, 1}) {
+        indata->flarmod = surface;
+        EXPECT_EQ(has(track(), " Ctr.Line  long.    lat.\n\n"), surface > 0);
+    }
 }
 
 }  // namespace
