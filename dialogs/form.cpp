@@ -12,6 +12,7 @@
 #include <QLineEdit>
 #include <QPushButton>
 #include <QRadioButton>
+#include <QTextCursor>
 #include <QTextEdit>
 
 #include "app/record/field_numbers.h"
@@ -149,6 +150,24 @@ QTextEdit* addTextView(QLayout* to, const char* name, const Help& help)
     return view;
 }
 
+void fillTextView(QTextEdit* view, const QString& text, int points)
+{
+    QFont font = view->font();
+    if (points > 0)
+        font.setPointSize(points);
+    view->setFont(font);
+    view->insertPlainText(text);
+    view->moveCursor(QTextCursor::Start);
+}
+
+QPushButton* addClose(QDialog* dialog, QBoxLayout* row, const Help& help)
+{
+    auto* close = addButton(row, "closeButton", text("&Close"), "Alt+C", help);
+    close->setDefault(true);
+    QObject::connect(close, &QPushButton::clicked, dialog, &QDialog::accept);
+    return close;
+}
+
 void addOkCancel(QDialog* dialog, QBoxLayout* row)
 {
     auto* ok =
@@ -199,6 +218,15 @@ void setEditEnabled(QLineEdit* edit, bool enabled)
     edit->setEnabled(enabled);
     if (QLabel* label = labelOf(edit))
         label->setEnabled(enabled);
+}
+
+void setName(QLineEdit* edit, const QString& name)
+{
+    QString letters = name;
+    while (letters.endsWith(' '))
+        letters.chop(1);
+    edit->setText(name);
+    edit->setCursorPosition(static_cast<int>(letters.size()));
 }
 
 void setNumber(QLineEdit* edit, double value)

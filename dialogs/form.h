@@ -57,6 +57,12 @@ QLabel* addText(QLayout* to, const char* name, const QString& line);
 /// A read-only text; it takes the room that is left.
 QTextEdit* addTextView(QLayout* to, const char* name, const Help& help);
 
+/// Writes a text into an empty view, in a size in points (the size stays if it is 0), and shows its start.
+void fillTextView(QTextEdit* view, const QString& text, int points);
+
+/// Puts closeButton (default, Alt+C, accepts) at the end of a row.
+QPushButton* addClose(QDialog* dialog, QBoxLayout* row, const Help& help);
+
 /// Puts okButton (default, Alt+O) and cancelButton (Alt+C) at the end of a row.
 void addOkCancel(QDialog* dialog, QBoxLayout* row);
 
@@ -74,6 +80,9 @@ void setShown(QWidget* widget, bool shown);
 
 /// Enables or disables an edit together with its label.
 void setEditEnabled(QLineEdit* edit, bool enabled);
+
+/// Shows a name of the record, whose end may be blanks: the cursor stands behind its last letter.
+void setName(QLineEdit* edit, const QString& name);
 
 /// Shows a number with six significant digits.
 void setNumber(QLineEdit* edit, double value);

@@ -202,7 +202,7 @@ void StEditOrbDialog::connectEdits()
 
 void StEditOrbDialog::setParam1(const QString& fsname, int norad, int aflg, int paflg, double mjdep, int lcflg)
 {
-    nameEdit->setText(fsname);
+    form::setName(nameEdit, fsname);
     form::setNumber(noradEdit, norad);
     showEpoch(mjdep, dayFormat);
     spg4Box->setChecked(aflg != 0);
@@ -210,7 +210,7 @@ void StEditOrbDialog::setParam1(const QString& fsname, int norad, int aflg, int 
     spgSlot();
     perapoSlot();
     for (QLineEdit* edit : {yearEdit, dayEdit, raEdit, aperEdit, m0Edit})
-        edit->setEnabled(lcflg == 0);
+        form::setEditEnabled(edit, lcflg == 0);
     edits = {};
 }
 
@@ -251,7 +251,7 @@ void StEditOrbDialog::setParam2(double a, double ra, double aper, double inc, do
 void StEditOrbDialog::setParam3(const QString& ldsn, int numflg)
 {
     ednwsflg = false;
-    idsnEdit->setText(ldsn);
+    form::setName(idsnEdit, ldsn);
     numBox->setChecked(numflg != 0);
     if (numflg == 0)
         return;
@@ -345,8 +345,8 @@ void StEditOrbDialog::allowForModel()
 {
     const bool sgp4 = spg4Box->isChecked();
     for (QLineEdit* edit : {ndotEdit, adotEdit, n2dotEdit})
-        edit->setEnabled(!sgp4);
-    bstarEdit->setEnabled(sgp4);
+        form::setEditEnabled(edit, !sgp4);
+    form::setEditEnabled(bstarEdit, sgp4);
 }
 
 void StEditOrbDialog::spgSlot()
@@ -359,9 +359,9 @@ void StEditOrbDialog::perapoSlot()
 {
     const bool byHeights = perapBox->isChecked();
     for (QLineEdit* edit : {periEdit, apoEdit})
-        edit->setEnabled(byHeights);
+        form::setEditEnabled(edit, byHeights);
     for (QLineEdit* edit : {eccEdit, n0Edit, aEdit})
-        edit->setEnabled(!byHeights);
+        form::setEditEnabled(edit, !byHeights);
 }
 
 void StEditOrbDialog::n0Slot()
@@ -412,7 +412,7 @@ void StEditOrbDialog::eccSlot()
         edits.n0c = 1;
     spg4Box->setChecked(false);
     for (QLineEdit* edit : {ndotEdit, adotEdit, n2dotEdit, bstarEdit})
-        edit->setEnabled(false);
+        form::setEditEnabled(edit, false);
 }
 
 void StEditOrbDialog::timeSlot()

@@ -89,8 +89,8 @@ void StLaunchDialog::getParams(int& lsx, double& lat, double& lng, int& lsouth, 
 void StLaunchDialog::siteSlot(int index)
 {
     csx = index;
-    latEdit->setEnabled(index == 0);
-    lngEdit->setEnabled(index == 0);
+    form::setEditEnabled(latEdit, index == 0);
+    form::setEditEnabled(lngEdit, index == 0);
     if (index == 0)
         return;
     const LaunchSite& site = launchSites.at(static_cast<std::size_t>(index));

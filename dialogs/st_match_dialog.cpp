@@ -83,5 +83,5 @@ void StMatchDialog::raSlot()
 
 void StMatchDialog::dirSlot()
 {
-    draEdit->setEnabled(drfBox->isChecked());
+    form::setEditEnabled(draEdit, drfBox->isChecked());
 }

@@ -50,7 +50,7 @@ void StObsDialog::setParams(double lat, double lng, double height, char* geoname
     ddmmButton->setChecked(ddmm);
     showPlace(ddmm ? DegFDms(lat) : lat, ddmm ? DegFDms(lng) : lng);
     form::setNumber(heightEdit, height);
-    locEdit->setText(textQString(geoname));
+    form::setName(locEdit, textQString(geoname));
 }
 
 void StObsDialog::getParams(double& lat, double& lng, double& height, bool& ddmm)

@@ -3,7 +3,6 @@
 #include <QHBoxLayout>
 #include <QMessageBox>
 #include <QPushButton>
-#include <QTextCursor>
 #include <QTextEdit>
 #include <QVBoxLayout>
 
@@ -50,8 +49,7 @@ StPassDialog::StPassDialog(QWidget* parent) : QDialog(parent)
                         {tr("Time, latitude and longitude will be copied to the save file. They can then be "
                             "used by other programs for producing map overlays etc."),
                          tr("Copy groundtrack on save file.")});
-    closeButton = form::addButton(buttons, "closeButton", tr("&Close"), "Alt+C", {tr("Closes the window.")});
-    closeButton->setDefault(true);
+    closeButton = form::addClose(this, buttons, {tr("Closes the window.")});
     form::finish(this, column, buttons);
 
     constexpr int marginPixels = 10, rightMarginPixels = 12, buttonRowPixels = 48;
@@ -61,19 +59,13 @@ StPassDialog::StPassDialog(QWidget* parent) : QDialog(parent)
     buttons->addStrut(buttonRowPixels);
     resize(491, 477);
 
-    connect(closeButton, &QPushButton::clicked, this, &QDialog::accept);
     connect(saveButton, &QPushButton::clicked, this, &StPassDialog::saveSlot);
     connect(gtrackButton, &QPushButton::clicked, this, &StPassDialog::gtrackSlot);
 }
 
 void StPassDialog::setParams(int size)
 {
-    QFont font = passEdit->font();  // proportional: the headings count on narrow blanks
-    if (size > 0)
-        font.setPointSize(size);
-    passEdit->setFont(font);
-    passEdit->insertPlainText(listing());
-    passEdit->moveCursor(QTextCursor::Start);
+    form::fillTextView(passEdit, listing(), size);  // proportional: the headings count on narrow blanks
     closeButton->setFocus();
 }
 

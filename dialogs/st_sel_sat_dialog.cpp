@@ -187,8 +187,8 @@ void StSelSatDialog::idsnSlot()
         nameLabel->setText(tr("Satellite &Name:"));
         return;
     }
-    noradEdit->setEnabled(false);
-    satnameEdit->setEnabled(true);
+    form::setEditEnabled(noradEdit, false);
+    form::setEditEnabled(satnameEdit, true);
     noradBox->setChecked(false);
     nameLabel->setText(tr("Inter&national Launch#:"));
 }
@@ -196,8 +196,8 @@ void StSelSatDialog::idsnSlot()
 void StSelSatDialog::noradSlot()
 {
     const bool byNumber = noradBox->isChecked();
-    noradEdit->setEnabled(byNumber);
-    satnameEdit->setEnabled(!byNumber);
+    form::setEditEnabled(noradEdit, byNumber);
+    form::setEditEnabled(satnameEdit, !byNumber);
     if (byNumber)
         idsnBox->setChecked(false);
 }

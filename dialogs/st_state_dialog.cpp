@@ -20,9 +20,12 @@ bool stdnmflg = false;
 StStateDialog::StStateDialog(QWidget* parent) : QDialog(parent)
 {
     setWindowTitle(tr("State Vector"));
+    auto* rows = new QFormLayout;
+    addEpoch(rows);
+    addState(rows);
     auto* left = new QVBoxLayout;
-    addEpoch(left);
-    addState(left);
+    left->addLayout(rows);
+    addFrames(left);
     left->addStretch();
     auto* right = new QVBoxLayout;
     addForces(right);
@@ -42,18 +45,16 @@ StStateDialog::StStateDialog(QWidget* parent) : QDialog(parent)
         connect(button, &QRadioButton::toggled, this, &StStateDialog::refSlot);
 }
 
-void StStateDialog::addEpoch(QVBoxLayout* column)
+void StStateDialog::addEpoch(QFormLayout* rows)
 {
-    auto* rows = new QFormLayout;
     yearEdit = form::addEdit(rows, "yearEdit", tr("&Year of epoch:"),
                              {tr("The year of the state vector's time in UTC."), tr("Year of epoch")});
     dayEdit = form::addEdit(
         rows, "dayEdit", tr("Day of Year. &Fraction of day:"),
         {tr("The day of the year with its fraction in UTC; 1.0 is the start of January 1."), tr("Day of the year")});
-    column->addLayout(rows);
 }
 
-void StStateDialog::addState(QVBoxLayout* column)
+void StStateDialog::addState(QFormLayout* rows)
 {
     struct Row
     {
@@ -61,7 +62,7 @@ void StStateDialog::addState(QVBoxLayout* column)
         QString label;
         QString help;
     };
-    const Row rows[] = {
+    const Row coordinates[] = {
         {"rxEdit", tr("&x (km):"), tr("The x coordinate of the position in the reference system chosen below.")},
         {"ryEdit", tr("y (km):"), tr("The y coordinate of the position in the reference system chosen below.")},
         {"rzEdit", tr("&z (km):"), tr("The z coordinate of the position in the reference system chosen below.")},
@@ -69,13 +70,15 @@ void StStateDialog::addState(QVBoxLayout* column)
         {"vyEdit", tr("Vy (km/s):"), tr("The y component of the velocity in the reference system chosen below.")},
         {"vzEdit", tr("Vz (km/s):"), tr("The z component of the velocity in the reference system chosen below.")},
     };
-    auto* state = new QFormLayout;
     for (std::size_t i = 0; i < stateEdits.size(); ++i) {
-        stateEdits[i] = form::addEdit(state, rows[i].name, rows[i].label, {rows[i].help});
+        const Row& row = coordinates[i];
+        stateEdits[i] = form::addEdit(rows, row.name, row.label, {row.help});
         stateEdits[i]->setMinimumWidth(stateEdits[i]->fontMetrics().horizontalAdvance("-0.000000000000e+000000"));
     }
-    column->addLayout(state);
+}
 
+void StStateDialog::addFrames(QVBoxLayout* column)
+{
     auto* frames = new QVBoxLayout;
     frameButtons[frame::trueOfDate] = form::addRadio(frames, "todButton", tr("Tr&ue of Date"), nullptr,
                                                      {tr("The true equator and equinox at the epoch.")});

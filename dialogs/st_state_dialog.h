@@ -6,6 +6,7 @@
 #include <array>
 
 class QCheckBox;
+class QFormLayout;
 class QLineEdit;
 class QRadioButton;
 class QVBoxLayout;
@@ -38,8 +39,9 @@ public Q_SLOTS:
     virtual void refSlot();
 
 private:
-    void addEpoch(QVBoxLayout* column);
-    void addState(QVBoxLayout* column);
+    void addEpoch(QFormLayout* rows);
+    void addState(QFormLayout* rows);
+    void addFrames(QVBoxLayout* column);
     void addForces(QVBoxLayout* column);
     void showForces(bool shown);
     double epoch() const;

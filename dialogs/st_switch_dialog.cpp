@@ -2,7 +2,6 @@
 
 #include <QCheckBox>
 #include <QHBoxLayout>
-#include <QPushButton>
 #include <QRadioButton>
 #include <QVBoxLayout>
 
@@ -26,11 +25,8 @@ StSwitchDialog::StSwitchDialog(QWidget* parent) : QDialog(parent)
                                 tr("Show relative satellite positions")});
     column->addStretch();
     auto* buttons = new QHBoxLayout;
-    auto* closeButton = form::addButton(buttons, "closeButton", tr("&Close"), "Alt+C",
-                                        {tr("Takes the choice over and closes the dialog.")});
-    closeButton->setDefault(true);
+    form::addClose(this, buttons, {tr("Takes the choice over and closes the dialog.")});
     form::finish(this, column, buttons);
-    connect(closeButton, &QPushButton::clicked, this, &QDialog::accept);
 }
 
 void StSwitchDialog::setParams(int prs, int rlm, int satn)

@@ -6,7 +6,6 @@
 
 #include "app/record/clock.h"
 #include "app/record/keep.h"
-#include "app/record/text.h"
 #include "design/orbit_helper.h"
 
 namespace {

@@ -28,7 +28,7 @@ constexpr int kepler = 0;
 
 void fill(StEditOrbDialog& dialog, const Elements& e, int model, int byHeights = 0, int numeric = 0, int launch = 0)
 {
-    dialog.setParam1("ISS (ZARYA)", 25544, model, byHeights, epoch, launch);
+    dialog.setParam1("ISS (ZARYA)   ", 25544, model, byHeights, epoch, launch);
     dialog.setParam2(e.a, e.ra, e.aper, e.inc, e.ecc, e.m0, e.n0, e.adot, e.ndot, e.n6dot, e.bstar);
     dialog.setParam3("1998-067A", numeric);
 }
@@ -103,7 +103,7 @@ private Q_SLOTS:
             bool further = true;
             dialog.getParam1(name, norad, aflg, paflg, year, day);
             dialog.getParam3(designator, numflg, further);
-            QCOMPARE(name + designator, QString("ISS (ZARYA)1998-067A"));
+            QCOMPARE(name + designator, QString("ISS (ZARYA)   1998-067A"));
             QCOMPARE((std::array{norad, aflg, paflg, numflg, int(further)}), (std::array{25544, model, 0, 0, 0}));
             QCOMPARE(year, 2018.0);
             QVERIFY(near(day, 20.25, 0.5e-10));
@@ -181,6 +181,18 @@ private Q_SLOTS:
         QVERIFY(near(read(dialog).n0, 7000.0, 1e-9));
     }
 
+    void aNumericHyperbolaShowsItsTimeOfPerigee()
+    {
+        indata->mjdep[0] = epoch + 1.0;  // at the perigee, as position and velocity are at right angles
+        indata->epr0[0] = 8000e3;
+        indata->epv1[0] = 15e3;
+        for (const bool numeric : {false, true}) {
+            StEditOrbDialog dialog;
+            fill(dialog, flyby(), kepler, 0, numeric);
+            QVERIFY(near(shownValue(dialog, "dayEdit"), numeric ? 21.25 : 20.25, 1e-8));
+        }
+    }
+
     void editTimeRewritesTheEpoch()
     {
         StEditOrbDialog dialog;
@@ -205,6 +217,14 @@ private Q_SLOTS:
         click(dialog, "timeButton");
         QCOMPARE(text(dialog, "yearEdit"), QString("2020"));
         QCOMPARE(text(dialog, "dayEdit"), QString(" 61.5000000000"));  // a leap year
+    }
+
+    void aNameIsContinuedBehindItsLastLetter()
+    {
+        StEditOrbDialog dialog;
+        fill(dialog, station(kepler), kepler);
+        QTest::keyClicks(edit(dialog, "nameEdit"), " 2");
+        QCOMPARE(text(dialog, "nameEdit"), QString("ISS (ZARYA) 2   "));
     }
 
     void adjustmentIsStoredOnOk()
@@ -302,11 +322,16 @@ private Q_SLOTS:
             QVERIFY(shown(state, "kpEdit") && shown(state, "kpLabel"));
             type(state, "kpEdit", "4.5");
             type(state, "rxEdit", "8100");
+            type(state, "ryEdit", "300");
+            type(state, "rzEdit", "-400");
             click(state, "okButton");
         });
         click(dialog, "stateButton");
         QCOMPARE(indata->epr0[0], 8100e3);
         QCOMPARE(indata->csr0[0], 8100e3);
+        QCOMPARE(indata->epr1[0], 300e3);
+        const double radius = std::sqrt(8100.0 * 8100.0 + 300.0 * 300.0 + 400.0 * 400.0);
+        QVERIFY(near(read(dialog).a, 1.0 / (2.0 / radius - 49.25 / 398600.4415), 1e-3));  // the vis-viva equation
         QCOMPARE(indata->Kp[0], 4.5);
         QCOMPARE(indata->F107[0], 151.0);
     }

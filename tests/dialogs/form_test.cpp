@@ -116,6 +116,16 @@ QString sharedKeys(const QDialog& dialog)
     return shared.join(' ');
 }
 
+/// The fields that are locked while their label is not, or the reverse.
+QString strayLabels(const QDialog& dialog)
+{
+    QStringList stray;
+    for (const QLabel* label : dialog.findChildren<QLabel*>())
+        if (label->buddy() && label->isEnabledTo(&dialog) != label->buddy()->isEnabledTo(&dialog))
+            stray.append(label->objectName());
+    return stray.join(' ');
+}
+
 /// The dialogs that there are: a class for each pair of files.
 QStringList dialogFiles()
 {
@@ -131,16 +141,11 @@ class FormTest : public QObject
 private Q_SLOTS:
     void noDialogIsLeftOut() { QCOMPARE(dialogFiles().size(), qsizetype(std::size(dialogCases))); }
 
-    void everyDialogHasItsTitle()
-    {
-        for (const DialogCase& c : dialogCases)
-            QCOMPARE(std::unique_ptr<QDialog>(c.maker())->windowTitle(), QString(c.title));
-    }
-
-    void everyWidgetHasAnObjectNameAndAWhatsThisText()
+    void everyDialogHasItsTitleAndEveryWidgetItsNameAndText()
     {
         for (const DialogCase& c : dialogCases) {
             const std::unique_ptr<QDialog> dialog(c.maker());
+            QCOMPARE(dialog->windowTitle(), QString(c.title));
             const QList<QWidget*> widgets = controls(*dialog);
             QVERIFY2(widgets.size() >= 2, c.title);
             QSet<QString> names;
@@ -168,7 +173,7 @@ private Q_SLOTS:
     }
 
     // A box can change the labels around it.
-    void noKeyLeadsToTwoWidgetsWhateverIsMarked()
+    void keysAreUniqueAndLabelsFollowTheirFieldsWhateverIsMarked()
     {
         for (const DialogCase& c : dialogCases) {
             const std::unique_ptr<QDialog> first(c.maker());
@@ -176,16 +181,23 @@ private Q_SLOTS:
             for (const auto* box : first->findChildren<QCheckBox*>()) {
                 const std::unique_ptr<QDialog> dialog(c.maker());
                 auto* same = dialog->findChild<QCheckBox*>(box->objectName());
-                same->setChecked(!same->isChecked());
+                same->toggle();
                 const QString where = QString(c.title) + ", " + box->objectName() + ": ";
                 QCOMPARE(where + sharedKeys(*dialog), where + c.sharedKeys);
+                QCOMPARE(where + strayLabels(*dialog), where);
+                same->toggle();
+                QCOMPARE(where + strayLabels(*dialog), where);
             }
         }
     }
 
-    void okAcceptsAndCancelRejects()
+    void okIsTheDefaultAndAcceptsAndCancelRejects()
     {
         for (const DialogCase& c : dialogCases) {
+            const std::unique_ptr<QDialog> fresh(c.maker());
+            const bool searches = qstrcmp(c.title, "Select Satellite") == 0;
+            QVERIFY2(child<QPushButton>(*fresh, searches ? "findButton" : c.ok)->isDefault(), c.title);
+            QCOMPARE(child<QPushButton>(*fresh, c.ok)->autoDefault(), !searches);
             for (const char* name : {c.ok, c.cancel}) {
                 if (!name)
                     continue;
@@ -196,19 +208,6 @@ private Q_SLOTS:
                 QVERIFY2(!dialog->isVisible(), c.title);
                 QCOMPARE(dialog->result(), name == c.ok ? int(QDialog::Accepted) : int(QDialog::Rejected));
             }
-        }
-    }
-
-    void theReturnKeyPressesTheDefaultButton()
-    {
-        for (const DialogCase& c : dialogCases) {
-            const std::unique_ptr<QDialog> dialog(c.maker());
-            const auto* ok = child<QPushButton>(*dialog, c.ok);
-            const bool searches = qstrcmp(c.title, "Select Satellite") == 0;
-            QCOMPARE(ok->isDefault(), !searches);
-            QCOMPARE(ok->autoDefault(), !searches);
-            if (searches)
-                QVERIFY(child<QPushButton>(*dialog, "findButton")->isDefault());
         }
     }
 

@@ -1,30 +1,51 @@
-// What the smaller dialogs do with their fields: date, place, launch site, maneuver.
+// What the smaller dialogs do with their fields.
 
 #include <array>
-#include <utility>
+#include <tuple>
 
 #include <QComboBox>
 
 #include "dialogs/dialog_helper.h"
+#include "dialogs/st_adj_dialog.h"
+#include "dialogs/st_ast_dialog.h"
 #include "dialogs/st_date_dialog.h"
 #include "dialogs/st_delta_dialog.h"
+#include "dialogs/st_iers_dialog.h"
+#include "dialogs/st_iridium_dialog.h"
 #include "dialogs/st_launch_dialog.h"
+#include "dialogs/st_match_dialog.h"
 #include "dialogs/st_obs_dialog.h"
 #include "dialogs/st_orb_det_dialog.h"
+#include "dialogs/st_step_dialog.h"
+#include "dialogs/st_sys_conf_dialog.h"
+#include "dialogs/st_vis_dialog.h"
 
 namespace {
 
-struct Date
+/// Whether a dialog gives back what it was given.
+template <class Dialog, class... Values>
+bool comesBack(const Values&... values)
 {
-    int year = -1, month = -1, day = -1, hour = -1, minute = -1, second = -1, tzauto = -1;
-    double tzone = -1, dur = -1, rtoff = -1;
-};
+    Dialog dialog;
+    dialog.setParams(values...);
+    std::tuple<Values...> back{};
+    std::apply([&dialog](Values&... fields) { dialog.getParams(fields...); }, back);
+    return back == std::tuple(values...);
+}
 
-Date read(StDateDialog& dialog)
+/// Whether a box locks these fields, and no others.
+template <class Dialog>
+bool locks(const char* box, const QStringList& fields, bool whenMarked)
 {
-    Date d;
-    dialog.getParams(d.year, d.month, d.day, d.hour, d.minute, d.second, d.tzone, d.tzauto, d.dur, d.rtoff);
-    return d;
+    Dialog dialog;
+    bool right = opened(dialog);
+    for (int i = 0; i < 2; ++i) {
+        click(dialog, box);
+        const bool locked = button(dialog, box)->isChecked() == whenMarked;
+        for (const QLineEdit* field : dialog.template findChildren<QLineEdit*>())
+            right = right && field->isEnabled() != (locked && fields.contains(field->objectName()));
+    }
+    return right;
 }
 
 struct Place
@@ -62,18 +83,63 @@ class ParameterDialogsTest : public QObject
     Q_OBJECT
 
 private Q_SLOTS:
-    void timeZoneIsTypedOnlyWithoutThatOfTheSystem()
+    void whatIsShownComesBack()
+    {
+        for (const bool on : {false, true}) {
+            const int flag = on ? 1 : 0;
+            QVERIFY(comesBack<StDateDialog>(2018, 1, 20, 18, 5, 9, -1.5, flag, 3.25, 2.5));
+            QVERIFY(comesBack<StVisDialog>(-6.0, 10.0, 2000.0, 12.5, 45.25, flag, 1 - flag));
+            QVERIFY(comesBack<StIersDialog>(on, 0.125, -0.25, -37, 0.5));
+            QVERIFY(comesBack<StStepDialog>(2, 30.5));
+            QVERIFY(
+                comesBack<StSysConfDialog>(1e-10, 151.0, 152.0, 3.0, 2.25, 1.5, 0.0125, 0.25, on, !on, on, 12, !on));
+            QVERIFY(comesBack<StIridiumDialog>(-4.5, on, !on));
+            QVERIFY(comesBack<StMatchDialog>(123.5, 45.25, 5.0, 90.0, 10.0, flag, 1 - flag, on));
+            QVERIFY(comesBack<StAdjDialog>(on, !on, 12.5, 14.34215, 0.125, flag));
+        }
+    }
+
+    void aBoxLocksWhatItReplaces()
+    {
+        QVERIFY(locks<StDateDialog>("systemBox", {"tzoneEdit"}, true));
+        QVERIFY(locks<StIersDialog>("ckDefault", {"taiEdit", "ut1Edit", "xEdit", "yEdit"}, true));
+        QVERIFY(locks<StMatchDialog>("drfBox", {"draEdit"}, false));
+    }
+
+    void theDateOfAnEventHasNoDuration()
     {
         StDateDialog dialog;
-        dialog.setParams(2018, 1, 20, 18, 5, 9, 1.0, 1, 3.1, 0.0);
+        dialog.setParams(2018, 1, 20, 18, 5, 9, 1.0, 1, -3.1, 0.0);
+        QCOMPARE(text(dialog, "durEdit"), QString("3.1"));
+        for (const char* locked : {"durEdit", "rtEdit", "tzoneEdit"})
+            QVERIFY2(!edit(dialog, locked)->isEnabled(), locked);
+    }
+
+    void matchLabelsFollowTheFormOfThePosition()
+    {
+        StMatchDialog dialog;
         QVERIFY(opened(dialog));
-        QVERIFY(!edit(dialog, "tzoneEdit")->isEnabled());
-        click(dialog, "systemBox");
-        QVERIFY(edit(dialog, "tzoneEdit")->isEnabled());
-        QCOMPARE(read(dialog).tzauto, 0);
-        click(dialog, "systemBox");
-        QVERIFY(!edit(dialog, "tzoneEdit")->isEnabled());
-        QCOMPARE(read(dialog).tzauto, 1);
+        click(dialog, "raBox");
+        QCOMPARE(labelText(dialog, "raLabel") + labelText(dialog, "elLabel"), "R.&A. (HH.MMSS):D&ec. (DD.MMSS):");
+        click(dialog, "raBox");
+        QCOMPARE(labelText(dialog, "raLabel") + labelText(dialog, "elLabel"), "&Azimuth (deg):&Elevation (deg):");
+    }
+
+    void theStarOfTheLastTimeIsOfferedForReplacing()
+    {
+        StAstDialog empty, dialog;
+        empty.setParams(0.0, 0.0);
+        QCOMPARE(text(empty, "raEdit") + text(empty, "decEdit"), QString());
+        dialog.setParams(12.3456, -45.1234);
+        QCOMPARE(edit(dialog, "raEdit")->selectedText(), QString("12.3456"));
+        QVERIFY(opened(dialog));
+        double ra = 0, dec = 0;
+        bool aborted = true;
+        dialog.getParams(ra, dec, aborted);
+        QCOMPARE((std::tuple{ra, dec, aborted}), (std::tuple{12.3456, -45.1234, false}));
+        click(dialog, "abortButton");
+        dialog.getParams(ra, dec, aborted);
+        QVERIFY(aborted && dialog.result() == QDialog::Accepted);
     }
 
     void placeComesBackInBothForms()
@@ -176,7 +242,7 @@ private Q_SLOTS:
     void sightingsAreReversedWithTheirForms()
     {
         StOrbDetDialog dialog;
-        dialog.setParams(12.5, 45.25, 13.5, 46.25, 60.5, 1, 0, false, false);
+        dialog.setParams(12.5, 45.25, 13.5, 46.25, 60.5, 1, 0, true, false);
         QVERIFY(hidden(dialog, "picButton"));
         QCOMPARE(labelText(dialog, "az1Label"), QString("R.A.&1 (HH.MMSS):"));
         QCOMPARE(labelText(dialog, "el2Label"), QString("Elevation 2 (deg):"));
@@ -184,10 +250,10 @@ private Q_SLOTS:
         click(dialog, "reverseButton");
         double az1 = 0, el1 = 0, az2 = 0, el2 = 0, dt = 0;
         int packed1 = 1, packed2 = 0;
-        bool match = true;
+        bool match = false;
         dialog.getParams(az1, el1, az2, el2, dt, packed1, packed2, match);
         QCOMPARE((std::array{az1, el1, az2, el2, dt}), (std::array{13.5, 46.25, 12.5, 45.25, 60.5}));
-        QCOMPARE((std::pair{packed1, packed2}), (std::pair{0, 1}));
+        QCOMPARE((std::tuple{packed1, packed2, match}), (std::tuple{0, 1, true}));
         QCOMPARE(labelText(dialog, "az1Label"), QString("Azimuth &1 (deg):"));
         QCOMPARE(labelText(dialog, "el2Label"), QString("Dec.2 (DD.MMSS):"));
     }

@@ -1,6 +1,7 @@
 // Selecting satellites from an element file, and removing them.
 
 #include <QTextEdit>
+#include <array>
 
 #include "app/record/files.h"
 #include "app/record/text.h"
@@ -62,6 +63,25 @@ private Q_SLOTS:
             QCOMPARE(report(dialog), "TLE filename: elements/visual.txt" + list);
             QVERIFY(child<QTextEdit>(dialog, "satinfEdit")->isReadOnly());
         }
+    }
+
+    void opensWithTheSearchOfTheLastTime()
+    {
+        indata->srcmd = 2;
+        indata->lowflg = indata->recflg = 1;
+        assignField(indata->cfgname[10], "1998-067A");
+        StSelSatDialog dialog;
+        dialog.setParams();
+        QCOMPARE(text(dialog, "satnameEdit"), QString("1998-067A"));
+        QCOMPARE(labelText(dialog, "nameLabel"), QString("Inter&national Launch#:"));
+        for (const char* box : {"idsnBox", "lowBox", "recentBox"})
+            QVERIFY2(button(dialog, box)->isChecked(), box);
+        QVERIFY(opened(dialog));
+        click(dialog, "lowBox");
+        QCOMPARE((std::array{indata->lowflg, indata->recflg}), (std::array{0, 1}));
+        click(dialog, "lowBox");
+        click(dialog, "recentBox");
+        QCOMPARE((std::array{indata->lowflg, indata->recflg}), (std::array{1, 0}));
     }
 
     void tabWalksInTheOrderOfUse()

@@ -10,6 +10,8 @@ struct Modes
     int sunmplt = -1, occflg = -1, iridflg = -1, flarflg = -1, flarmod = -9, flaryst = -1;
     bool eclflg = false, solflar = false, flrmgf = false, cylflg = false;
     double flrmgx = -1;
+
+    bool operator==(const Modes&) const = default;
 };
 
 Modes read(StVisDialog& dialog)
@@ -45,9 +47,6 @@ const QStringList& optional()
     return names;
 }
 
-const QString body = "occGroup sunButton moonButton radecButton";
-const QString angles = "yawEdit yawLabel pitchEdit pitchLabel";
-
 /// Empty if just the given widgets show, else the first that does not.
 QString wrongOf(const StVisDialog& dialog, const QString& expected)
 {
@@ -69,74 +68,76 @@ class VisibilityDialogTest : public QObject
 private Q_SLOTS:
     void modesComeBack()
     {
-        for (const QByteArray mode : {"none", "sun", "moon", "radec", "flare", "iridium", "eclipse"}) {
+        for (const int mode : {0, 1, 2, 3, 4, 5, 6}) {
             for (const int flarmod : {1, 2, -1, -2}) {
                 Modes m = plain();
-                m.occflg = mode == "sun" ? 1 : mode == "moon" ? 2 : mode == "radec" ? 3 : 0;
-                m.flarflg = mode == "flare" ? 1 : 0;
-                m.iridflg = mode == "iridium" ? 3 : 0;
-                m.eclflg = mode == "eclipse";
+                m.occflg = mode <= 3 ? mode : 0;
+                m.flarflg = mode == 4;
+                m.iridflg = mode == 5 ? 3 : 0;
+                m.eclflg = mode == 6;
                 m.flarmod = flarmod;
+                m.flaryst = m.sunmplt = flarmod < 0;
+                m.solflar = m.flrmgf = flarmod == -2;
+                m.cylflg = flarmod == -1;
                 StVisDialog dialog;
                 fill(dialog, m);
-                const Modes back = read(dialog);
-                QCOMPARE(back.occflg, m.occflg);
-                QCOMPARE(back.flarflg, m.flarflg);
-                QCOMPARE(back.iridflg, m.iridflg);
-                QCOMPARE(back.eclflg, m.eclflg);
-                QCOMPARE(back.flarmod, flarmod);
-                QCOMPARE(back.flrmgx, -7.5);
+                QVERIFY(read(dialog) == m);
             }
         }
-    }
-
-    void widgetsFollowTheModes_data()
-    {
-        QTest::addColumn<QString>(
-            "boxes");  // clicked one after the other, from no mode with known surface, local attitude
-        QTest::addColumn<QString>("visible");
-        QTest::newRow("no mode") << ""
-                                 << "";
-        QTest::newRow("Sun") << "occBox" << body + " smplotBox";
-        QTest::newRow("Moon") << "occBox moonButton" << body + " smplotBox";
-        QTest::newRow("position") << "occBox radecButton" << body + " " + angles;
-        QTest::newRow("and back to the Sun") << "occBox radecButton sunButton" << body + " smplotBox";
-        QTest::newRow("known, local") << "flarBox"
-                                      << "knownBox localBox ystBox flrmagBox " + angles;
-        QTest::newRow("known, inertial") << "flarBox localBox"
-                                         << "knownBox localBox flrmagBox " + angles;
-        QTest::newRow("unknown, local") << "flarBox knownBox"
-                                        << "knownBox localBox ystBox cylBox";
-        QTest::newRow("unknown, inertial") << "flarBox knownBox localBox"
-                                           << "knownBox localBox cylBox solfBox";
-        QTest::newRow("cylinder") << "flarBox knownBox cylBox"
-                                  << "knownBox localBox ystBox cylBox " + angles;
-        QTest::newRow("Iridium") << "iridBox"
-                                 << "";
-        QTest::newRow("eclipse") << "eclBox"
-                                 << "";
-        QTest::newRow("flares after a transit") << "occBox flarBox"
-                                                << "knownBox localBox ystBox flrmagBox " + angles;
-        QTest::newRow("switched off again") << "flarBox flarBox"
-                                            << "";
+        StVisDialog both;
+        Modes m = plain();
+        m.solflar = m.cylflg = true;
+        fill(both, m);
+        QVERIFY(read(both).solflar && !read(both).cylflg);
     }
 
     void widgetsFollowTheModes()
     {
-        QFETCH(QString, boxes);
-        QFETCH(QString, visible);
-        StVisDialog dialog;
-        fill(dialog, plain());
-        QVERIFY(opened(dialog));
-        for (const QString& box : boxes.split(' ', Qt::SkipEmptyParts)) {
-            click(dialog, box.toLatin1());
-            QCoreApplication::sendPostedEvents();  // the layout moves what stands below
-            QTest::qWait(1);
+        const struct
+        {
+            const char *boxes, *visible;  // clicked from no mode with known surface and local attitude
+        } cases[] = {
+            {"", ""},
+            {"occBox", "BODY smplotBox"},
+            {"occBox moonButton", "BODY smplotBox"},
+            {"occBox radecButton", "BODY SKY"},
+            {"occBox radecButton sunButton", "BODY smplotBox"},
+            {"flarBox", "knownBox localBox ystBox flrmagBox TURN"},
+            {"flarBox flrmagBox", "knownBox localBox ystBox flrmagBox flrmxEdit flrmagLabel TURN"},
+            {"flarBox localBox", "knownBox localBox flrmagBox SKY"},
+            {"flarBox knownBox", "knownBox localBox ystBox cylBox"},
+            {"flarBox flrmagBox knownBox", "knownBox localBox ystBox cylBox"},
+            {"flarBox knownBox localBox", "knownBox localBox cylBox solfBox"},
+            {"flarBox knownBox cylBox", "knownBox localBox ystBox cylBox TURN"},
+            {"flarBox knownBox localBox cylBox", "knownBox localBox cylBox solfBox SKY"},
+            {"iridBox", ""},
+            {"eclBox", ""},
+            {"occBox flarBox", "knownBox localBox ystBox flrmagBox TURN"},
+            {"flarBox flarBox", ""},
+        };
+        for (const auto& c : cases) {
+            StVisDialog dialog;
+            fill(dialog, plain());
+            QVERIFY(opened(dialog));
+            for (const QString& box : QString(c.boxes).split(' ', Qt::SkipEmptyParts)) {
+                click(dialog, box.toLatin1());
+                QCoreApplication::sendPostedEvents();  // the layout moves what stands below
+                QTest::qWait(1);
+            }
+            QString visible = c.visible;
+            visible.replace("BODY", "occGroup sunButton moonButton radecButton");
+            const bool inTheSky = visible.contains("SKY");
+            for (const char* angles : {"SKY", "TURN"})
+                visible.replace(angles, "yawEdit yawLabel pitchEdit pitchLabel");
+            QCOMPARE(c.boxes + (": " + wrongOf(dialog, visible)), c.boxes + QString(": "));
+            if (shown(dialog, "yawEdit")) {
+                QCOMPARE(labelText(dialog, "yawLabel"), QString(inTheSky ? "R.A.(HH.MMSS):" : "Yaw (deg):"));
+                QCOMPARE(labelText(dialog, "pitchLabel"), QString(inTheSky ? "Dec.(DDD.MMSS):" : "Pitch (deg):"));
+            }
+            for (const char* always : {"sunelEdit", "satelEdit", "visBox", "moonBox", "epochEdit", "occBox", "eclBox",
+                                       "flarBox", "iridBox", "okButton", "cancelButton"})
+                QVERIFY2(shown(dialog, always), always);
         }
-        QCOMPARE(wrongOf(dialog, visible), QString());
-        for (const char* always : {"sunelEdit", "satelEdit", "visBox", "moonBox", "epochEdit", "occBox", "eclBox",
-                                   "flarBox", "iridBox", "okButton", "cancelButton"})
-            QVERIFY2(shown(dialog, always), always);
     }
 
     void modesExcludeEachOther()
@@ -153,35 +154,6 @@ private Q_SLOTS:
                 for (const char* mode : modes)
                     QCOMPARE(button(dialog, mode)->isChecked(), mode == second);
             }
-        }
-    }
-
-    void anglesAreNamedAfterTheirUse()
-    {
-        const struct
-        {
-            const char* what;
-            int occflg, flarflg, flarmod;
-            bool cylflg;
-            const char *yaw, *pitch;
-        } cases[] = {
-            {"position in the sky", 3, 0, 1, false, "R.A.(HH.MMSS):", "Dec.(DDD.MMSS):"},
-            {"local attitude", 0, 1, 1, false, "Yaw (deg):", "Pitch (deg):"},
-            {"inertial attitude", 0, 1, 2, false, "R.A.(HH.MMSS):", "Dec.(DDD.MMSS):"},
-            {"local cylinder", 0, 1, -1, true, "Yaw (deg):", "Pitch (deg):"},
-            {"inertial cylinder", 0, 1, -2, true, "R.A.(HH.MMSS):", "Dec.(DDD.MMSS):"},
-        };
-        for (const auto& c : cases) {
-            Modes m = plain();
-            m.occflg = c.occflg;
-            m.flarflg = c.flarflg;
-            m.flarmod = c.flarmod;
-            m.cylflg = c.cylflg;
-            StVisDialog dialog;
-            fill(dialog, m);
-            QVERIFY2(shown(dialog, "yawEdit"), c.what);
-            QCOMPARE(labelText(dialog, "yawLabel"), QString(c.yaw));
-            QCOMPARE(labelText(dialog, "pitchLabel"), QString(c.pitch));
         }
     }
 };
