@@ -1,4 +1,5 @@
-// The slots of the main window: a message, the timer if the command calculates, one method of the view, "Ready.".
+// The slots of the main window, in the order of the menus: a message, the timer if the command calculates, one method of
+// the view, "Ready.".
 
 #include "app/vorlix_app.h"
 
@@ -45,8 +46,6 @@ QString elementSaveFilters()
 }
 
 }  // namespace
-
-// --- File
 
 void VorlixApp::slotFileOpen()
 {
@@ -180,8 +179,6 @@ void VorlixApp::slotFileQuit()
     QCoreApplication::quit();
 }
 
-// --- Input
-
 void VorlixApp::slotInputSelectSat()
 {
     showStatus(tr("Select satellite..."));
@@ -233,8 +230,6 @@ void VorlixApp::slotInputIers()
     showStatus(tr("Ready."));
 }
 
-// --- Calculate
-
 void VorlixApp::slotCalcAOS()
 {
     showStatus(tr("List satellite passes..."));
@@ -273,8 +268,6 @@ void VorlixApp::slotCalcMatch()
     view->vMatch();
     showStatus(tr("Ready."));
 }
-
-// --- Maneuver
 
 void VorlixApp::slotManvEdit()
 {
@@ -315,8 +308,6 @@ void VorlixApp::slotManvOrbDet()
     view->vOrbDet();
     showStatus(tr("Ready."));
 }
-
-// --- Plot
 
 void VorlixApp::slotPlotRT()
 {
@@ -401,8 +392,6 @@ void VorlixApp::slotPlotBackward()
     view->vBackward();
     showStatus(tr("Ready."));
 }
-
-// --- View
 
 void VorlixApp::slotViewRefresh()
 {
@@ -528,8 +517,6 @@ void VorlixApp::slotViewStatusBar(bool toggle)
     statusBar()->setVisible(toggle);
     showStatus(tr("Ready."));
 }
-
-// --- Settings and Help
 
 void VorlixApp::slotSettSysConf()
 {

@@ -38,6 +38,18 @@ QIcon iconOf(const char* name)
     return QIcon(QStringLiteral(":/%1.png").arg(QLatin1String(name)));
 }
 
+/// A null pointer stands for a separator.
+template <class Bar>
+void fill(Bar* bar, std::initializer_list<QAction*> actions)
+{
+    for (QAction* action : actions) {
+        if (action)
+            bar->addAction(action);
+        else
+            bar->addSeparator();
+    }
+}
+
 }  // namespace
 
 VorlixApp::VorlixApp()
@@ -113,17 +125,11 @@ void VorlixApp::initActions()
         picture->setEnabled(false);
 }
 
-/// A null pointer stands for a separator.
 QMenu* VorlixApp::makeMenu(const char* name, const QString& title, std::initializer_list<QAction*> actions)
 {
     QMenu* menu = menuBar()->addMenu(title);
     menu->setObjectName(QLatin1String(name));
-    for (QAction* action : actions) {
-        if (action)
-            menu->addAction(action);
-        else
-            menu->addSeparator();
-    }
+    fill(menu, actions);
     return menu;
 }
 
@@ -155,38 +161,10 @@ void VorlixApp::initToolBar()
 {
     toolBar = addToolBar(tr("operations"));
     toolBar->setObjectName("toolBar");
-    for (QAction* action : {fileOpen,
-                            fileSave,
-                            static_cast<QAction*>(nullptr),
-                            inputSelectSat,
-                            inputNextSat,
-                            inputDate,
-                            inputLocation,
-                            static_cast<QAction*>(nullptr),
-                            manvEdit,
-                            static_cast<QAction*>(nullptr),
-                            calcAOS,
-                            calcIridium,
-                            calcMatch,
-                            static_cast<QAction*>(nullptr),
-                            viewVisibility,
-                            viewStep,
-                            viewSwitch,
-                            static_cast<QAction*>(nullptr),
-                            plotRT,
-                            plotDelta,
-                            plotNext,
-                            static_cast<QAction*>(nullptr),
-                            viewMap,
-                            viewRefresh,
-                            static_cast<QAction*>(nullptr),
-                            static_cast<QAction*>(nullptr),
-                            whatsThis}) {
-        if (action)
-            toolBar->addAction(action);
-        else
-            toolBar->addSeparator();
-    }
+    fill(toolBar, {fileOpen,       fileSave, nullptr,     inputSelectSat, inputNextSat, inputDate, inputLocation,
+                   nullptr,        manvEdit, nullptr,     calcAOS,        calcIridium,  calcMatch, nullptr,
+                   viewVisibility, viewStep, viewSwitch,  nullptr,        plotRT,       plotDelta, plotNext,
+                   nullptr,        viewMap,  viewRefresh, nullptr,        nullptr,      whatsThis});
 }
 
 void VorlixApp::initStatusBar()

@@ -12,7 +12,7 @@
 #include "app/record/keep.h"
 #include "app/record/text.h"
 #include "elements/selection.h"
-#include "view/map_kind.h"
+#include "record_fields.h"
 #include "view/vorlix_view.h"
 
 namespace {
@@ -20,17 +20,28 @@ namespace {
 constexpr double januaryEvening = 58138.75;
 constexpr double stepDays = 15.0 / 86400.0;
 
+struct MapKind
+{
+    const char *name, *fields;
+};
+
 constexpr MapKind mapKinds[] = {
-    {"outline", 0, 0, 0, 0, false, 0, false},           {"outline_night", 0, 0, 0, 1, false, 0, false},
-    {"physical", 3, 0, 0, 0, false, 0, false},          {"physical_night", 3, 0, 0, 1, false, 0, false},
-    {"northern", 1, 0, 0, 0, false, 0, false},          {"northern_night", 1, 0, 0, 1, false, 0, false},
-    {"sky_zenith", 0, 1, 0, 0, false, 0, false},        {"sky_azimuth", 0, 1, 3, 0, false, 0, false},
-    {"sky_from_satellite", 0, 1, 0, 0, true, 0, false}, {"moon_disk", 0, 0, 0, 0, false, 2, true},
+    {"outline", ""},
+    {"outline_night", "mpnight=1"},
+    {"physical", "mapprj=3"},
+    {"physical_night", "mapprj=3 mpnight=1"},
+    {"northern", "mapprj=1"},
+    {"northern_night", "mapprj=1 mpnight=1"},
+    {"sky_zenith", "skymap=1"},
+    {"sky_azimuth", "skymap=1 skyprj=3"},
+    {"sky_from_satellite", "skymap=1 satsky=1"},
+    {"moon_disk", "occflg=2 sunmplt=1"},
 };
 
 void show(const MapKind& kind)
 {
-    setMap(kind, *indata);
+    setFields(*indata, "mapprj=0 skymap=0 skyprj=0 skaz=180 mpnight=0 satsky=0 occflg=0 sunmplt=0");
+    setFields(*indata, kind.fields);
     indata->mjd = januaryEvening;
 }
 

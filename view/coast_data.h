@@ -1,6 +1,7 @@
 // Coast lines: Natural Earth 1:110m land (public domain), thinned to 76 lines of at most 173 points.
 #pragma once
 
+#include <algorithm>
 #include <array>
 #include <cstdint>
 
@@ -234,3 +235,14 @@ constexpr std::array<CoastPoint, 1799> coastPoints{{
 }};
 // clang-format on
 static_assert(coastPoints.front().lat == penUp && coastPoints.back().lng == -1150);
+static_assert(std::ranges::count(coastPoints, penUp, &CoastPoint::lat) == 76);
+static_assert(std::ranges::min(coastPoints, {}, &CoastPoint::lat).lat == -782);
+static_assert(std::ranges::all_of(coastPoints, [](const CoastPoint& p) { return p.lat <= 840 || p.lat == penUp; }));
+static_assert([] {
+    int longest = 0, length = 0;
+    for (const CoastPoint& point : coastPoints) {
+        length = point.lat == penUp ? 0 : length + 1;
+        longest = std::max(longest, length);
+    }
+    return longest;
+}() == 173);

@@ -2,6 +2,8 @@
 
 #include "view/vorlix_view.h"
 
+#include <vector>
+
 #include <QInputDialog>
 #include <QMessageBox>
 
@@ -14,6 +16,7 @@
 #include "view/message_boxes.h"
 
 namespace {
+
 /// Name and number of the satellites in these slots, one in a line.
 QString namesOf(const std::vector<int>& slotNumbers)
 {
@@ -50,6 +53,7 @@ QString askForLine(QWidget* parent, const QString& label, const QString& propose
     accepted = dialog.exec() == QDialog::Accepted;
     return accepted ? dialog.textValue() : QString();
 }
+
 }  // namespace
 
 QString VorlixView::getTLEname() const

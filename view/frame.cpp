@@ -2,7 +2,7 @@
 
 #include "view/vorlix_view.h"
 
-#include <cmath>
+#include <algorithm>
 
 #include <QPaintEvent>
 #include <QPainter>
@@ -230,7 +230,6 @@ void VorlixView::copyMapToDisplay()
     copyMap(painter, dspPix.rect());
     marks = Marks();
     stale.clear();
-    unseen.reset();
 }
 
 void VorlixView::forgetPlot()

@@ -51,6 +51,17 @@ void carryMinute(int& hour, int& minute)
         ++hour;
 }
 
+/// The change of a frequency by the range rate in km/s, Hz, after the relativistic formula; rates near the speed of
+/// light count as receding at 0.99 of it.
+double dopplerShift(double frequency, double rangeRate)
+{
+    constexpr double lightKmPerS = 299792.458;
+    double b = rangeRate / lightKmPerS;
+    if (std::abs(b) > 0.99)
+        b = 0.99;
+    return frequency * std::sqrt((1.0 - b) / (1.0 + b)) - frequency;
+}
+
 /// Writes the columns one after the other; some take over the pen of an earlier one.
 class Legend
 {
@@ -328,13 +339,4 @@ QString withAngle(const char* label, int ra4d, int mode, double value)
 QString shownName(const WinpData& in, int slot)
 {
     return fieldQString(in.fsname[slot]).left(longestName);
-}
-
-double dopplerShift(double frequency, double rangeRate)
-{
-    constexpr double lightKmPerS = 299792.458;
-    double b = rangeRate / lightKmPerS;
-    if (std::abs(b) > 0.99)
-        b = 0.99;
-    return frequency * std::sqrt((1.0 - b) / (1.0 + b)) - frequency;
 }

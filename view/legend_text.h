@@ -40,7 +40,3 @@ QString withAngle(const char* label, int ra4d, int mode, double value);
 
 /// As much of the name of a satellite as map and legend show.
 QString shownName(const WinpData& in, int slot);
-
-/// The change of a frequency by the range rate in km/s, Hz, after the relativistic formula; rates near the speed of
-/// light count as receding at 0.99 of it.
-double dopplerShift(double frequency, double rangeRate);

@@ -53,7 +53,7 @@ struct Marks
     std::optional<SunMark> sun;
 };
 
-/// The font of the names on the map.
+/// The font of what is written on a map, a sky or a picture beside its legend.
 QFont nameFont();
 
 /// Fills the boxes of the names, from marks of an earlier plot where the names are the same.

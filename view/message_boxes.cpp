@@ -1,6 +1,7 @@
 #include "view/message_boxes.h"
 
 #include <QApplication>
+#include <QInputDialog>
 #include <QMessageBox>
 #include <QPushButton>
 
@@ -24,6 +25,15 @@ void warnOnlyQuit(QWidget* parent, const QString& text)
 void sayNoSatellite(QWidget* parent)
 {
     QMessageBox::information(parent, QMessageBox::tr("Vorlix"), QMessageBox::tr("*** No Satellite Selected ***"));
+}
+
+bool askNumber(QWidget* parent, const QString& title, const QString& label, double& value, double most, int decimals)
+{
+    bool accepted = false;
+    const double entered = QInputDialog::getDouble(parent, title, label, value, 0.0, most, decimals, &accepted);
+    if (accepted)
+        value = entered;
+    return accepted;
 }
 
 WaitCursor::WaitCursor()

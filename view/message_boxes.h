@@ -1,4 +1,4 @@
-// The message boxes of the commands, and the wait cursor of those that calculate long.
+// The message boxes and questions of the commands, and the wait cursor of those that calculate long.
 #pragma once
 
 #include <QString>
@@ -13,6 +13,9 @@ void warnOnlyQuit(QWidget* parent, const QString& text);
 
 /// A message titled "Vorlix": there is no satellite for the command.
 void sayNoSatellite(QWidget* parent);
+
+/// Asks for a number from 0 to `most`, which takes the place of the value. @return  false if the user cancelled
+bool askNumber(QWidget* parent, const QString& title, const QString& label, double& value, double most, int decimals);
 
 /// Shows the wait cursor for the length of a scope.
 class WaitCursor

@@ -2,7 +2,6 @@
 
 #include "view/vorlix_view.h"
 
-#include <QInputDialog>
 #include <QMessageBox>
 
 #include "app/record/keep.h"
@@ -173,11 +172,7 @@ void VorlixView::vRendz()
         QMessageBox::information(this, title, tr("*** No target satellite selected ***"));
         return;
     }
-    bool taken = false;
-    const double days = QInputDialog::getDouble(this, title, tr("Time until close approach (days):"), indata->rztime,
-                                                0.0, 1000.0, 2, &taken);
-    if (taken)
-        indata->rztime = days;
+    askNumber(this, title, tr("Time until close approach (days):"), indata->rztime, 1000.0, 2);
     chasePrime(indata);
     vLaunch();
     setStartDate(indata, indata->mjdep[indata->lsat]);

@@ -10,7 +10,6 @@
 #include "app/record/text.h"
 #include "dialogs/st_local_dialog.h"
 #include "dialogs/st_pass_dialog.h"
-#include "engine/position.h"
 #include "reports/local_details.h"
 #include "view/message_boxes.h"
 
@@ -56,8 +55,8 @@ void VorlixView::getMapPos(int x, int y)
     const KeptPlace kept;
     const QPoint p(x, y);
     if (indata->skymap) {
-        if (indata->satsky)
-            observeFromPrime(indata->mjd);
+        if (indata->satsky && indata->satn > 0)
+            observeFromPrime();
         SkyPx(p);
     } else {
         CoordPx(p, indata->lat, indata->lng);

@@ -15,6 +15,7 @@
 #include "dialogs/st_ast_dialog.h"
 #include "engine/position.h"
 #include "view/legend_text.h"
+#include "view/marks.h"
 #include "view/painting.h"
 
 namespace {
@@ -211,7 +212,7 @@ void VorlixView::drawPictureTexts(QPainter& painter, const PlotScene& scene) con
 /// A square and, if wanted, a name for each satellite that stands above the horizon.
 void VorlixView::drawPictureMarkers(QPainter& painter, const PlotScene& scene)
 {
-    painter.setFont(QFont("Helvetica", 8, QFont::Normal));
+    painter.setFont(nameFont());
     for (int slot = 0; slot < indata->satn; ++slot) {
         if (!(satps->el[slot] > 0) || !isMarkedOnSky(*indata, *satps, slot))
             continue;

@@ -3,7 +3,6 @@
 #include "view/vorlix_view.h"
 
 #include <cmath>
-#include <optional>
 
 #include <QPainter>
 
@@ -41,8 +40,10 @@ void VorlixView::SatPlot(double t, int circles)
     }
     const KeptObserver observer;
     indata->mjd = t;
-    if (indata->satsky && indata->skymap == 1)
-        observeFromPrime(t);
+    if (indata->satsky && indata->skymap == 1 && indata->satn > 0) {
+        GetSatPos(t, indata, satps, indata->prs, 0);
+        observeFromPrime();
+    }
     refreshIfAged(t);
     if (indata->skymap)
         indata->rlm = 0;
@@ -57,12 +58,9 @@ void VorlixView::SatPlot(double t, int circles)
     update();
 }
 
-/// The prime satellite takes the observer's place until the caller puts it back.
-void VorlixView::observeFromPrime(double t)
+/// The prime satellite, where the last plot has it, takes the observer's place until the caller puts it back.
+void VorlixView::observeFromPrime()
 {
-    if (indata->satn < 1)
-        return;
-    GetSatPos(t, indata, satps, indata->prs, 0);
     indata->lat = satps->lat[indata->prs];
     indata->lng = satps->lng[indata->prs];
     indata->height = satps->hgt[indata->prs] * 1000.0;
@@ -98,8 +96,8 @@ PlotScene VorlixView::sceneOf(double t, int circles) const
     return scene;
 }
 
-/// A dot for each satellite into the background, where it stays. On the display it lies under the point of its marker and
-/// comes to light when that moves on. A map with night has no trails.
+/// A dot for each satellite into the background, where it stays. On the display it lies under the point of its marker
+/// and comes to light when that moves on. A map with night has no trails.
 void VorlixView::drawTrails(const PlotScene& scene)
 {
     QPainter painter(&mapPix);

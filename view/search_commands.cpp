@@ -4,7 +4,6 @@
 
 #include <cmath>
 
-#include <QInputDialog>
 #include <QMessageBox>
 
 #include "app/record/keep.h"
@@ -23,12 +22,7 @@
 /// Asks for the largest distance of a transit or flare line. @return  false if the user cancelled
 bool VorlixView::askDistance()
 {
-    bool accepted = false;
-    const double km = QInputDialog::getDouble(this, tr("Transit/Flares"), tr("Maximum Distance (km):"),
-                                              indata->maxdst, 0.0, 50000.0, 1, &accepted);
-    if (accepted)
-        indata->maxdst = km;
-    return accepted;
+    return askNumber(this, tr("Transit/Flares"), tr("Maximum Distance (km):"), indata->maxdst, 50000.0, 1);
 }
 
 void VorlixView::vCalcAOS()

@@ -2,6 +2,8 @@
 
 #include "view/vorlix_view.h"
 
+#include <array>
+
 #include "app/record/files.h"
 #include "app/record/keep.h"
 #include "app/record/text.h"

@@ -5,8 +5,6 @@
 #include <cmath>
 #include <limits>
 
-#include <QInputDialog>
-
 #include "app/record/clock.h"
 #include "app/record/text.h"
 #include "astro/time_scales.h"
@@ -19,6 +17,7 @@
 #include "dialogs/st_switch_dialog.h"
 #include "dialogs/st_sys_conf_dialog.h"
 #include "dialogs/st_vis_dialog.h"
+#include "view/message_boxes.h"
 
 namespace {
 
@@ -128,11 +127,7 @@ void VorlixView::vStep()
 
 void VorlixView::vMag()
 {
-    bool taken = false;
-    const double length = QInputDialog::getDouble(this, tr("Magnitude"), tr("Charact.Length (meters):"),
-                                                  indata->chlen, 0, 10000, 2, &taken);
-    if (taken)
-        indata->chlen = length;
+    askNumber(this, tr("Magnitude"), tr("Charact.Length (meters):"), indata->chlen, 10000.0, 2);
 }
 
 void VorlixView::vSwitch()

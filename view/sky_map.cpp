@@ -13,6 +13,7 @@
 #include "astro/planets.h"
 #include "astro/sun_moon.h"
 #include "engine/held_values.h"
+#include "view/marks.h"
 #include "view/painting.h"
 #include "view/sky_geometry.h"
 #include "view/star_data.h"
@@ -216,7 +217,7 @@ void VorlixView::PltSky(QPainter& painter)
     const SkyFrame sky = skyFrame();
     const SkyView view(indata->mjd);
     drawStars(painter, sky, view, indata->mgrey);
-    painter.setFont(QFont("Helvetica", 8));
+    painter.setFont(nameFont());
     if (sky.zenith()) {
         painter.setPen(coastColour);
         drawAll(painter, horizonLines(sky));

@@ -1,6 +1,7 @@
 // Stars to magnitude 4.5: Bright Star Catalogue, 5th edition (Hoffleit and Warren, 1991), precessed to 1998.5.
 #pragma once
 
+#include <algorithm>
 #include <array>
 #include <cstdint>
 
@@ -241,3 +242,9 @@ constexpr std::array<BrightStar, 903> brightStars{{
     {2359141, 65118, 401}, {2359504, -653508, 450},
 }};
 // clang-format on
+static_assert(brightStars.front().ra == 1530 && brightStars.back().dec == -653508);
+static_assert(std::ranges::min(brightStars, {}, &BrightStar::mag).mag == -146);
+static_assert(std::ranges::count_if(brightStars, [](const BrightStar& star) { return star.mag <= 10; }) == 6);
+static_assert(std::ranges::count_if(brightStars, [](const BrightStar& star) { return star.mag <= 100; }) == 15);
+static_assert(std::ranges::count_if(brightStars, [](const BrightStar& star) { return star.mag > 400; }) == 388);
+static_assert(std::ranges::none_of(brightStars, [](const BrightStar& star) { return star.mag > 450; }));

@@ -76,11 +76,17 @@ public:
     int getFsz() const;
     void setFont(int size);
     void goHome();
+    /// The digit key n, 1 to 10: makes that satellite the prime one, if so many are selected.
     void keyPress(int n);
+    /// Steps back in time for a dx above 0 and on for one below; otherwise scrolls by dy, not beyond the top.
     void scrollDsp(int dx, int dy);
+    /// Draws the background anew and puts the map on show; markers come back with the next plot.
     void vRefresh();
+    /// The same, and a plot of the current time if a satellite is selected.
     void vRefreshP();
+    /// Turns from the map to the last text or back.
     void vText();
+    /// Names beside the markers; replots unless a real-time plot runs.
     void vNames(bool on);
     void vLeft(bool on);
     void vPicSwitch(bool on);
@@ -95,10 +101,13 @@ public:
     void showPassDetails(int y);
 
     // --- plot clock
+    // the first three take a text to the map, but leave a pass table on show
     void vCurrent();
     void vForward();
     void vBackward();
+    /// Plots the next pass of the prime satellite, or warns if `dur` days hold none.
     void vPlotNext();
+    /// The same with the one before.
     void vPlotLast();
     /// One tick of a real-time plot; skipped while a pick dialog is open.
     void RT_Plot();
@@ -110,8 +119,12 @@ public:
     void SatPlot(double t, int circles);
 
     // --- picks
+    // none of them changes the place of the observer; ticks of the timer wait until they are over
+    /// Tells what is to be known of the place or the point of the sky under a pixel.
     void getMapPos(int x, int y);
+    /// Asks for a place and tells the same of it; does nothing on a sky map.
     void vLocalInf();
+    /// Tells it of what the record holds.
     void vLocalPass();
 
     // --- selection and files
@@ -122,6 +135,7 @@ public:
     int vNextSat();
     QString getTLEname() const;
     void setTLEname(const QString& name);
+    // a name never chosen is completed when it is asked for: it lies beside the element file
     QString getSaveName();
     void setSaveName(const QString& name);
     QString getTSaveName();
@@ -230,7 +244,7 @@ private:
 
     // satellite plot
     void refreshIfAged(double t);
-    void observeFromPrime(double t);
+    void observeFromPrime();
     PlotScene sceneOf(double t, int circles) const;
     void drawTrails(const PlotScene& scene);
     /// The five columns under the map, into `mapPix`.

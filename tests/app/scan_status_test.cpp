@@ -4,66 +4,37 @@
 
 #include <QCloseEvent>
 #include <QKeyEvent>
-#include <QMessageBox>
 #include <QStatusBar>
-#include <QTimer>
 #include <QWindow>
 
-#include "app/app_fixture.h"
+#include "app/app_helper.h"
 #include "engine/scan/workers.h"
 
-using windows::answering;
-
-/// Collects the messages that a status line is painted with.
-class PaintedMessages : public QObject
+/// Collects the names that a status line is painted with, and does something at the first.
+class StatusWatcher : public QObject
 {
 public:
-    explicit PaintedMessages(QStatusBar* line) : bar(line) { bar->installEventFilter(this); }
+    explicit StatusWatcher(
+        QStatusBar* line, std::function<void()> act = [] {})
+        : bar(line), atFirstName(std::move(act))
+    {
+        bar->installEventFilter(this);
+    }
 
     bool eventFilter(QObject* watched, QEvent* event) override
     {
-        if (event->type() == QEvent::Paint)
-            messages.insert(bar->currentMessage());
+        const QString message = bar->currentMessage();
+        if (event->type() == QEvent::Paint && message.startsWith("Searching: ") && names.insert(message).second &&
+            names.size() == 1)
+            atFirstName();
         return QObject::eventFilter(watched, event);
     }
 
-    std::set<QString> messages;
+    std::set<QString> names;
 
 private:
     QStatusBar* bar;
-};
-
-/// A person who types, clicks and closes the window as soon as its status line names a satellite.
-class ImpatientPerson : public QObject
-{
-public:
-    ImpatientPerson(QMainWindow* shown, QAction* also) : window(shown), command(also)
-    {
-        window->statusBar()->installEventFilter(this);
-    }
-
-    bool eventFilter(QObject* watched, QEvent* event) override
-    {
-        const bool named = window->statusBar()->currentMessage().startsWith("Searching: ");
-        if (event->type() == QEvent::Paint && named && ++paints == 1)
-            act();
-        return QObject::eventFilter(watched, event);
-    }
-
-    int paints = 0;
-
-private:
-    void act()
-    {
-        // as they come from the display
-        QWindow* handle = window->windowHandle();
-        QCoreApplication::postEvent(handle, new QKeyEvent(QEvent::KeyPress, Qt::Key_H, Qt::NoModifier, "h"));
-        QMetaObject::invokeMethod(command, &QAction::trigger, Qt::QueuedConnection);
-        QCoreApplication::postEvent(handle, new QCloseEvent);
-    }
-
-    QMainWindow* window;
-    QAction* command;
+    std::function<void()> atFirstName;
 };
 
 class ScanStatusTest : public AppTest
@@ -71,7 +42,11 @@ class ScanStatusTest : public AppTest
     Q_OBJECT
 
 private Q_SLOTS:
-    void init() { prepare(); }
+    void init()
+    {
+        open();
+        choose("viewStatusBar");  // hidden at first
+    }
     void cleanup()
     {
         setScanWorkers(0);
@@ -80,17 +55,12 @@ private Q_SLOTS:
 
     void aScanNamesTheSatelliteInWork()
     {
-        start();
-        action("viewStatusBar")->trigger();  // hidden at first
-        app->show();
-        QVERIFY(QTest::qWaitForWindowExposed(app.get()));
-        const PaintedMessages painted(app->statusBar());
+        const StatusWatcher status(app->statusBar());
         std::set<QString> duringScan;
-        const int boxes = answering([&] { action("calcAllSats")->trigger(); }, {[&](QDialog* box) {
-                                        duringScan = painted.messages;
-                                        box->accept();
-                                    }});
-        QCOMPARE(boxes, 1);
+        choose("calcAllSats", {[&](QDialog* box) {
+                   duringScan = status.names;
+                   box->accept();
+               }});
         QVERIFY(duringScan.count("Searching: ATLAS CENTAUR 2") == 1);
         QCOMPARE(app->statusBar()->currentMessage(), QString("Ready."));
     }
@@ -110,24 +80,26 @@ private Q_SLOTS:
         QFETCH(const int, workers);
         place->write("visual.txt", place->read("visual.txt").repeated(300));
         place->write("satsave.txt", "the old list\n");
-        start();
         windows::observeAllFromVienna();
-        action("viewStatusBar")->trigger();
-        app->show();
-        QVERIFY(QTest::qWaitForWindowExposed(app.get()));
         setScanWorkers(workers);
         const QStringList files = QDir().entryList(QDir::AllEntries | QDir::Hidden);
-        const ImpatientPerson person(app.get(), action("helpQuick"));
+        // a person who types, clicks and closes the window, as it comes from the display
+        const StatusWatcher status(app->statusBar(), [this] {
+            QWindow* handle = app->windowHandle();
+            QCoreApplication::postEvent(handle, new QKeyEvent(QEvent::KeyPress, Qt::Key_H, Qt::NoModifier, "h"));
+            QMetaObject::invokeMethod(action("helpQuick"), &QAction::trigger, Qt::QueuedConnection);
+            QCoreApplication::postEvent(handle, new QCloseEvent);
+        });
         bool openAtEnd = false;
-        const int boxes = answering(
+        const int boxes = windows::answering(
             [&] {
-                action(command.toUtf8().constData())->trigger();
+                action(command)->trigger();
                 openAtEnd = app->isVisible();
                 QTRY_VERIFY(!app->isVisible());
             },
             {});
         QCOMPARE(boxes, 0);
-        QCOMPARE(person.paints, 1);
+        QCOMPARE(status.names.size(), 1U);
         QVERIFY(openAtEnd);
         QVERIFY(!timer()->isActive());
         QCOMPARE(place->read("satsave.txt"), QByteArray("the old list\n"));

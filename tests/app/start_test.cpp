@@ -1,17 +1,13 @@
-// Start and end of a run: working directory, configuration, window size, and what quitting saves.
-
-#include <memory>
+// Start and end of a run, whatever the files hold; the questions of the file menu; what quitting saves.
 
 #include <QFileDialog>
 #include <QInputDialog>
-#include <QMessageBox>
 #include <QScrollArea>
 #include <QSpinBox>
+#include <QStatusBar>
 
-#include "app/app_fixture.h"
-#include "app/record/config.h"
-
-using windows::answering;
+#include "app/app_helper.h"
+#include "scratch_dir.h"
 
 class StartTest : public AppTest
 {
@@ -30,25 +26,16 @@ private Q_SLOTS:
         QCOMPARE(CFDIR, QDir::homePath());
         QCOMPARE(TLEname, QString("./visual.txt"));
         QCOMPARE(fntsz, 10);
-        QCOMPARE(qobject_cast<QScrollArea*>(app->centralWidget())->widget(), app->canvas());
+        QCOMPARE(qobject_cast<QScrollArea*>(app->centralWidget())->widget(), canvas());
         QCOMPARE(indata->satn, 0);
         QVERIFY(!QFile::exists("vorlix.cfg"));
-    }
-
-    void aDesktopFindsTheLauncherOfTheWindow()
-    {
-        start();
         const QString launcher = QGuiApplication::desktopFileName() + ".desktop";
-        QCOMPARE(launcher, QString("io.vorlix.Vorlix.desktop"));
         QVERIFY(QFile::exists(SOURCE_DIR "/resources/desktop/" + launcher));
     }
 
     void theFontSizeOfTheConfigurationSizesTheWindow()
     {
-        configure([](WinpData& in) {
-            in.fsz = 8;
-            in.leftbtn = true;
-        });
+        place->write("vorlix.cfg", configurationWith({{5, "8"}, {15, "1"}}));
         start();
         QCOMPARE(app->size(), QSize(744, 560));
         QCOMPARE(fntsz, 8);
@@ -64,20 +51,59 @@ private Q_SLOTS:
         QCOMPARE(TLEname, QString());
         QCOMPARE(QDir::currentPath(), QDir(QDir::homePath()).canonicalPath());
         QCOMPARE(QString(indata->tlename), QString("*"));
-        action("fileQuit")->trigger();
+        choose("fileQuit");
         QCOMPARE(QDir::currentPath(), APPDIR);
         QVERIFY(QFile::exists(place->path("vorlix.cfg")));
     }
 
+    void aFolderIsNoElementFile()
+    {
+        QVERIFY(QDir().mkdir(place->path("rough.txt")));
+        open(configurationWith({{8, "./rough.txt"}}));
+        QVERIFY(report().contains("*** No valid TLE file selected ***"));
+        QStringList told;
+        choose("inputSelectSat", {answer("see; accept", &told)});
+        QCOMPARE(told, QStringList("Unable to open TLE file *"));
+    }
+
+    void damagedOrAbsurdConfigurationsHarmNothing()
+    {
+        const QByteArray absurd = configurationWith({{0, "-1e300"},
+                                                     {1, "-1e300"},
+                                                     {2, "-1e300"},
+                                                     {3, "-1e300"},
+                                                     {5, "-1e300"},
+                                                     {6, "-1e300"},
+                                                     {7, "-1e300"},
+                                                     {4, QByteArray(10000, 'x')},
+                                                     {10, "-1e300"},
+                                                     {11, "-1e300"},
+                                                     {12, "-1e300"},
+                                                     {13, "-1e300"},
+                                                     {19, "2"},
+                                                     {17, "inf 1e300 -1e300 nan"}});
+        const QByteArray cut = dataFile("vienna.cfg").left(60);
+        for (const QByteArray& bytes : {QByteArray(100000, '\0'), QByteArray(1000000, '9'), cut, absurd}) {
+            open(bytes);
+            QCOMPARE(report().contains("Problems reading Configuration File. Using defaults instead."),
+                     bytes != absurd);
+            QVERIFY(report().contains(bytes == absurd ? QString(30, 'x') : "Maximum Sun Elev.: -6"));
+            for (const char* command : {"calcAOS", "viewRefresh", "plotForward"})
+                choose(command);
+            QCOMPARE(indata->dspmd, 1);
+        }
+    }
+
     void quittingSavesAndClosingDoesNot()
     {
+        const CommaLocale comma;  // which must not be seen in the file
         start();
         windows::select("HST");
         indata->lat = 48.25;
         app->show();
         app->close();
         QVERIFY(!QFile::exists("vorlix.cfg"));
-        action("fileQuit")->trigger();
+        choose("fileQuit");
         const QByteArray saved = place->read("vorlix.cfg");
         QVERIFY(saved.startsWith("16.000000 \n48.250000 \n"));
         QVERIFY(saved.contains("\n1 \nHST"));
@@ -85,7 +111,7 @@ private Q_SLOTS:
         QCOMPARE(indata->satn, 1);
         QCOMPARE(indata->norad[0], 20580);
         QCOMPARE(indata->lat, 48.25);
-        action("fileQuit")->trigger();
+        choose("fileQuit");
         QCOMPARE(place->read("vorlix.cfg"), saved);
     }
 
@@ -94,15 +120,13 @@ private Q_SLOTS:
         start();
         windows::select("HST");
         place->write("other.txt", "");
-        answering([&] { action("fileOpen")->trigger(); }, {[&](QDialog* dialog) {
-                      QCOMPARE(dialog->windowTitle(), QString("TLE file dialog"));
-                      auto* files = qobject_cast<QFileDialog*>(dialog);
-                      QCOMPARE(files->nameFilters(),
-                               QStringList({"TLE files (*.txt *.TXT *.tle *.TLE)", "all files (*.*)"}));
-                      chooseFile(dialog, place->path("other.txt"));
-                  }});
+        choose("fileOpen", {[&](QDialog* dialog) {
+                   QCOMPARE(qobject_cast<QFileDialog*>(dialog)->nameFilters(),
+                            QStringList({"TLE files (*.txt *.TXT *.tle *.TLE)", "all files (*.*)"}));
+                   answer("file other.txt")(dialog);
+               }});
         QCOMPARE(QFileInfo(TLEname).fileName(), QString("other.txt"));
-        QCOMPARE(QFileInfo(app->canvas()->getTLEname()).fileName(), QString("other.txt"));
+        QCOMPARE(QFileInfo(canvas()->getTLEname()).fileName(), QString("other.txt"));
         QCOMPARE(indata->satn, 1);
     }
 
@@ -110,55 +134,40 @@ private Q_SLOTS:
     {
         start();
         windows::select("ISS");
-        QStringList filters;
-        QString question, done;
-        const auto choose = [&](QDialog* dialog) {
-            auto* files = qobject_cast<QFileDialog*>(dialog);
-            QVERIFY(files);
-            filters = files->nameFilters();
-            files->selectNameFilter("OMM CSV (*.csv)");
-            chooseFile(dialog, place->path("mine"));
-        };
-        const auto read = [&](QDialog* dialog) { done = qobject_cast<QMessageBox*>(dialog)->text(); };
-        const auto answer = [&](const QString& button) {
-            return [&, button](QDialog* dialog) {
-                question = qobject_cast<QMessageBox*>(dialog)->text();
-                windows::press(dialog, button);
-            };
-        };
-        const auto save = [this] { action("fileTLESaveAs")->trigger(); };
-        answering(save, {choose, read});
-        QCOMPARE(filters, QStringList({"TLE files (*.txt *.TXT *.tle *.TLE)", "OMM CSV (*.csv)", "all files (*.*)"}));
-        QCOMPARE(done, "TLE's saved on file " + place->path("mine.csv"));
+        choose("fileTLESaveAs", {[](QDialog* dialog) {
+                   QCOMPARE(
+                       qobject_cast<QFileDialog*>(dialog)->nameFilters(),
+                       QStringList({"TLE files (*.txt *.TXT *.tle *.TLE)", "OMM CSV (*.csv)", "all files (*.*)"}));
+               }});
+        const QString saving = "fileTLESaveAs\n| form OMM CSV (*.csv); file mine\n";
+        const QString done = "TLE's saved on file mine.csv";
+        QCOMPARE(follow(saving + "| see; accept"), QStringList(done));
+        QCOMPARE(app->statusBar()->currentMessage(), QString("Ready."));
         const QByteArray saved = place->read("mine.csv");
         QVERIFY(saved.startsWith("OBJECT_NAME,OBJECT_ID,EPOCH,"));
         QVERIFY(saved.contains("\r\nISS (ZARYA),1998-067A,"));
         QVERIFY(!QFile::exists(place->path("mine")));
 
         place->write("mine.csv", "precious");
-        answering(save, {choose, answer("No")});
-        QVERIFY(question.contains("mine.csv"));
+        QVERIFY(follow(saving + "| see; press No").value(0).contains("mine.csv already exists."));
         QCOMPARE(place->read("mine.csv"), QByteArray("precious"));
-        answering(save, {choose, answer("Yes"), read});
+        QCOMPARE(follow(saving + "| press Yes\n| see; accept"), QStringList(done));
         QCOMPARE(place->read("mine.csv"), saved);
     }
 
     void theFontSizeCommandOffersThreeSizes()
     {
         start();
-        answering([&] { action("viewFontSize")->trigger(); }, {[](QDialog* dialog) {
-                      QCOMPARE(dialog->windowTitle(), QString("Font Size"));
-                      auto* spin = dialog->findChild<QSpinBox*>();
-                      QCOMPARE(spin->minimum(), 8);
-                      QCOMPARE(spin->maximum(), 12);
-                      QCOMPARE(spin->singleStep(), 2);
-                      QCOMPARE(spin->value(), 10);
-                      spin->setValue(12);
-                      dialog->accept();
-                  }});
+        choose("viewFontSize", {[](QDialog* dialog) {
+                   auto* spin = dialog->findChild<QSpinBox*>();
+                   QCOMPARE(QList({spin->minimum(), spin->maximum(), spin->singleStep(), spin->value()}),
+                            QList({8, 12, 2, 10}));
+                   spin->setValue(12);
+                   dialog->accept();
+               }});
         QCOMPARE(fntsz, 12);
         QCOMPARE(indata->fsz, 12);
-        action("fileQuit")->trigger();
+        choose("fileQuit");
         start();
         QCOMPARE(fntsz, 10);  // for the run only
     }
@@ -167,62 +176,50 @@ private Q_SLOTS:
     {
         start();
         windows::observeAllFromVienna();
-        QCOMPARE(answering([&] { action("inputNextSat")->trigger(); }, {}), 0);
+        choose("inputNextSat");
         QVERIFY(indata->satn >= 1);
         QVERIFY(timer()->isActive());
         QCOMPARE(indata->rtflg, 1);
     }
 
-    void aFailedDownloadGivesTheOldFileBack()
+    void aDownloadTellsWhatStoppedIt()
     {
         start();
         const QByteArray before = place->read("visual.txt");
-        // nothing listens there
-        answering([&] { action("fileUpdate")->trigger(); }, {[](QDialog* dialog) {
-                      qobject_cast<QInputDialog*>(dialog)->setTextValue("127.0.0.1/x/visual.txt");
-                      dialog->accept();
-                  }});
-        QHash<QString, QString> told;  // the refusal comes as fast as it likes, so in either order
-        const auto listen = [&](QDialog* dialog) {
-            told[dialog->windowTitle()] = qobject_cast<QMessageBox*>(dialog)->text();
-            dialog->accept();
+        QDir().mkdir("folder");
+        const auto from = [](const QString& address) -> Answer {
+            return [=](QDialog* dialog) {
+                qobject_cast<QInputDialog*>(dialog)->setTextValue(address);
+                dialog->accept();
+            };
         };
-        answering(
+        QStringList told;
+        choose("fileUpdate", {from("127.0.0.1/x/folder"), answer("see title; accept", &told)});
+        QVERIFY2(told.join('|').startsWith("HTTP Get|Cannot write file ./folder|"), qPrintable(told.join('|')));
+
+        choose("fileUpdate", {from("127.0.0.1/x/visual.txt")});  // nothing listens there
+        told.clear();
+        const Answer listen = answer("see title; accept", &told);  // the refusal comes as fast as it likes
+        windows::answering(
             [&] {
                 action("fileUpdate")->trigger();  // while the first is under way
-                QTRY_COMPARE(told.size(), 2);
+                QTRY_COMPARE(told.size(), 4);
             },
             {listen, listen});
-        QCOMPARE(told["Online Update"], QString("Another online update still in progress."));
-        QVERIFY2(told["HTTP Get"].startsWith("Error fetching file with HTTP: "), qPrintable(told["HTTP Get"]));
+        const qsizetype refused = told.indexOf("HTTP Get") + 1;
+        QVERIFY2(told.value(refused).startsWith("Error fetching file with HTTP: "), qPrintable(told.join('|')));
+        QCOMPARE(told.value(told.indexOf("Online Update") + 1), QString("Another online update still in progress."));
         QCOMPARE(place->read("visual.txt"), before);
         QVERIFY(!QFile::exists("satwwwsave.tmp"));
     }
 
-    void aTargetThatCannotBeWrittenIsTold()
-    {
-        start();
-        QDir().mkdir("visual");
-        QString text;
-        answering([&] { action("fileUpdate")->trigger(); },
-                  {[](QDialog* dialog) {
-                       qobject_cast<QInputDialog*>(dialog)->setTextValue("127.0.0.1/x/visual");  // a directory
-                       dialog->accept();
-                   },
-                   [&](QDialog* dialog) {
-                       text = qobject_cast<QMessageBox*>(dialog)->text();
-                       dialog->accept();
-                   }});
-        QVERIFY2(text.startsWith("Cannot write file ./visual\n"), qPrintable(text));
-    }
-
 private:
-    static void configure(const std::function<void(WinpData&)>& change)
+    static QByteArray configurationWith(const QMap<int, QByteArray>& changes)
     {
-        const auto run = std::make_unique<WinpData>();
-        setDefaults(run.get());
-        change(*run);
-        putcfg(run.get());
+        QByteArrayList lines = dataFile("vienna.cfg").split('\n');
+        for (auto change = changes.begin(); change != changes.end(); ++change)
+            lines[change.key()] = change.value();
+        return lines.join('\n');
     }
 };
 

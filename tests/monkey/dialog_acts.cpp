@@ -20,47 +20,15 @@ namespace monkey {
 
 namespace {
 
+constexpr const char* longName =
+    "\xc3\xa4\xe2\x98\x83\xf0\x9f\x9b\xb0 a long name that fits no field of the record at all";
+
+// clang-format off
 constexpr std::array texts{
-    "",
-    "0",
-    "1",
-    "-1",
-    "5",
-    "12",
-    "24",
-    "59.99999",
-    "90",
-    "-90.0001",
-    "180",
-    "360",
-    "0.5",
-    "1.0",
-    "1.5",
-    "1e-8",
-    "2018",
-    "1957",
-    "25544",
-    "339999",
-    "340000",
-    "7000",
-    "-7000",
-    "1e300",
-    "-1e300",
-    "1e-300",
-    "2147483647",
-    "-2147483648",
-    "99999999999",
-    "nan",
-    "inf",
-    "abc",
-    "1,5",
-    "12.3456",
-    "ISS",
-    "*",
-    "I",
-    "1998-067A",
-    "98067A",
-    "\xc3\xa4\xe2\x98\x83\xf0\x9f\x9b\xb0 a long name that fits no field of the record at all"};
+    "", "0", "1", "-1", "5", "12", "24", "59.99999", "90", "-90.0001", "180", "360", "0.5", "1.0", "1.5", "1e-8", "2018",
+    "1957", "25544", "339999", "340000", "7000", "-7000", "1e300", "-1e300", "1e-300", "2147483647", "-2147483648",
+    "99999999999", "nan", "inf", "abc", "1,5", "12.3456", "ISS", "*", "I", "1998-067A", "98067A", longName};
+// clang-format on
 
 // a search through more days than these, or a list of them in steps of a tenth of a second, would keep the hand waiting
 constexpr std::array durations{"0", "0.1", "0.3", "1", "-0.5", "abc", "nan"};
@@ -88,27 +56,27 @@ constexpr std::array addresses{"127.0.0.1:1/visual.txt",
 constexpr int actsPerDialog = 10;
 
 template <class Array>
-QString oneOf(const Array& all, Dice& dice)
+QString textOf(const Array& all, Dice& dice)
 {
-    return QString::fromUtf8(all[dice.below(all.size())]);
+    return QString::fromUtf8(oneOf(all, dice));
 }
 
 QString textFor(const QLineEdit& edit, Dice& dice)
 {
     const QString name = edit.objectName();
     if (name == QLatin1String("yearEdit"))
-        return oneOf(years, dice);
+        return textOf(years, dice);
     if (name == QLatin1String("monthEdit"))
-        return oneOf(months, dice);
-    for (const char* part :
-         {"tzoneEdit", "mecoEdit", "deltmEdit", "tmEdit", "dayEdit", "hourEdit", "minEdit", "secEdit", "rtEdit"})
-        if (name == QLatin1String(part))
-            return oneOf(partsOfDate, dice);
+        return textOf(months, dice);
+    if (QStringLiteral("tzoneEdit mecoEdit deltmEdit tmEdit dayEdit hourEdit minEdit secEdit rtEdit")
+            .split(' ')
+            .contains(name))
+        return textOf(partsOfDate, dice);
     if (name == QLatin1String("durEdit"))
-        return oneOf(durations, dice);
+        return textOf(durations, dice);
     if (name == QLatin1String("tolEdit"))
-        return oneOf(tolerances, dice);
-    return oneOf(texts, dice);
+        return textOf(tolerances, dice);
+    return textOf(texts, dice);
 }
 
 void type(QLineEdit& edit, const QString& text, Tell tell)
@@ -129,22 +97,13 @@ void press(QAbstractButton& button, Tell tell)
     button.click();
 }
 
-/// What can be seen and used.
-template <class Widget>
-QList<Widget*> usable(const QDialog& dialog)
-{
-    QList<Widget*> all;
-    for (auto* widget : dialog.findChildren<Widget*>())
-        if (widget->isVisible() && widget->isEnabled())
-            all << widget;
-    return all;
-}
-
+/// One of those that can be seen and used.
 template <class Widget>
 Widget* anyOf(const QDialog& dialog, Dice& dice)
 {
-    const QList<Widget*> all = usable<Widget>(dialog);
-    return all.isEmpty() ? nullptr : all[static_cast<qsizetype>(dice.below(static_cast<std::size_t>(all.size())))];
+    QList<Widget*> all = dialog.findChildren<Widget*>();
+    all.removeIf([](const Widget* widget) { return !widget->isVisible() || !widget->isEnabled(); });
+    return all.isEmpty() ? nullptr : oneOf(all, dice);
 }
 
 /// No other folders: a name of this one, or none.
@@ -157,11 +116,9 @@ void answerFileDialog(QFileDialog& dialog, Dice& dice, Tell tell)
         return;
     }
     auto* const filter = dialog.findChild<QComboBox*>(QStringLiteral("fileTypeCombo"));
-    if (filter && filter->count() > 0 && dice.oneIn(3)) {
-        dialog.selectNameFilter(dialog.nameFilters()[static_cast<qsizetype>(
-            dice.below(static_cast<std::size_t>(dialog.nameFilters().size())))]);
-    }
-    name->setText(oneOf(fileNames, dice));
+    if (filter && filter->count() > 0 && dice.oneIn(3))
+        dialog.selectNameFilter(oneOf(dialog.nameFilters(), dice));
+    name->setText(textOf(fileNames, dice));
     tell(QStringLiteral("  file %1").arg(name->text()));
     QTest::keyClick(name, Qt::Key_Return);
 }
@@ -170,7 +127,7 @@ void answerFileDialog(QFileDialog& dialog, Dice& dice, Tell tell)
 void answerOnlineUpdate(QDialog& dialog, Dice& dice, Tell tell)
 {
     if (auto* edit = anyOf<QLineEdit>(dialog, dice))
-        type(*edit, oneOf(addresses, dice), tell);
+        type(*edit, textOf(addresses, dice), tell);
     if (dice.oneIn(3))
         dialog.reject();
     else
@@ -189,7 +146,7 @@ void pressDialogKey(QDialog& dialog, Dice& dice, Tell tell)
 {
     constexpr std::array keys{Qt::Key_Return, Qt::Key_Escape, Qt::Key_Tab,    Qt::Key_Up,
                               Qt::Key_Down,   Qt::Key_Space,  Qt::Key_PageUp, Qt::Key_F1};
-    const Qt::Key key = keys[dice.below(keys.size())];
+    const Qt::Key key = oneOf(keys, dice);
     tell(QStringLiteral("  key %1").arg(QKeySequence(key).toString()));
     QWidget* const focused = dialog.focusWidget();
     QTest::keyClick(focused ? focused : &dialog, key);

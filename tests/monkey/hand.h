@@ -4,6 +4,8 @@
 
 #include "fuzz/mutations.h"
 
+#include <iterator>
+
 #include <QString>
 
 class QDialog;
@@ -16,6 +18,12 @@ using fuzz::Dice;
 
 /// What an act is called in the list of events. It is told before the act itself, which may be the last one.
 using Tell = void (*)(const QString& event);
+
+template <class All>
+auto oneOf(const All& all, Dice& dice)
+{
+    return all[dice.below(static_cast<std::size_t>(std::size(all)))];
+}
 
 /// The files that the program finds in the working directory.
 void layOutFiles();

@@ -1,29 +1,24 @@
 // Lets a random hand loose on the program:
 //
-//     monkey [--events N] [--seed K] [--trace]
+//     monkey [EVENTS [SEED]]
 //
-// The same seed gives the same events. If the program dies, stands still or holds what it must not hold, the last events
-// are printed together with the call that repeats them. The environment variable VORLIX_MONKEY_EVENTS takes the place
-// of N for a long run.
+// The same seed gives the same events; the environment variable VORLIX_MONKEY_EVENTS takes the place of their number for
+// a long run. They are written to monkey.txt in the working directory before they happen: if the program dies, stands
+// still or holds what it must not hold, the last line is the cause.
 
 #include "monkey/hand.h"
 
 #include <algorithm>
-#include <chrono>
 #include <cstdio>
 #include <cstdlib>
-#include <deque>
 #include <memory>
-#include <string>
-#include <string_view>
 
-#include <signal.h>  // NOLINT(modernize-deprecated-headers): sigaction and its kin are of POSIX
-#include <sys/wait.h>
 #include <unistd.h>
 
 #include <QApplication>
 #include <QDialog>
 #include <QDir>
+#include <QElapsedTimer>
 #include <QFont>
 #include <QTemporaryDir>
 #include <QTimer>
@@ -35,39 +30,14 @@
 
 namespace {
 
-constexpr int secondsOfAHang = 300;  // for one event
-constexpr std::size_t eventsToShow = 40;
+constexpr unsigned int secondsOfAHang = 300;  // for one event
 
-struct Options
-{
-    Options(int argc, char* argv[])
-    {
-        for (int i = 1; i < argc; ++i) {
-            const std::string_view word = argv[i];
-            if (word == "--events" && i + 1 < argc)
-                events = std::strtoull(argv[++i], nullptr, 10);
-            else if (word == "--seed" && i + 1 < argc)
-                seed = std::strtoull(argv[++i], nullptr, 10);
-            else if (word == "--trace")
-                trace = true;
-        }
-        if (const char* wanted = std::getenv("VORLIX_MONKEY_EVENTS"))
-            events = std::strtoull(wanted, nullptr, 10);
-    }
-
-    unsigned long long events = 5000;
-    unsigned long long seed = 1;
-    bool trace = false;  // every event as it comes
-};
-
-/// To the process that watches.
-int eventPipe = -1;
+std::FILE* eventList = nullptr;
 
 void tell(const QString& event)
 {
-    const QByteArray line = event.toUtf8() + '\n';
-    if (::write(eventPipe, line.data(), static_cast<std::size_t>(line.size())) < 0)
-        std::_Exit(3);  // nobody watches
+    std::fprintf(eventList, "%s\n", qPrintable(event));
+    std::fflush(eventList);
 }
 
 template <std::size_t N>
@@ -84,20 +54,19 @@ bool isSound(const WinpData& in)
                         outdata->nlines <= maxReportLines;
     const bool texts = isTerminated(in.geoname) && isTerminated(in.savename) && isTerminated(in.tlename) &&
                        isTerminated(in.tlesave) && isTerminated(in.url);
-    return counts && texts && std::all_of(std::begin(in.fsname), std::end(in.fsname), [](const auto& name) {
-               return isTerminated(name);
-           });
+    return counts && texts && std::ranges::all_of(in.fsname, [](const auto& name) { return isTerminated(name); });
 }
 
 /// Calls the hand from the event loop, also from those of the dialogs.
 class Monkey : public QObject
 {
 public:
-    explicit Monkey(const Options& given) : options(given) {}
+    Monkey(unsigned long long wanted, unsigned long long given) : events(wanted), seed(given) {}
 
     /// Until the program ends by a command, or the events do.
     void play()
     {
+        tell("start of the program");
         app = std::make_unique<VorlixApp>();
         app->show();
         next();
@@ -105,16 +74,16 @@ public:
         app.reset();
     }
 
-    bool isDone() const { return event >= options.events; }
+    bool isDone() const { return event >= events; }
 
-    void printSlowest() const { std::printf("monkey: the slowest event took %.1f s: %llu\n", slowest, slowestEvent); }
+    void printSlowest() const
+    {
+        std::printf("monkey: %llu events, seed %llu, the slowest, %llu, took %.1f s\n", event, seed, slowestEvent,
+                    1e-3 * static_cast<double>(slowestMs));
+    }
 
 private:
-    void next()
-    {
-        QMetaObject::invokeMethod(
-            this, [this] { act(); }, Qt::QueuedConnection);
-    }
+    void next() { QMetaObject::invokeMethod(this, &Monkey::act, Qt::QueuedConnection); }
 
     void act()
     {
@@ -125,17 +94,19 @@ private:
         QWidget* const popup = QApplication::activePopupWidget();
         auto* const dialog = qobject_cast<QDialog*>(QApplication::activeModalWidget());
         if (acting && !popup && !dialog) {
-            QTimer::singleShot(1, this, [this] { act(); });  // the last act is not over yet
+            QTimer::singleShot(1, this, &Monkey::act);  // the last act is not over yet
             return;
         }
         next();
         const bool outer = !acting;
         acting = true;
-        const auto start = std::chrono::steady_clock::now();
+        QElapsedTimer time;
+        time.start();
+        ::alarm(secondsOfAHang);
         const unsigned long long number = event++;
-        tell(QStringLiteral("%1").arg(number));
+        tell(QString::number(number));
         // each event has numbers of its own: how many the one before it took does not matter
-        fuzz::Dice dice(options.seed * 1'000'003 + number);
+        fuzz::Dice dice(seed * 1'000'003 + number);
         if (popup)
             monkey::actOnPopup(*popup, dice, tell);
         else if (dialog)
@@ -144,16 +115,16 @@ private:
             monkey::actOnWindow(*app, dice, tell);
         holdTimer();
         if (!isSound(*indata)) {
-            tell(QStringLiteral("the record is not sound"));
+            tell("the record is not sound");
             std::abort();
         }
-        const double seconds = std::chrono::duration<double>(std::chrono::steady_clock::now() - start).count();
-        if (outer && seconds > slowest) {
-            slowest = seconds;
+        if (!outer)
+            return;
+        acting = false;
+        if (time.elapsed() > slowestMs) {
+            slowestMs = time.elapsed();
             slowestEvent = number;
         }
-        if (outer)
-            acting = false;
     }
 
     /// Closes one dialog after the other, then the program.
@@ -179,11 +150,11 @@ private:
             timer->setInterval(never);
     }
 
-    const Options options;
+    const unsigned long long events, seed;
     std::unique_ptr<VorlixApp> app;
     unsigned long long event = 0;
     bool acting = false;
-    double slowest = 0;
+    qint64 slowestMs = 0;
     unsigned long long slowestEvent = 0;
 };
 
@@ -194,8 +165,22 @@ void showMessage(QtMsgType, const QMessageLogContext&, const QString& text)
         std::fprintf(stderr, "%s\n", qPrintable(text));
 }
 
-int playAll(int argc, char* argv[], const Options& options)
+unsigned long long number(const char* text, unsigned long long otherwise)
 {
+    return text ? std::strtoull(text, nullptr, 10) : otherwise;
+}
+
+}  // namespace
+
+int main(int argc, char* argv[])
+{
+    const unsigned long long events = number(argc > 1 ? argv[1] : nullptr, 5000);
+    const unsigned long long seed = number(argc > 2 ? argv[2] : nullptr, 1);
+    eventList = std::fopen("monkey.txt", "w");
+    if (!eventList)
+        return 2;
+    std::printf("monkey: the events are in %s\n", qPrintable(QDir::current().filePath("monkey.txt")));
+    std::fflush(stdout);
     qputenv("QT_QPA_PLATFORM", "offscreen");
     qInstallMessageHandler(showMessage);
     const QTemporaryDir folder;
@@ -206,104 +191,12 @@ int playAll(int argc, char* argv[], const Options& options)
     windows::stopTheClock();
     QApplication application(argc, argv);
     QApplication::setFont(QFont("helvetica", 10));
-    Monkey monkey(options);
+    Monkey monkey(number(std::getenv("VORLIX_MONKEY_EVENTS"), events), seed);
     while (!monkey.isDone()) {
         QDir::setCurrent(folder.path());
-        tell(QStringLiteral("start of the program"));
         monkey.play();
     }
     monkey.printSlowest();
+    std::fclose(eventList);
     return 0;
-}
-
-/// Reads what the playing process tells, and sees to it that it goes on.
-class Watcher
-{
-public:
-    Watcher(pid_t player, int from, const Options& given) : child(player), pipe(from), options(given) {}
-
-    int watch()
-    {
-        while (readOn()) {}
-        int status = 0;
-        ::waitpid(child, &status, 0);
-        const bool good = WIFEXITED(status) && WEXITSTATUS(status) == 0;
-        if (!good)
-            printLast(status);
-        else
-            std::printf("monkey: %llu events, seed %llu\n", events, options.seed);
-        return good ? 0 : 1;
-    }
-
-private:
-    bool readOn()
-    {
-        ::fd_set set;
-        FD_ZERO(&set);
-        FD_SET(pipe, &set);
-        ::timeval limit{secondsOfAHang, 0};
-        if (::select(pipe + 1, &set, nullptr, nullptr, &limit) == 0) {
-            std::fprintf(stderr, "monkey: no event for %d s\n", secondsOfAHang);
-            ::kill(child, SIGABRT);
-            return false;
-        }
-        char block[4096];
-        const ssize_t n = ::read(pipe, block, sizeof block);
-        if (n <= 0)
-            return false;
-        take({block, static_cast<std::size_t>(n)});
-        return true;
-    }
-
-    void take(std::string_view bytes)
-    {
-        for (const char c : bytes) {
-            line += c;
-            if (c != '\n')
-                continue;
-            if (options.trace)
-                std::fputs(line.c_str(), stderr);
-            if (line[0] >= '0' && line[0] <= '9')
-                ++events;
-            last.push_back(line);
-            if (last.size() > 2 * eventsToShow)
-                last.pop_front();
-            line.clear();
-        }
-    }
-
-    void printLast(int status) const
-    {
-        std::fprintf(stderr, "monkey: ended by %s %d. The last events, of which it was the last one:\n",
-                     WIFSIGNALED(status) ? "signal" : "code",
-                     WIFSIGNALED(status) ? WTERMSIG(status) : WEXITSTATUS(status));
-        for (const std::string& shown : last)
-            std::fputs(shown.c_str(), stderr);
-        std::fprintf(stderr, "monkey: repeat it by: monkey --seed %llu --events %llu\n", options.seed, events);
-    }
-
-    const pid_t child;
-    const int pipe;
-    const Options options;
-    std::string line;
-    std::deque<std::string> last;
-    unsigned long long events = 0;
-};
-
-}  // namespace
-
-int main(int argc, char* argv[])
-{
-    const Options options(argc, argv);
-    int ends[2];
-    if (::pipe(ends) != 0)
-        return 2;
-    const pid_t child = ::fork();
-    if (child == 0) {
-        ::close(ends[0]);
-        eventPipe = ends[1];
-        return playAll(argc, argv, options);
-    }
-    ::close(ends[1]);
-    return Watcher(child, ends[0], options).watch();
 }

@@ -31,12 +31,6 @@ constexpr std::array keys{Qt::Key_Space,    Qt::Key_Delete, Qt::Key_Home,  Qt::K
                           Qt::Key_PageDown, Qt::Key_Left,   Qt::Key_Right, Qt::Key_Up,  Qt::Key_Down,
                           Qt::Key_Escape,   Qt::Key_Return, Qt::Key_Tab,   Qt::Key_F1,  Qt::Key_F10};
 
-template <class Array>
-auto oneOf(const Array& all, Dice& dice)
-{
-    return all[dice.below(std::size(all))];
-}
-
 QPoint anyPoint(const QWidget& widget, Dice& dice)
 {
     return {static_cast<int>(dice.below(static_cast<std::size_t>(std::max(widget.width(), 1)))),
@@ -54,17 +48,16 @@ QWidget& anyPart(VorlixApp& app, Dice& dice)
     if (!dice.oneIn(4))
         return *app.canvas()->viewport();
     const QList<QWidget*> parts = app.findChildren<QWidget*>();
-    QWidget* const part = parts[static_cast<qsizetype>(dice.below(static_cast<std::size_t>(parts.size())))];
+    QWidget* const part = oneOf(parts, dice);
     return part->isVisible() && part->isEnabled() ? *part : *app.menuBar();
 }
 
 void giveCommand(VorlixApp& app, Dice& dice, Tell tell)
 {
-    QList<QAction*> actions;
-    for (QAction* action : app.findChildren<QAction*>())
-        if (action->isEnabled() && !action->isSeparator() && !action->objectName().isEmpty())
-            actions << action;
-    QAction* const action = actions[static_cast<qsizetype>(dice.below(static_cast<std::size_t>(actions.size())))];
+    QList<QAction*> actions = app.findChildren<QAction*>();
+    actions.removeIf(
+        [](const QAction* a) { return !a->isEnabled() || a->isSeparator() || a->objectName().isEmpty(); });
+    QAction* const action = oneOf(actions, dice);
     // the way out is tried less often than all that would be gone with it
     if (action->objectName() == QLatin1String("fileQuit") && !dice.oneIn(3))
         return;

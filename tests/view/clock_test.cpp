@@ -9,6 +9,7 @@
 #include "astro/calendar.h"
 #include "engine/pass_search.h"
 #include "engine/position.h"
+#include "record_fields.h"
 #include "view/view_fixture.h"
 
 namespace {
@@ -54,16 +55,8 @@ private Q_SLOTS:
 
     void aDeltaPlotRunsFromTheStartDateToItsEnd()
     {
-        indata->year = 2018;
-        indata->month = 1;
-        indata->day = 20;
-        indata->hour = indata->minute = indata->second = 0;
-        indata->tzauto = 0;
-        indata->tzone = 0;
-        indata->tmstep = 0.25;
-        indata->dur = 1.0;
-        indata->mjd = start + 77.0;  // the time last plotted does not count
-        indata->rtflg = 1;
+        setFields(*indata, "year=2018 month=1 day=20 hour=0 minute=0 second=0 tzauto=0 tzone=0 tmstep=0.25 dur=1 "
+                           "mjd=58215 rtflg=1");  // the time last plotted does not count
         view->vTmCheck(2);
         QCOMPARE(indata->mjd, start);
         QCOMPARE(indata->dspmd, 1);
@@ -95,68 +88,57 @@ private Q_SLOTS:
     void theBackgroundIsDrawnAnewWhenItHasAged()
     {
         windows::select("ISS");
-        struct Case
-        {
-            const char* what;
-            int skymap, skyprj, mpnight, sunmplt;
-            double oldest;  // days
-        };
-        constexpr std::array cases{
-            Case{"with night", 0, 0, 1, 0, 0.01},         Case{"zenith sky", 1, 0, 0, 0, 0.004},
-            Case{"azimuth sky", 1, 3, 0, 0, 0.002},       Case{"zenith and night", 1, 0, 1, 0, 0.002},
-            Case{"azimuth and night", 1, 1, 1, 0, 0.001}, Case{"disk", 0, 0, 0, 1, 0.01}};
-        for (const Case& c : cases) {
-            indata->skymap = c.skymap;
-            indata->skyprj = c.skyprj;
-            indata->mpnight = c.mpnight;
-            indata->sunmplt = indata->occflg = c.sunmplt;
+        const std::pair<const char*, double> oldest[] = {// days
+                                                         {"skymap=0 mpnight=1", 0.01},
+                                                         {"skymap=0 mpnight=1 satsky=1", 0.01},
+                                                         {"skymap=1 skyprj=0", 0.004},
+                                                         {"skymap=1 skyprj=3", 0.002},
+                                                         {"skymap=1 skyprj=0 mpnight=1", 0.002},
+                                                         {"skymap=1 skyprj=1 mpnight=1", 0.001},
+                                                         {"skymap=1 satsky=1", 1e-6},
+                                                         {"skymap=0 sunmplt=1 occflg=1", 0.01}};
+        for (const auto& [map, days] : oldest) {
+            setFields(*indata, "skyprj=0 mpnight=0 satsky=0 sunmplt=0 occflg=0");
+            setFields(*indata, map);
             for (const double way : {1.0, -1.0}) {
                 indata->mjd = start;
                 view->vRefresh();
                 QCOMPARE(indata->mjdlast, start);
-                view->SatPlot(start + way * 0.98 * c.oldest, 0);
-                QVERIFY2(indata->mjdlast == start, c.what);
-                view->SatPlot(start + way * 1.02 * c.oldest, 0);
-                QVERIFY2(indata->mjdlast == start + way * 1.02 * c.oldest, c.what);
+                view->SatPlot(start + way * 0.98 * days, 0);
+                QVERIFY2(indata->mjdlast == start || days == 1e-6, map);  // from a satellite it is always old
+                view->SatPlot(start + way * 1.02 * days, 0);
+                QVERIFY2(indata->mjdlast == start + way * 1.02 * days, map);
             }
         }
-        indata->sunmplt = indata->occflg = 0;
-        for (const auto& [skymap, drawn] : {std::pair{1, true}, {0, false}}) {  // from the satellite, sky and world
-            indata->skymap = skymap;
-            indata->satsky = true;
-            indata->mjd = start;
-            view->vRefresh();
-            view->SatPlot(start + (drawn ? 1e-6 : 5.0), 0);
-            QCOMPARE(indata->mjdlast != start, drawn);
-        }
+        setFields(*indata, "skymap=0 satsky=1 sunmplt=0 occflg=0 mpnight=0");  // the world without night never is
+        view->vRefresh();
+        view->SatPlot(start + 5.0, 0);
+        QVERIFY(indata->mjdlast < start + 5.0);
     }
 
     void aSkyMapEndsRelativeMode()
     {
         indata->rlm = 1;
-        view->SatPlot(start, 0);
-        QCOMPARE(indata->rlm, 1);
-        indata->skymap = 1;
-        view->SatPlot(start, 0);
-        QCOMPARE(indata->rlm, 0);
+        for (const int skymap : {0, 1}) {
+            indata->skymap = skymap;
+            view->SatPlot(start, 0);
+            QCOMPARE(indata->rlm, 1 - skymap);
+        }
     }
 
-    void aJumpWithoutSatelliteOrPassWarnsAndChangesNothing()
+    void aJumpWithoutPassWarnsAndChangesNothing()
     {
+        windows::select("ISS");
         indata->satel = 91.0;
-        for (const char* told : {"No satellite selected", "No suitable pass found"}) {
-            QString text, second;
-            windows::answering([&] { view->vPlotNext(); }, {[&](QDialog* dialog) {
-                                   text = qobject_cast<QMessageBox*>(dialog)->text();
-                                   second = qobject_cast<QMessageBox*>(dialog)->escapeButton()->text();
-                                   windows::press(dialog, "OK");
-                               }});
-            QCOMPARE(text, QString(told));
-            QCOMPARE(second, QString("Quit"));
-            QCOMPARE(indata->mjd, start);
-            QCOMPARE(indata->pasjmp, 0);
-            windows::select("ISS");
-        }
+        QString second;
+        windows::answering([this] { view->vPlotNext(); }, {[&](QDialog* dialog) {
+                               const auto* box = qobject_cast<QMessageBox*>(dialog);
+                               second = box->escapeButton()->text();
+                           }});
+        QCOMPARE(second, QString("Quit"));
+        QCOMPARE(windows::told([this] { view->vPlotLast(); }), QStringList("Vorlix: No suitable pass found"));
+        QCOMPARE(indata->mjd, start);
+        QCOMPARE(indata->pasjmp, 0);
     }
 
     void jumpsGoToTheMaximaOfPassesAndBack()
@@ -183,11 +165,31 @@ private Q_SLOTS:
         QVERIFY(std::abs(indata->mjd - maxima[1]) < 1.5 / 86400.0);
     }
 
-private:
-    bool cksatokNow()
+    void aJumpOnTheSkyTurnsToTheSatelliteAndKeepsFractionsOfShortSteps()
     {
-        GetSatPos(indata->mjd, indata, satpos, indata->prs, 0);
-        return cksatok(indata, satpos, indata->prs) != 0;
+        windows::observeAllFromVienna();
+        windows::select("ISS");
+        setFields(*indata, "skymap=1 skyprj=5 skaz=33 tmstep=1.2e-6");
+        view->vPlotNext();
+        const double seconds = indata->mjd * 86400.0;
+        QVERIFY(std::abs(seconds - std::round(seconds)) > 1e-3);
+        QVERIFY(elevationAt(indata->mjd) > 10.0);
+        QVERIFY(std::abs(satpos->az[0] - indata->skaz) < 1e-6);
+    }
+
+    void aJumpInRelativeModeGoesToTheBeginOfTheContact()
+    {
+        windows::observeAllFromVienna();
+        windows::select("ISS");
+        windows::select("HST");
+        indata->rlm = 1;
+        const auto contactAt = [](double t) {
+            GetSatPos(t, indata, satpos, 0, 0);
+            return cksatok(indata, satpos, 0) != 0;
+        };
+        view->vPlotNext();
+        QVERIFY(contactAt(indata->mjd + 2.0 / 86400.0));
+        QVERIFY(!contactAt(indata->mjd - 2.0 / 86400.0));
     }
 };
 

@@ -6,7 +6,7 @@
 
 #include "app/record/text.h"
 #include "app/record/wout_data.h"
-#include "engine/position.h"
+#include "record_fields.h"
 #include "view/view_fixture.h"
 
 using windows::answering;
@@ -30,23 +30,10 @@ struct Page
     }
 };
 
-/// The number behind a label.
+/// The number behind a label, up to a comma or the end of the line.
 double after(const QString& text, const QString& label)
 {
-    const auto at = text.indexOf(label);
-    return at < 0 ? NAN
-                  : text.mid(at + label.size()).simplified().section(QRegularExpression("[ ,]"), 0, 0).toDouble();
-}
-
-/// Line of the pass table by its number among the rows that can be clicked.
-QString tableRow(int row)
-{
-    for (int k = 0; k < outdata->nlines; ++k) {
-        const QString line = textQString(lineText(*outdata, k));
-        if (line.startsWith('.') && row-- == 0)
-            return line;
-    }
-    return {};
+    return text.section(label, 1, 1).section(QRegularExpression("[,\n]"), 0, 0).trimmed().toDouble();
 }
 
 }  // namespace
@@ -63,29 +50,36 @@ private Q_SLOTS:
         windows::observeAllFromVienna();
         windows::select("ISS");
         indata->tmstep = 1.0 / 1440.0;
-        indata->leftbtn = true;
+        for (double* field : {&indata->az1, &indata->el1, &indata->az2, &indata->el2})
+            *field = 11.0;
     }
 
-    void cleanup() { close(); }
+    void cleanup()
+    {
+        // no click changes place and observations
+        QCOMPARE(indata->lat + indata->lng + indata->height, 48.25 + 16.5 + 200.0);
+        QCOMPARE(indata->az1 + indata->el1 + indata->az2 + indata->el2, 44.0);
+        close();
+    }
 
     void aClickOnARowListsItsPass()
     {
         view->vCalcAOS();
         QVERIFY(indata->naos > 12);
+        QStringList rows;
+        for (int k = 0; k < outdata->nlines; ++k)
+            if (const auto line = lineText(*outdata, k); line.starts_with('.'))
+                rows << textQString(line);
         // the last letter of the row above, the top of the row itself, and the gap of the groups
-        for (int row : {0, 3, 9, 10, 12}) {
+        for (int row : {3, 0, 9, 10, 12}) {
             Page page;
-            const int windowsSeen = answering([&] { clickAt(60, epos[row] + 1, Qt::RightButton); }, {page.read()});
-            QCOMPARE(windowsSeen, 1);
-            QCOMPARE(indata->aossel, row);
+            QCOMPARE(clickAt({60, epos[row] + 1}, Qt::RightButton, page), 1);
             QCOMPARE(page.title, QString("Pass Details"));
             const QStringList lines = page.text.split('\n');
             QVERIFY(lines[0].startsWith("ISS (ZARYA)"));
-            QCOMPARE(lines[4].simplified(), QString("Azim. Elev. R.A. Decl"));
             // the first full minute of the pass
-            const QTime start = QTime::fromString(tableRow(row).mid(9, 8).trimmed(), "h:mm:ss");
+            const QTime start = QTime::fromString(rows[row].mid(9, 8).trimmed(), "h:mm:ss");
             QCOMPARE(lines[5].mid(7, 6).trimmed(), start.addSecs(60 - start.second()).toString("h:mm"));
-            QVERIFY(page.text.contains("\n\nApparent Pole of orbit"));
         }
     }
 
@@ -93,65 +87,94 @@ private Q_SLOTS:
     {
         for (const auto& [lat, lng] : {std::pair{48.0, 16.5}, {-33.0, 151.0}, {10.0, -120.0}}) {
             view->vRefresh();
-            const QPoint p = view->PxCoord(lat, lng);
             Page page;
-            QCOMPARE(answering([&] { clickAt(p.x(), p.y(), Qt::RightButton); }, {page.read()}), 1);
+            QCOMPARE(clickAt(view->PxCoord(lat, lng), Qt::RightButton, page), 1);
             QCOMPARE(page.title, QString("Local Details"));
             constexpr double pixelDegrees = 0.51;
             QVERIFY(std::abs(after(page.text, "Lat: ") - lat) < pixelDegrees);
             QVERIFY(std::abs(after(page.text, "Long: ") - lng) < pixelDegrees);
             QVERIFY(page.text.contains("\n\tState Vector in km and km/s\nx\t"));
-            QCOMPARE(indata->lat + indata->lng + indata->height, 48.25 + 16.5 + 200.0);
         }
         indata->mapprj = 1;
         view->vRefresh();
         Page page;
-        answering([&] { clickAt(3, 3, Qt::RightButton); }, {page.read()});
+        clickAt({3, 3}, Qt::RightButton, page);
         QCOMPARE(page.text, QString("\n\n   *** Cursor outside Map ***"));
     }
 
     void aClickOnTheSkyTellsItsPoint()
     {
-        indata->skymap = 1;
-        view->vRefresh();
-        const QPoint p = view->PxSky(40.0, 130.0);
-        Page page;
-        answering([&] { clickAt(p.x(), p.y(), Qt::RightButton); }, {page.read()});
-        QVERIFY2(std::abs(after(page.text, "Azimuth (deg.):") - 130.0) < 1.0, qPrintable(page.text));
-        QVERIFY(std::abs(after(page.text, "Elevation (deg):") - 40.0) < 1.0);
-        QVERIFY(page.text.contains("\n\nISS (ZARYA)"));
-        answering([&] { clickAt(2, 2, Qt::RightButton); }, {page.read()});
-        QCOMPARE(page.text, QString("\n\n   *** Cursor outside Map ***"));
-        QCOMPARE(indata->az1, 0.0);
-        QCOMPARE(indata->el1, 0.0);
+        for (const bool fromSatellite : {false, true}) {
+            setFields(*indata, "skymap=1 mjd=58138.75");
+            indata->satsky = fromSatellite;
+            view->vRefreshP();
+            Page page;
+            clickAt(view->PxSky(40.0, 130.0), Qt::RightButton, page);
+            QVERIFY2(std::abs(after(page.text, "Azimuth (deg.):") - 130.0) < 1.0, qPrintable(page.text));
+            QVERIFY(std::abs(after(page.text, "Elevation (deg):") - 40.0) < 1.0);
+            QVERIFY(page.text.contains("\n\nISS (ZARYA)"));
+            // the sky on show is meant, also after another date was entered
+            const QString equatorial = page.text.section('\n', 4, 4);
+            QVERIFY(equatorial.startsWith(" R.A."));
+            indata->mjd += 0.02;
+            clickAt(view->PxSky(40.0, 130.0), Qt::RightButton, page);
+            QCOMPARE(page.text.section('\n', 4, 4), equatorial);
+            // 215 pixels from the zenith: below the horizon, but above the Earth as the satellite sees it
+            clickAt({145, 180}, Qt::RightButton, page);
+            QCOMPARE(page.text.contains("*** Cursor outside Map ***"), !fromSatellite);
+        }
+    }
+
+    void aClickOpensDetailsOnMapsOnly()
+    {
+        for (const auto& [fields, button, windowsSeen] :
+             {std::tuple{"dspmd=1 leftbtn=0", Qt::RightButton, 1},
+              {"dspmd=1 leftbtn=0", Qt::LeftButton, 0},
+              {"dspmd=1 leftbtn=1", Qt::LeftButton, 1},
+              {"dspmd=0 leftbtn=1", Qt::RightButton, 0},
+              {"dspmd=1 leftbtn=1 sunmplt=1 occflg=1", Qt::RightButton, 0},
+              {"dspmd=0 picflg=1", Qt::RightButton, 0}}) {
+            setFields(*indata, fields);
+            view->vRefresh();
+            setFields(*indata, fields);
+            Page page;
+            QVERIFY2(clickAt({300, 150}, button, page) == windowsSeen, fields);
+        }
     }
 
     void theSpaceBarAsksForThePlace()
     {
-        view->vRefresh();
         Page page;
         const QString name = fieldQString(indata->geoname);
-        const int seen = answering([&] { view->vLocalInf(); }, {[](QDialog* dialog) {
-                                                                    windows::enter(dialog, "latEdit", "-10");
-                                                                    windows::enter(dialog, "lngEdit", "30");
-                                                                    click(dialog, "okButton");
-                                                                },
-                                                                page.read()});
-        QCOMPARE(seen, 2);
+        const auto space = [this] { view->vLocalInf(); };
+        QCOMPARE(answering(space, {windows::acts("latEdit=-10 lngEdit=30 locEdit=There okButton"), page.read()}), 2);
         QVERIFY(page.text.startsWith("Lat: -10,  Long: 30,   SunElev:"));
-        QCOMPARE(indata->lat, 48.25);
-        QCOMPARE(indata->lng, 16.5);
         QCOMPARE(fieldQString(indata->geoname), name);
-        QCOMPARE(answering([&] { view->vLocalInf(); }, {[](QDialog* dialog) { dialog->reject(); }, page.read()}), 2);
+        QCOMPARE(answering(space, {windows::acts("cancelButton"), page.read()}), 2);
         QVERIFY2(page.text.startsWith("Lat: 48.25,  Long: 16.5,"), "cancelled: the place of the record");
         indata->skymap = 1;
-        QCOMPARE(answering([&] { view->vLocalInf(); }, {}), 0);
+        QCOMPARE(answering(space, {}), 0);
+    }
+
+    void noTickPlotsWhileAPickAsksForItsPlace()
+    {
+        indata->mjd = 58138.0;
+        view->vTmCheck(2);
+        const double before = indata->mjd;
+        answering([&] { view->vLocalInf(); }, {[&](QDialog* dialog) {
+                      view->RT_Plot();
+                      QVERIFY(view->PlotDelta() != 0);
+                      QCOMPARE(indata->mjd, before);
+                      dialog->reject();
+                  }});
+        QCOMPARE(view->PlotDelta(), 0);
+        QVERIFY(indata->mjd > before);
     }
 
 private:
-    void clickAt(int x, int y, Qt::MouseButton which)
+    int clickAt(const QPoint& p, Qt::MouseButton which, Page& page)
     {
-        QTest::mouseClick(view->viewport(), which, Qt::NoModifier, QPoint(x, y));
+        return answering([&] { QTest::mouseClick(view->viewport(), which, Qt::NoModifier, p); }, {page.read()});
     }
 };
 

@@ -1,13 +1,9 @@
-// What the tests of the drawing share: pixels of a picture, and how high the Sun stands.
+// What the tests of the drawing share: pixels of a picture.
 #pragma once
-
-#include <cmath>
 
 #include <QColor>
 #include <QImage>
 #include <QRect>
-
-#include "astro/angles.h"
 
 namespace pictures {
 
@@ -30,14 +26,6 @@ inline int differences(const QImage& a, const QImage& b, const QRect& where = wh
         for (int x = where.left(); x <= where.right(); ++x)
             count += a.pixel(x, y) != b.pixel(x, y);
     return count;
-}
-
-/// Elevation of the Sun in degrees at a place, where it stands overhead at `sunLat`, `sunLng`.
-inline double sunElevation(double sunLat, double sunLng, double lat, double lng)
-{
-    const double hour = (lng - sunLng) * radPerDeg;
-    return degPerRad * std::asin(std::sin(sunLat * radPerDeg) * std::sin(lat * radPerDeg) +
-                                 std::cos(sunLat * radPerDeg) * std::cos(lat * radPerDeg) * std::cos(hour));
 }
 
 }  // namespace pictures

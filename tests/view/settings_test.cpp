@@ -3,16 +3,14 @@
 #include <cmath>
 #include <memory>
 
-#include <QRadioButton>
 #include <QTest>
 
 #include "astro/calendar.h"
 #include "astro/time_scales.h"
 #include "view/view_fixture.h"
 
+using windows::acts;
 using windows::answering;
-using windows::click;
-using windows::enter;
 
 class SettingsTest : public ViewTest
 {
@@ -25,16 +23,8 @@ private Q_SLOTS:
     void theDateSetsTheMasterTime()
     {
         int result = 9;
-        answering([&] { result = view->vInputDate(); }, {[](QDialog* dialog) {
-                      click(dialog, "systemBox");  // off
-                      enter(dialog, "tzoneEdit", "5.5");
-                      enter(dialog, "dayEdit", "21");
-                      enter(dialog, "hourEdit", "12");
-                      enter(dialog, "minEdit", "0");
-                      enter(dialog, "secEdit", "0");
-                      enter(dialog, "durEdit", "-2");
-                      click(dialog, "okButton");
-                  }});
+        answering([&] { result = view->vInputDate(); },
+                  {acts("systemBox tzoneEdit=5.5 dayEdit=21 hourEdit=12 minEdit=0 secEdit=0 durEdit=-2 okButton")});
         QCOMPARE(result, 0);
         QCOMPARE(indata->tzauto, 0);
         QVERIFY(std::abs(indata->mjd - mjd(21, 1, 2018, 6.5)) < 1e-9);
@@ -48,14 +38,9 @@ private Q_SLOTS:
         const auto same = [&] { return std::memcmp(before.get(), indata, sizeof(WinpData)) == 0; };
         QVERIFY(same());
         int cancelled = 0;
-        answering([&] { cancelled = view->vInputDate(); }, {});
-        QCOMPARE(cancelled, 1);
-        answering([&] { cancelled = view->vInputLocation(); }, {[](QDialog* dialog) {
-                      enter(dialog, "latEdit", "12");
-                      dialog->findChild<QRadioButton*>("ddmmButton")->click();
-                      dialog->reject();
-                  }});
-        QCOMPARE(cancelled, 1);
+        answering([&] { cancelled += view->vInputDate(); }, {});
+        answering([&] { cancelled += view->vInputLocation(); }, {acts("latEdit=12 ddmmButton cancelButton")});
+        QCOMPARE(cancelled, 2);
         for (const auto command :
              {&VorlixView::vSetIERS, &VorlixView::vVisibility, &VorlixView::vStep, &VorlixView::vMag,
               &VorlixView::vSwitch, &VorlixView::vMapDialog, &VorlixView::vSysConf}) {
@@ -66,19 +51,14 @@ private Q_SLOTS:
 
     void thePlaceIsStoredInDecimalDegrees()
     {
-        answering([&] { view->vInputLocation(); }, {[](QDialog* dialog) {
-                      dialog->findChild<QRadioButton*>("ddmmButton")->click();
-                      enter(dialog, "latEdit", "48.2845");
-                      enter(dialog, "lngEdit", "-16.30");
-                      enter(dialog, "heightEdit", "abc");
-                      enter(dialog, "locEdit", QString(40, 'x'));
-                      click(dialog, "okButton");
-                  }});
+        const QString name(40, 'x');
+        answering([&] { view->vInputLocation(); },
+                  {acts("ddmmButton latEdit=48.2845 lngEdit=-16.30 heightEdit=abc locEdit=" + name + " okButton")});
         QVERIFY(std::abs(indata->lat - (48 + 28 / 60.0 + 45 / 3600.0)) < 1e-9);
         QVERIFY(std::abs(indata->lng + 16.5) < 1e-9);
         QCOMPARE(indata->height, 0.0);
         QCOMPARE(indata->ddmm, 1);
-        QCOMPARE(QString(indata->geoname), QString(30, 'x'));
+        QCOMPARE(QString(indata->geoname), name.left(30));
     }
 
     void earthOrientationSetsTerrestrialTime()
@@ -87,18 +67,11 @@ private Q_SLOTS:
                       // what the default is
                       QCOMPARE(dialog->findChild<QLineEdit*>("taiEdit")->text().toInt(),
                                -int(DefTdUt(2018) - 32.184 + 0.0001));
-                      click(dialog, "ckDefault");
-                      enter(dialog, "taiEdit", "-35");
-                      enter(dialog, "ut1Edit", "0.25");
-                      click(dialog, "okButton");
+                      acts("ckDefault taiEdit=-35 ut1Edit=0.25 okButton")(dialog);
                   }});
         QVERIFY(indata->IERSflg);
         QVERIFY(std::abs(indata->ttut - 67.184) < 1e-9);
-        QCOMPARE(indata->Ut1Utc, 0.25);
-        answering([&] { view->vSetIERS(); }, {[](QDialog* dialog) {
-                      click(dialog, "ckDefault");
-                      click(dialog, "okButton");
-                  }});
+        answering([&] { view->vSetIERS(); }, {acts("ckDefault okButton")});
         QCOMPARE(indata->ttut, DefTdUt(2018));
         QCOMPARE(indata->Ut1Utc, 0.25);
     }
@@ -106,25 +79,16 @@ private Q_SLOTS:
     void theTimeStep()
     {
         constexpr double least = 1.1574074074074074e-6;
-        const struct
-        {
-            const char *minutes, *seconds;
-            int stepmin;
-            double stepsec, tmstep;
-        } cases[] = {{"1", "30", 1, 30.0, 90.0 / 86400},
-                     {"-1", "-0.5", 1, 0.5, 60.5 / 86400},
-                     {"0", "0", 0, 0.1, least},
-                     {"x", "nan", 0, 0.1, least},
-                     {"-2147483648", "0", 2147483647, 0.0, 2147483647 / 1440.0}};
-        for (const auto& c : cases) {
-            answering([&] { view->vStep(); }, {[&](QDialog* dialog) {
-                          enter(dialog, "minEdit", c.minutes);
-                          enter(dialog, "secEdit", c.seconds);
-                          click(dialog, "okButton");
-                      }});
-            QCOMPARE(indata->stepmin, c.stepmin);
-            QCOMPARE(indata->stepsec, c.stepsec);
-            QVERIFY(std::abs(indata->tmstep - c.tmstep) <= 1e-15 * std::abs(c.tmstep));
+        for (const auto& [edits, stepmin, stepsec, tmstep] :
+             {std::tuple{"minEdit=1 secEdit=30", 1, 30.0, 90.0 / 86400},
+              {"minEdit=-1 secEdit=-0.5", 1, 0.5, 60.5 / 86400},
+              {"minEdit=0 secEdit=0", 0, 0.1, least},
+              {"minEdit=x secEdit=nan", 0, 0.1, least},
+              {"minEdit=-2147483648 secEdit=0", 2147483647, 0.0, 2147483647 / 1440.0}}) {
+            answering([&] { view->vStep(); }, {acts(QString(edits) + " okButton")});
+            QCOMPARE(indata->stepmin, stepmin);
+            QCOMPARE(indata->stepsec, stepsec);
+            QVERIFY(std::abs(indata->tmstep - tmstep) <= 1e-15 * std::abs(tmstep));
         }
     }
 
@@ -132,14 +96,8 @@ private Q_SLOTS:
     {
         indata->occra = 1.5;
         indata->cylra = 2.5;
-        answering([&] { view->vVisibility(); }, {[](QDialog* dialog) {
-                      click(dialog, "flarBox");
-                      click(dialog, "knownBox");  // off
-                      click(dialog, "cylBox");
-                      enter(dialog, "yawEdit", "30");
-                      enter(dialog, "pitchEdit", "-20");
-                      click(dialog, "okButton");
-                  }});
+        // the mode, not a known surface, but a cylinder
+        answering([&] { view->vVisibility(); }, {acts("flarBox knownBox cylBox yawEdit=30 pitchEdit=-20 okButton")});
         QCOMPARE(indata->flarflg, 1);
         QCOMPARE(indata->flarmod, -1);
         QVERIFY(indata->cylflg);
@@ -148,11 +106,47 @@ private Q_SLOTS:
         QCOMPARE(indata->occra, 1.5);
         answering([&] { view->vVisibility(); }, {[](QDialog* dialog) {
                       QCOMPARE(dialog->findChild<QLineEdit*>("yawEdit")->text(), QString("30"));
-                      click(dialog, "cylBox");  // off: the angles are those of a surface again
-                      click(dialog, "okButton");
+                      acts("cylBox okButton")(dialog);  // the angles are those of a surface again
                   }});
         QCOMPARE(indata->occra, 30.0);
         QCOMPARE(indata->cylra, 30.0);
+    }
+
+    void anotherBodyOfTheDiskPlotMakesTheMapOld()
+    {
+        for (const auto& [plot, before, button, old] : {std::tuple{1, 1, "moonButton", true},
+                                                        {1, 2, "sunButton", true},
+                                                        {1, 2, "moonButton", false},
+                                                        {0, 1, "moonButton", false}}) {
+            indata->sunmplt = plot;
+            indata->occflg = before;
+            indata->mjdlast = 58138.0;
+            answering([&] { view->vVisibility(); }, {acts(QString(button) + " okButton")});
+            QCOMPARE(indata->mjdlast == 0, old);
+        }
+    }
+
+    void theMapDialogStoresWhatTheMapCanShow()
+    {
+        answering([&] { view->vMapDialog(); }, {acts("meridianEdit=-30 frequEdit=-1 okButton")});
+        QCOMPARE(indata->centmer, 330.0);
+        QCOMPARE(indata->frequ, 0.0);
+        QCOMPARE(indata->dspmd, 1);  // drawn at once
+        QCOMPARE(indata->mapprj, 3);
+        indata->phwm = false;
+        answering([&] { view->vMapDialog(); }, {acts("okButton")});
+        QCOMPARE(indata->mapprj, 0);
+    }
+
+    void theMatchSearchTakesItsDialog()
+    {
+        indata->sunel = 90.0;
+        answering([&] { view->vMatch(); }, {acts("okButton"), acts("mxaEdit=5 tmEdit=-2 okButton")});
+        QCOMPARE(indata->mxa, 5.0);
+        QCOMPARE(indata->tm, 2.0);
+        QCOMPARE(indata->lcflg, 0);
+        QCOMPARE(indata->txtrdy, 1);
+        QCOMPARE(indata->dspmd, 0);
     }
 };
 

@@ -95,22 +95,6 @@ inline int answering(const std::function<void()>& command, const std::vector<std
     return served;
 }
 
-/// Notes title and text of a message box and closes it.
-struct Box
-{
-    QString title, text;
-
-    std::function<void(QDialog*)> read()
-    {
-        return [this](QDialog* dialog) {
-            title = dialog->windowTitle();
-            if (const auto* box = qobject_cast<QMessageBox*>(dialog))
-                text = box->text();
-            dialog->reject();
-        };
-    }
-};
-
 inline void enter(QDialog* dialog, const char* edit, const QString& text)
 {
     auto* line = dialog->findChild<QLineEdit*>(QLatin1String(edit));
@@ -139,6 +123,35 @@ inline void press(QDialog* dialog, const QString& text)
         }
     }
     QFAIL(qPrintable(QStringLiteral("no button ") + text));
+}
+
+/// An answer in words: "box edit=text okButton" clicks, enters and clicks.
+inline std::function<void(QDialog*)> acts(const QString& words)
+{
+    return [words](QDialog* dialog) {
+        for (const QString& word : words.split(' ')) {
+            const auto sign = word.indexOf('=');
+            if (sign < 0)
+                click(dialog, qPrintable(word));
+            else
+                enter(dialog, qPrintable(word.left(sign)), word.mid(sign + 1));
+        }
+    };
+}
+
+/// What the message boxes of a command say, as "title: text"; the windows before them are answered one by one.
+inline QStringList told(const std::function<void()>& command,
+                        std::vector<std::function<void(QDialog*)>> answersBefore = {})
+{
+    QStringList boxes;
+    constexpr int most = 3;
+    answersBefore.insert(answersBefore.end(), most, [&](QDialog* dialog) {
+        const auto* box = qobject_cast<QMessageBox*>(dialog);
+        boxes << dialog->windowTitle() + ": " + (box ? box->text() : "no message box");
+        dialog->reject();
+    });
+    answering(command, answersBefore);
+    return boxes;
 }
 
 /// Adds a satellite of the element file to the selection, as the selection dialog does.
