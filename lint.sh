@@ -2,7 +2,7 @@
 # Installs what is missing and looks over all the code: its layout with clang-format, then cppcheck and clang-tidy.
 # Exit status 1 on any finding. A file is looked at again only when it or one of its headers has changed.
 set -uo pipefail
-cd "$(dirname "$0")"
+cd "$(dirname "$0")" || exit 1
 . tools/packages.sh
 
 build=build-lint

@@ -5,11 +5,12 @@ set -euo pipefail
 cd "$(dirname "$0")"
 . tools/packages.sh
 
-need_packages "${build_packages[@]}"
+need_packages "${build_packages[@]}" ca-certificates # element files by https
 build_targets=(vorlix vorlix_tour) # the tests would take three times as long
 build_preset release
 
 if [ -n "${DISPLAY:-}${WAYLAND_DISPLAY:-}" ]; then
+    [ -n "${DISPLAY:-}" ] || need_packages qt6-wayland
     exec build/vorlix "$@"
 fi
 

@@ -1,6 +1,6 @@
-# Installs the Debian packages that a purpose needs, by name, and only those that are missing, so that a second run
-# needs no network. To be sourced; call: need_packages NAME...
+# What the scripts share: packages and builds. To be sourced, in the root of the tree.
 
+# Installs Debian packages, only those that are missing, so that a second run needs no network.
 need_packages() {
     local missing=()
     local package
@@ -13,15 +13,20 @@ need_packages() {
 
     echo "Installing: ${missing[*]}"
     local as_root=()
-    if [ "$(id -u)" -ne 0 ]; then
-        command -v sudo >/dev/null || {
-            echo "These packages are missing, and there is no sudo to install them: ${missing[*]}" >&2
+    [ "$(id -u)" -eq 0 ] || as_root=(sudo)
+    local tool
+    for tool in "${as_root[@]}" apt-get; do
+        if ! command -v "$tool" >/dev/null; then
+            echo "These packages are missing, and there is no $tool to install them: ${missing[*]}" >&2
             return 1
-        }
-        as_root=(sudo)
+        fi
+    done
+    "${as_root[@]}" apt-get update || echo "The lists of packages could not be renewed; going on with the old ones." >&2
+    if ! "${as_root[@]}" env DEBIAN_FRONTEND=noninteractive apt-get install -y --no-install-recommends "${missing[@]}"; then
+        echo "These packages could not be installed, for the reason above: ${missing[*]}" >&2
+        echo "With a network, or once they are there, start this again." >&2
+        return 1
     fi
-    "${as_root[@]}" apt-get update
-    "${as_root[@]}" env DEBIAN_FRONTEND=noninteractive apt-get install -y --no-install-recommends "${missing[@]}"
 }
 
 build_packages=(g++ cmake ninja-build qt6-base-dev fonts-urw-base35 fontconfig libgtest-dev locales)
