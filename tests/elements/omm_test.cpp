@@ -34,7 +34,8 @@ omm::Message changed(const std::string& changes)
         begin = end + 3;
         const std::size_t sign = change.find('=');
         const std::string keyword = change[0] == '-' ? change.substr(1) : change.substr(0, sign);
-        const auto field = std::find_if(message.begin(), message.end(), [&](auto& f) { return f.first == keyword; });
+        const auto field =
+            std::find_if(message.begin(), message.end(), [&](const auto& f) { return f.first == keyword; });
         if (change[0] == '-')
             message.erase(field);
         else if (field != message.end())

@@ -25,9 +25,9 @@ void takeLine(ReaderCase& c, const std::string& line)
 {
     const std::string word = line.substr(0, line.find(' ')),
                       rest = line.substr(std::min(word.size() + 1, line.size()));
-    if (line[0] == '|')
+    if (line.starts_with('|'))
         c.file += line.substr(1) + "\n";
-    else if (line[0] == '>')
+    else if (line.starts_with('>'))
         c.report += line.substr(1) + "\n";
     else if (word == "with")
         c.settings = rest;

@@ -78,7 +78,7 @@ private Q_SLOTS:
             const QStringList lines = page.text.split('\n');
             QVERIFY(lines[0].startsWith("ISS (ZARYA)"));
             // the first full minute of the pass
-            const QTime start = QTime::fromString(rows[row].mid(9, 8).trimmed(), "h:mm:ss");
+            const QTime start = QTime::fromString(rows.value(row).mid(9, 8).trimmed(), "h:mm:ss");
             QCOMPARE(lines[5].mid(7, 6).trimmed(), start.addSecs(60 - start.second()).toString("h:mm"));
         }
     }

@@ -42,7 +42,7 @@ std::vector<ListCase> readCases()
     std::ifstream file(TEST_DATA "/scan/cases.txt");
     for (std::string line; std::getline(file, line);) {
         std::istringstream words(line);
-        std::string row, name, rest;
+        std::string row, name;
         words >> row >> name;
         if (row == "site") {
             sites.emplace_back(name, line.substr(line.find(name) + name.size()));
