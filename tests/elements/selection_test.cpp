@@ -11,8 +11,8 @@ namespace {
 class Selection : public testing::Test
 {
 protected:
-    Selection() { setDefaults(indata); }
-    ~Selection() override { setDefaults(indata); }
+    void SetUp() override { setDefaults(indata); }
+    void TearDown() override { setDefaults(indata); }
 
     static void select(int n)
     {

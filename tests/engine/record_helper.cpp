@@ -31,7 +31,8 @@ double epochOf(const std::string& line)
 {
     const int yy = static_cast<int>(number(line, 19, 2));
     const int before = (yy < 57 ? 2000 : 1900) + yy - 1;
-    return 365 * before + before / 4 - before / 100 + before / 400 - 678576 + number(line, 21, 12);
+    const int newYear = 365 * before + before / 4 - before / 100 + before / 400 - 678576;
+    return newYear + number(line, 21, 12);
 }
 
 void fill(WinpData& in, int k, const std::string& one, const std::string& two)

@@ -63,7 +63,7 @@ void expectSame(const ListCase& c, int stride)
 
 struct SameLists : testing::Test
 {
-    ~SameLists() override { setScanWorkers(0); }
+    void TearDown() override { setScanWorkers(0); }
     const ScratchDir here;
 };
 
