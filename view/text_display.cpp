@@ -9,6 +9,7 @@
 #include <QPainter>
 
 #include "app/record/keep.h"
+#include "app/record/text.h"
 #include "app/record/wout_data.h"
 
 int epos[120] = {};
@@ -27,25 +28,26 @@ public:
 
     int ascent() const { return metrics.ascent(); }
 
-    /// Paints the characters from `first` on, one to a cell of the grid.
-    void paintOnGrid(std::string_view line, std::size_t first, int y)
+    /// Paints the characters, one to a cell of the grid.
+    void paintOnGrid(QStringView line, int y)
     {
         int x = leftMargin;
-        for (const char c : line.substr(std::min(first, line.size()))) {
+        for (const char32_t c : line.toUcs4()) {
             paint(c, x, y);
             x += cell;
         }
     }
 
-    /// Paints the characters from `first` on side by side; what follows a tab stands in the tab's column of the grid.
-    void paintSideBySide(std::string_view line, std::size_t first, int y)
+    /// Paints the characters side by side; what follows a tab stands in the tab's column of the grid, where the
+    /// characters that are left out before the line count too.
+    void paintSideBySide(QStringView line, int leftOut, int y)
     {
         int x = leftMargin;
-        int column = leftMargin + static_cast<int>(first) * cell;
-        for (const char c : line.substr(std::min(first, line.size()))) {
+        int column = leftMargin + leftOut * cell;
+        for (const char32_t c : line.toUcs4()) {
             paint(c, x, y);
-            x = c == '\t' ? column : x + widthOf(c);
-            column = c == '\t' ? x + cell : column + cell;
+            x = c == U'\t' ? column : x + widthOf(c);
+            column = c == U'\t' ? x + cell : column + cell;
         }
     }
 
@@ -58,12 +60,12 @@ private:
         return painter.fontMetrics();
     }
 
-    int widthOf(char c) const { return metrics.horizontalAdvance(QChar::fromLatin1(c)); }
+    int widthOf(char32_t c) const { return metrics.horizontalAdvance(QString::fromUcs4(&c, 1)); }
 
-    void paint(char c, int x, int y)
+    void paint(char32_t c, int x, int y)
     {
-        if (c != '\t')
-            painter.drawText(x, y, QString(QChar::fromLatin1(c)));
+        if (c != U'\t')
+            painter.drawText(x, y, QString::fromUcs4(&c, 1));
     }
 
     QPainter painter;
@@ -100,10 +102,11 @@ void VorlixView::paintReport(bool fixed, std::size_t first)
             const std::string_view line = lineText(*outdata, i);
             if (first > 0 && !line.empty() && line.front() != ' ' && rows < rowsWithPosition)
                 epos[rows++] = y - page.ascent() - rowGap;
+            const QString letters = textQString(line.substr(std::min(first, line.size())));
             if (fixed && isTableLine(*outdata, i))
-                page.paintOnGrid(line, first, y);
+                page.paintOnGrid(letters, y);
             else
-                page.paintSideBySide(line, first, y);
+                page.paintSideBySide(letters, static_cast<int>(first), y);
         }
     }
     update();

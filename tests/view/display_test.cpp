@@ -26,15 +26,15 @@ public:
     }
 
     int ascent() const { return painter.fontMetrics().ascent(); }
-    int width(char c) const { return painter.fontMetrics().horizontalAdvance(QLatin1Char(c)); }
+    int width(QChar c) const { return painter.fontMetrics().horizontalAdvance(c); }
 
     /// A line side by side or in cells as wide as an M, from a column of these cells on.
-    void write(int line, const char* text, bool grid = false, int column = 0)
+    void write(int line, const QString& text, bool grid = false, int column = 0)
     {
-        int x = 10 + column * width('M');
-        for (; *text; ++text) {
-            painter.drawText(x, line * ascent(), QString(QLatin1Char(*text)));
-            x += width(grid ? 'M' : *text);
+        int x = 10 + column * width(u'M');
+        for (const QChar c : text) {
+            painter.drawText(x, line * ascent(), c);
+            x += width(grid ? QChar(u'M') : c);
         }
     }
 
@@ -87,6 +87,19 @@ private Q_SLOTS:
         page.write(1, "A", false, 3);
         page.write(1, "B", false, 5);  // the column of the second tab, two characters on
         view->showtxt(false);
+        QCOMPARE(view->textPixmap().toImage(), page.image());
+    }
+
+    void lettersBeyondAsciiTakeOneColumn()
+    {
+        const QString site = QStringLiteral("Z\u00fcrich\tH\u00f6he");
+        PutNxtLn(outdata, site.toUtf8().constData());
+        PutNxtLnT(outdata, site.left(6).toUtf8().constData());
+        Expected page;
+        page.write(1, site.left(6));
+        page.write(1, site.mid(7), false, 6);
+        page.write(2, site.left(6), true);
+        view->showtxt(true);
         QCOMPARE(view->textPixmap().toImage(), page.image());
     }
 
