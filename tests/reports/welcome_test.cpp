@@ -27,13 +27,13 @@ void inZone(const char* zone)
 class Welcome : public testing::Test
 {
 protected:
-    Welcome()
+    void SetUp() override
     {
         systemSeconds = [] { return startSeconds; };
         inZone("UTC");
     }
 
-    ~Welcome() override
+    void TearDown() override
     {
         systemSeconds = [] { return std::time(nullptr); };
         inZone("UTC");
