@@ -14,7 +14,9 @@ case $1 in
     *.metainfo.xml)
         need appstreamcli
         # Vorlix has no home page to name; from version 1.0 on that is a warning.
-        complaints=$(appstreamcli validate --no-net "$1" | grep '^[EW]:' | grep -v ': url-homepage-missing') || true
+        report=$(appstreamcli validate --no-net "$1") || true
+        complaints=$(grep '^[EW]:' <<<"$report" | grep -v ': url-homepage-missing') || true
+        grep -q 'Validation' <<<"$report" || complaints="no verdict: $report"
         ;;
     *.1)
         need groff
