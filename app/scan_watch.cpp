@@ -6,7 +6,7 @@
 #include <QWidget>
 #include <QWindow>
 
-#include "app/record/keep.h"
+#include "record/keep.h"
 
 namespace {
 

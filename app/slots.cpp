@@ -16,10 +16,10 @@
 #include <QTimer>
 #include <QToolBar>
 
-#include "app/record/winp_data.h"
 #include "dialogs/st_quick_dialog.h"
 #include "elements/download.h"
-#include "engine/scan/workers.h"
+#include "record/winp_data.h"
+#include "scan/workers.h"
 #include "view/message_boxes.h"
 #include "view/vorlix_view.h"
 

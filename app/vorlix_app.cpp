@@ -17,10 +17,10 @@
 #include <QToolBar>
 #include <QWhatsThis>
 
-#include "app/record/text.h"
 #include "app/scan_watch.h"
 #include "elements/download.h"
-#include "engine/scan/workers.h"
+#include "record/text.h"
+#include "scan/workers.h"
 #include "view/vorlix_view.h"
 
 QString APPDIR;

@@ -1,10 +1,10 @@
 // The numeric propagator: one evaluation of the forces at each degree of the field, and a day of a low orbit.
-#include "app/record/winp_data.h"
 #include "astro/calendar.h"
 #include "astro/frames.h"
 #include "orbit/flight_helper.h"
 #include "orbit/force_model.h"
 #include "orbit/num_prop.h"
+#include "record/winp_data.h"
 
 #include <benchmark/benchmark.h>
 

@@ -2,8 +2,8 @@
 #include "elements/element_file.h"
 #include "elements/reader.h"
 
-#include "app/record/text.h"
 #include "omm_catalogue.h"
+#include "record/text.h"
 
 #include <QTemporaryDir>
 #include <benchmark/benchmark.h>

@@ -12,14 +12,14 @@
 #include <cstdlib>
 #include <memory>
 
-#include "app/record/files.h"
-#include "app/record/text.h"
-#include "app/record/vector_registers.h"
-#include "app/record/winp_data.h"
 #include "astro/angles.h"
 #include "bench/process_time.h"
-#include "engine/scan/entries.h"
 #include "orbit/sgp4.h"
+#include "record/files.h"
+#include "record/text.h"
+#include "record/vector_registers.h"
+#include "record/winp_data.h"
+#include "scan/entries.h"
 
 namespace {
 

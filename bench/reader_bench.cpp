@@ -1,8 +1,8 @@
 // Reading a whole element file, entry by entry, as the scans do.
 #include "elements/reader.h"
 
-#include "app/record/files.h"
-#include "app/record/text.h"
+#include "record/files.h"
+#include "record/text.h"
 
 #include <benchmark/benchmark.h>
 

@@ -14,8 +14,8 @@
 #include <string>
 
 #include "bench/process_time.h"
-#include "engine/scan/list_cases_helper.h"
-#include "engine/scan/workers.h"
+#include "scan/list_cases_helper.h"
+#include "scan/workers.h"
 #include "scratch_dir.h"
 
 namespace {

@@ -13,13 +13,13 @@
 #include <filesystem>
 #include <string>
 
-#include "app/record/files.h"
-#include "app/record/text.h"
 #include "bench/process_time.h"
 #include "bench/vienna_record.h"
-#include "engine/scan/all_satellites.h"
-#include "engine/scan/save_lines.h"
-#include "engine/scan/workers.h"
+#include "record/files.h"
+#include "record/text.h"
+#include "scan/all_satellites.h"
+#include "scan/save_lines.h"
+#include "scan/workers.h"
 
 namespace {
 

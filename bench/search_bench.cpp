@@ -6,16 +6,16 @@
 #include <memory>
 #include <string>
 
-#include "app/record/files.h"
-#include "app/record/text.h"
-#include "app/record/winp_data.h"
-#include "app/record/wout_data.h"
 #include "bench/vienna_record.h"
 #include "elements/reader.h"
 #include "engine/aos_list.h"
 #include "engine/pass_search.h"
-#include "engine/scan/all_satellites.h"
-#include "engine/scan/matching.h"
+#include "record/files.h"
+#include "record/text.h"
+#include "record/winp_data.h"
+#include "record/wout_data.h"
+#include "scan/all_satellites.h"
+#include "scan/matching.h"
 
 namespace {
 

@@ -15,11 +15,11 @@
 #include <span>
 #include <vector>
 
-#include "app/record/files.h"
-#include "app/record/text.h"
-#include "app/record/winp_data.h"
 #include "elements/reader.h"
 #include "orbit/sgp4.h"
+#include "record/files.h"
+#include "record/text.h"
+#include "record/winp_data.h"
 
 namespace {
 

@@ -3,7 +3,7 @@
 
 #include <memory>
 
-#include "app/record/text.h"
+#include "record/text.h"
 #include "record_fields.h"
 
 inline std::unique_ptr<WinpData> viennaRecord()

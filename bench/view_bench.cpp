@@ -8,10 +8,10 @@
 
 #include <benchmark/benchmark.h>
 
-#include "app/record/files.h"
-#include "app/record/keep.h"
-#include "app/record/text.h"
 #include "elements/selection.h"
+#include "record/files.h"
+#include "record/keep.h"
+#include "record/text.h"
 #include "record_fields.h"
 #include "view/vorlix_view.h"
 

@@ -5,9 +5,9 @@
 #include <cmath>
 #include <numbers>
 
-#include "app/record/winp_data.h"
 #include "astro/angles.h"
 #include "astro/calendar.h"
+#include "record/winp_data.h"
 
 namespace {
 

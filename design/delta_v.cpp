@@ -3,13 +3,13 @@
 #include <algorithm>
 #include <cmath>
 
-#include "app/record/keep.h"
 #include "astro/mat3.h"
 #include "astro/two_body.h"
 #include "engine/position.h"
 #include "orbit/attitude.h"
 #include "orbit/conversions.h"
 #include "orbit/mean_motion.h"
+#include "record/keep.h"
 
 namespace {
 

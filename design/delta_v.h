@@ -1,7 +1,7 @@
 // Maneuvers of the prime satellite: a velocity change at an instant, or the thrust of a numerically flown satellite.
 #pragma once
 
-#include "app/record/winp_data.h"
+#include "record/winp_data.h"
 
 /// Changes the velocity of the prime satellite at `mjd`; from then on its elements are those of the new orbit, with
 /// `mjd` as epoch (for an analytic hyperbola the time of perigee).

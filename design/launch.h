@@ -1,7 +1,7 @@
 // The orbit of a launch, and the launch time for a rendezvous.
 #pragma once
 
-#include "app/record/winp_data.h"
+#include "record/winp_data.h"
 
 /// Turns the orbit of the prime satellite so that it passes over the launch site at `mjd`, heading north or south.
 ///

@@ -4,13 +4,13 @@
 #include <cmath>
 #include <string_view>
 
-#include "app/record/text.h"
 #include "astro/angles.h"
 #include "astro/calendar.h"
 #include "astro/frames.h"
 #include "engine/epoch_state.h"
 #include "engine/held_values.h"
 #include "orbit/mean_motion.h"
+#include "record/text.h"
 
 namespace {
 

@@ -1,8 +1,8 @@
 // A circular orbit from two sightings of one satellite.
 #pragma once
 
-#include "app/record/winp_data.h"
 #include "astro/vec3.h"
+#include "record/winp_data.h"
 
 /// Adds the satellite that was seen in the two directions `az1`, `el1` at `mjd` and `az2`, `el2` `deltm` seconds later;
 /// with ten satellites it replaces the last one. It becomes the prime satellite.

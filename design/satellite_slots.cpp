@@ -2,9 +2,9 @@
 
 #include <algorithm>
 
-#include "app/record/clock.h"
-#include "app/record/text.h"
 #include "engine/epoch_state.h"
+#include "record/clock.h"
+#include "record/text.h"
 
 namespace {
 

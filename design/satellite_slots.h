@@ -1,7 +1,7 @@
 // New satellites of the element editor.
 #pragma once
 
-#include "app/record/winp_data.h"
+#include "record/winp_data.h"
 
 /// Empties a slot: epoch now, force parameters at their defaults, everything else 0 or blank.
 void blankSatellite(WinpData* in, int slot);

@@ -15,7 +15,7 @@
 #include <QTextCursor>
 #include <QTextEdit>
 
-#include "app/record/field_numbers.h"
+#include "record/field_numbers.h"
 
 namespace form {
 

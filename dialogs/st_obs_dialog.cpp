@@ -6,10 +6,10 @@
 #include <QRadioButton>
 #include <QVBoxLayout>
 
-#include "app/record/field_numbers.h"
-#include "app/record/text.h"
 #include "astro/angles.h"
 #include "dialogs/form.h"
+#include "record/field_numbers.h"
+#include "record/text.h"
 
 StObsDialog::StObsDialog(QWidget* parent) : QDialog(parent)
 {

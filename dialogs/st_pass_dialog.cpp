@@ -6,9 +6,9 @@
 #include <QTextEdit>
 #include <QVBoxLayout>
 
-#include "app/record/text.h"
-#include "app/record/winp_data.h"
 #include "dialogs/form.h"
+#include "record/text.h"
+#include "record/winp_data.h"
 #include "reports/pass_details.h"
 
 namespace {

@@ -1,7 +1,7 @@
 #include "elements/catalogue_number.h"
 
-#include "app/record/numbers.h"
 #include "elements/characters.h"
+#include "record/numbers.h"
 
 #include <algorithm>
 

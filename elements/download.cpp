@@ -1,7 +1,7 @@
 #include "elements/download.h"
 
-#include "app/record/text.h"
 #include "elements/selection.h"
+#include "record/text.h"
 
 #include <QByteArray>
 #include <QCoreApplication>

@@ -3,7 +3,7 @@
 
 #include "elements/http.h"
 
-#include "app/record/winp_data.h"
+#include "record/winp_data.h"
 
 #include <QBuffer>
 #include <QFile>

@@ -1,8 +1,8 @@
 #include "elements/element_file.h"
 
-#include "app/record/vector_registers.h"
 #include "elements/exact_entry.h"
 #include "elements/omm_forms.h"
+#include "record/vector_registers.h"
 
 #include <QByteArray>
 #include <sys/stat.h>

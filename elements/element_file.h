@@ -1,7 +1,7 @@
 // Opening an element file of any form.
 #pragma once
 
-#include "app/record/files.h"
+#include "record/files.h"
 
 /// Opens an element file for `tleread`. One of Two Line Elements is the file itself, as `openForReading` gives it. Of
 /// a file of Orbit Mean-Elements Messages, which its first characters tell, the entries come in a stream in memory,

@@ -1,8 +1,8 @@
 #include "elements/exact_entry.h"
 
-#include "app/record/numbers.h"
 #include "astro/calendar.h"
 #include "elements/catalogue_number.h"
+#include "record/numbers.h"
 
 #include <algorithm>
 #include <array>

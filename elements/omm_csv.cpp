@@ -1,9 +1,9 @@
 #include "elements/omm_csv.h"
 
-#include "app/record/numbers.h"
-#include "app/record/text.h"
 #include "astro/calendar.h"
 #include "elements/omm_message.h"
+#include "record/numbers.h"
+#include "record/text.h"
 
 #include <algorithm>
 #include <charconv>

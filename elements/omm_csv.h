@@ -1,7 +1,7 @@
 // Writing satellites as Orbit Mean-Elements Messages in the form CSV.
 #pragma once
 
-#include "app/record/winp_data.h"
+#include "record/winp_data.h"
 
 #include <cstdio>
 

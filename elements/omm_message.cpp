@@ -1,10 +1,10 @@
 #include "elements/omm_message.h"
 
-#include "app/record/numbers.h"
-#include "app/record/text.h"
 #include "astro/calendar.h"
 #include "elements/catalogue_number.h"
 #include "elements/characters.h"
+#include "record/numbers.h"
+#include "record/text.h"
 
 #include <algorithm>
 #include <charconv>

@@ -1,14 +1,14 @@
 #include "elements/reader.h"
 
-#include "app/record/keep.h"
-#include "app/record/numbers.h"
-#include "app/record/text.h"
 #include "astro/calendar.h"
 #include "astro/two_body.h"
 #include "elements/catalogue_number.h"
 #include "elements/exact_entry.h"
 #include "engine/epoch_state.h"
 #include "orbit/mean_motion.h"
+#include "record/keep.h"
+#include "record/numbers.h"
+#include "record/text.h"
 
 #include <algorithm>
 #include <array>

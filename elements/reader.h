@@ -2,7 +2,7 @@
 // `openElementFile` makes of Orbit Mean-Elements Messages.
 #pragma once
 
-#include "app/record/winp_data.h"
+#include "record/winp_data.h"
 
 #include <cstddef>
 #include <cstdio>

@@ -1,8 +1,8 @@
 #include "elements/selection.h"
 
-#include "app/record/numbers.h"
-#include "app/record/text.h"
 #include "elements/reader.h"
+#include "record/numbers.h"
+#include "record/text.h"
 
 #include <algorithm>
 #include <string>

@@ -1,7 +1,7 @@
 // The selection of satellites: the functions between its dialogs and the record.
 #pragma once
 
-#include "app/record/winp_data.h"
+#include "record/winp_data.h"
 
 #include <QString>
 #include <array>

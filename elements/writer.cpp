@@ -1,12 +1,12 @@
 #include "elements/writer.h"
 
-#include "app/record/files.h"
-#include "app/record/numbers.h"
-#include "app/record/text.h"
 #include "astro/calendar.h"
 #include "elements/catalogue_number.h"
 #include "elements/omm_csv.h"
 #include "elements/reader.h"
+#include "record/files.h"
+#include "record/numbers.h"
+#include "record/text.h"
 
 #include <algorithm>
 #include <array>

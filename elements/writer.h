@@ -1,7 +1,7 @@
 // Writing the selected satellites as Two Line Elements or state vector records.
 #pragma once
 
-#include "app/record/winp_data.h"
+#include "record/winp_data.h"
 
 #include <vector>
 

@@ -1,15 +1,15 @@
 #include "engine/aos_list.h"
 
-#include "app/record/clock.h"
-#include "app/record/files.h"
-#include "app/record/keep.h"
-#include "app/record/numbers.h"
-#include "app/record/text.h"
-#include "app/record/winp_data.h"
-#include "app/record/wout_data.h"
 #include "engine/pass_search.h"
 #include "engine/report_lines.h"
 #include "engine/sun_moon_transit.h"
+#include "record/clock.h"
+#include "record/files.h"
+#include "record/keep.h"
+#include "record/numbers.h"
+#include "record/text.h"
+#include "record/winp_data.h"
+#include "record/wout_data.h"
 
 #include <iterator>
 #include <string>

@@ -1,8 +1,8 @@
 #include "engine/epoch_state.h"
 
-#include "app/record/keep.h"
-#include "app/record/vector_registers.h"
 #include "engine/position.h"
+#include "record/keep.h"
+#include "record/vector_registers.h"
 
 void resetForces(WinpData* in, int k)
 {

@@ -1,7 +1,7 @@
 // The state vector of a satellite at its epoch.
 #pragma once
 
-#include "app/record/winp_data.h"
+#include "record/winp_data.h"
 
 /// Fills the epoch state of slot `k` from its orbit model and makes the slot analytic (numflg 0).
 ///

@@ -1,10 +1,10 @@
 // Attitude frames, visibility circles, ground points of events and directions in the sky.
 #pragma once
 
-#include "app/record/winp_data.h"
 #include "astro/mat3.h"
 #include "astro/vec3.h"
 #include "engine/satpos_data.h"
+#include "record/winp_data.h"
 
 /// The attitude frame of yaw steering: as GetRVMat, mode 2, but following the ground track of the prime satellite.
 ///

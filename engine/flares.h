@@ -3,7 +3,7 @@
 
 #include <array>
 
-#include "app/record/winp_data.h"
+#include "record/winp_data.h"
 
 /// A reflecting surface of an Iridium satellite: yaw and pitch of its normal in the local attitude.
 struct Mirror

@@ -1,8 +1,8 @@
 // A cheap stand-in for the analytic model, with a proven bound on how far the model's position may lie from it.
 #pragma once
 
-#include "app/record/winp_data.h"
 #include "orbit/sgp4.h"
+#include "record/winp_data.h"
 
 /// The ellipse that SGP4 and SDP4 draw with their secular and long-period terms alone. What is left out are periodic
 /// terms; the sum of their amplitudes bounds the distance of the model's position, `offKm`. The derivation stands in

@@ -3,7 +3,7 @@
 
 #include <algorithm>
 
-#include "app/record/winp_data.h"
+#include "record/winp_data.h"
 
 constexpr double heldTimeDays = 1e8;       // some 270,000 years
 constexpr double heldDegrees = 1e6;        // angles; nothing is reduced, so a few turns stay as they are

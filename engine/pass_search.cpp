@@ -1,13 +1,13 @@
 #include "engine/pass_search.h"
 
-#include "app/record/vector_registers.h"
-#include "app/record/winp_data.h"
 #include "astro/angles.h"
 #include "engine/flares.h"
 #include "engine/lazy_position.h"
 #include "engine/pass_bounds.h"
 #include "engine/position.h"
 #include "engine/satpos_data.h"
+#include "record/vector_registers.h"
+#include "record/winp_data.h"
 
 #include <algorithm>
 #include <cmath>

@@ -1,8 +1,8 @@
 // One satellite at one instant: the position engine.
 #pragma once
 
-#include "app/record/winp_data.h"
 #include "engine/satpos_data.h"
+#include "record/winp_data.h"
 
 /// Everything that the program shows about the satellite of slot `isat` at one instant, into `sp`.
 ///

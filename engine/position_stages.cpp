@@ -4,7 +4,6 @@
 #include <cmath>
 #include <numbers>
 
-#include "app/record/clock.h"
 #include "astro/angles.h"
 #include "astro/calendar.h"
 #include "astro/frames.h"
@@ -12,6 +11,7 @@
 #include "astro/time_scales.h"
 #include "engine/event_geometry.h"
 #include "engine/held_values.h"
+#include "record/clock.h"
 
 namespace {
 

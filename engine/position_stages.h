@@ -1,12 +1,12 @@
 // The stages of GetSatPos: what they hand on, and each quantity's one piece of code. For the engine alone.
 #pragma once
 
-#include "app/record/winp_data.h"
 #include "astro/frames.h"
 #include "astro/mat3.h"
 #include "astro/vec3.h"
 #include "engine/magnitude.h"
 #include "engine/satpos_data.h"
+#include "record/winp_data.h"
 
 class Sgp4Ahead;
 

@@ -1,9 +1,9 @@
 #include "engine/report_lines.h"
 
-#include "app/record/numbers.h"
-#include "app/record/winp_data.h"
-#include "app/record/wout_data.h"
 #include "engine/pass_search.h"
+#include "record/numbers.h"
+#include "record/winp_data.h"
+#include "record/wout_data.h"
 
 void putLines(WoutData* out, std::initializer_list<const char*> lines)
 {

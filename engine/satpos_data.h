@@ -1,8 +1,8 @@
 // The position record: what GetSatPos found for each satellite slot.
 #pragma once
 
-#include "app/record/winp_data.h"
 #include "astro/vec3.h"
+#include "record/winp_data.h"
 
 /// Points of a visibility circle.
 constexpr int circlePoints = 64;

@@ -3,11 +3,11 @@
 #include <algorithm>
 #include <cmath>
 
-#include "app/record/keep.h"
-#include "app/record/numbers.h"
 #include "astro/angles.h"
 #include "engine/event_geometry.h"
 #include "engine/position.h"
+#include "record/keep.h"
+#include "record/numbers.h"
 
 namespace {
 

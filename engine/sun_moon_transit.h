@@ -1,7 +1,7 @@
 // Width, duration and direction of a transit of the Sun or Moon.
 #pragma once
 
-#include "app/record/winp_data.h"
+#include "record/winp_data.h"
 
 /// Estimates a transit as seen from its central line.
 ///

@@ -1,11 +1,11 @@
 #include "orbit/conversions.h"
 
-#include "app/record/winp_data.h"
 #include "astro/angles.h"
 #include "astro/calendar.h"
 #include "astro/frames.h"
 #include "astro/time_scales.h"
 #include "astro/two_body.h"
+#include "record/winp_data.h"
 
 #include <algorithm>
 #include <cmath>

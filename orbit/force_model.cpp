@@ -1,6 +1,5 @@
 #include "orbit/force_model.h"
 
-#include "app/record/clock.h"
 #include "astro/angles.h"
 #include "astro/calendar.h"
 #include "astro/frames.h"
@@ -8,6 +7,7 @@
 #include "astro/time_scales.h"
 #include "orbit/attitude.h"
 #include "orbit/gravity_data.h"
+#include "record/clock.h"
 
 #include <algorithm>
 #include <array>

@@ -3,9 +3,9 @@
 // SI units. The state is in the mean equator and equinox of date, which is taken as inertial.
 #pragma once
 
-#include "app/record/winp_data.h"
 #include "astro/vec3.h"
 #include "orbit/jacchia.h"
+#include "record/winp_data.h"
 
 /// The slot that is being integrated.
 extern int nmrksx;

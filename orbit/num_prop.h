@@ -1,8 +1,8 @@
 // orbit/num_prop.h: moves the state of a numerically propagated satellite to a wanted time.
 #pragma once
 
-#include "app/record/winp_data.h"
 #include "astro/vec3.h"
+#include "record/winp_data.h"
 
 /// The working state: metres and metres per second, mean equator of date.
 extern double smy[6];

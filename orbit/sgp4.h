@@ -12,8 +12,8 @@
 #include <cstdint>
 #include <span>
 
-#include "app/record/winp_data.h"
 #include "astro/vec3.h"
+#include "record/winp_data.h"
 
 /// The two sets of gravity constants.
 enum gravconsttype

@@ -1,9 +1,5 @@
 #include "reports/local_details.h"
 
-#include "app/record/keep.h"
-#include "app/record/numbers.h"
-#include "app/record/text.h"
-#include "app/record/winp_data.h"
 #include "astro/angles.h"
 #include "astro/calendar.h"
 #include "astro/frames.h"
@@ -11,6 +7,10 @@
 #include "engine/held_values.h"
 #include "engine/position.h"
 #include "orbit/attitude.h"
+#include "record/keep.h"
+#include "record/numbers.h"
+#include "record/text.h"
+#include "record/winp_data.h"
 
 #include <cmath>
 

@@ -1,11 +1,11 @@
 #include "reports/orbit_track.h"
 
-#include "app/record/clock.h"
-#include "app/record/files.h"
-#include "app/record/numbers.h"
 #include "engine/pass_search.h"
 #include "engine/position.h"
 #include "engine/report_lines.h"
+#include "record/clock.h"
+#include "record/files.h"
+#include "record/numbers.h"
 #include "reports/step_lines.h"
 
 #include <string>

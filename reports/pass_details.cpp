@@ -1,10 +1,5 @@
 #include "reports/pass_details.h"
 
-#include "app/record/files.h"
-#include "app/record/keep.h"
-#include "app/record/numbers.h"
-#include "app/record/text.h"
-#include "app/record/winp_data.h"
 #include "astro/angles.h"
 #include "astro/calendar.h"
 #include "astro/frames.h"
@@ -13,6 +8,11 @@
 #include "engine/held_values.h"
 #include "engine/pass_search.h"
 #include "engine/position.h"
+#include "record/files.h"
+#include "record/keep.h"
+#include "record/numbers.h"
+#include "record/text.h"
+#include "record/winp_data.h"
 #include "reports/step_lines.h"
 
 #include <QString>

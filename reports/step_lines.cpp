@@ -1,9 +1,9 @@
 #include "reports/step_lines.h"
 
-#include "app/record/numbers.h"
-#include "app/record/text.h"
-#include "app/record/wout_data.h"
 #include "engine/satpos_data.h"
+#include "record/numbers.h"
+#include "record/text.h"
+#include "record/wout_data.h"
 
 bool groundPointWanted(const WinpData& in)
 {

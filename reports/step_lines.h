@@ -1,7 +1,7 @@
 // What the lines of the pass details and of the orbit track have in common.
 #pragma once
 
-#include "app/record/winp_data.h"
+#include "record/winp_data.h"
 
 #include <cstddef>
 

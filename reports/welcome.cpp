@@ -4,14 +4,14 @@
 #include <array>
 #include <cstdio>
 
-#include "app/record/clock.h"
-#include "app/record/config.h"
-#include "app/record/files.h"
-#include "app/record/numbers.h"
-#include "app/record/text.h"
 #include "astro/calendar.h"
 #include "elements/element_file.h"
 #include "elements/reader.h"
+#include "record/clock.h"
+#include "record/config.h"
+#include "record/files.h"
+#include "record/numbers.h"
+#include "record/text.h"
 
 namespace {
 

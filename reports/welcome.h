@@ -2,8 +2,8 @@
 // the report that tells the user of all this.
 #pragma once
 
-#include "app/record/winp_data.h"
-#include "app/record/wout_data.h"
+#include "record/winp_data.h"
+#include "record/wout_data.h"
 
 /// Brings both records up for a run.
 ///

@@ -18,7 +18,7 @@ const std::map<std::string, std::set<std::string>>& mayInclude()
     static const std::map<std::string, std::set<std::string>> table = [] {
         std::map<std::string, std::set<std::string>> t;
         std::set<std::string> below;
-        for (const char* floor : {"astro", "app/record", "orbit", "engine", "elements", "engine/scan"}) {
+        for (const char* floor : {"astro", "record", "orbit", "engine", "elements", "scan"}) {
             below.insert(floor);
             t[floor] = below;
         }

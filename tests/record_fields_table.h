@@ -1,7 +1,7 @@
 // The fields of the record that tables of tests name.
 #pragma once
 
-#include "app/record/winp_data.h"
+#include "record/winp_data.h"
 
 #include <array>
 #include <string_view>

@@ -5,7 +5,7 @@
 #include <string>
 #include <vector>
 
-#include "app/record/wout_data.h"
+#include "record/wout_data.h"
 
 inline std::vector<std::string> reportLines(const WoutData& out)
 {

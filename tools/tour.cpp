@@ -27,11 +27,11 @@
 #include <QTextEdit>
 #include <QTimer>
 
-#include "app/record/text.h"
-#include "app/record/wout_data.h"
 #include "app/vorlix_app.h"
 #include "astro/calendar.h"
 #include "engine/satpos_data.h"
+#include "record/text.h"
+#include "record/wout_data.h"
 #include "view/legend_text.h"
 #include "view/vorlix_view.h"
 

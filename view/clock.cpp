@@ -2,11 +2,11 @@
 
 #include "view/vorlix_view.h"
 
-#include "app/record/clock.h"
-#include "app/record/keep.h"
 #include "astro/calendar.h"
 #include "engine/event_geometry.h"
 #include "engine/pass_search.h"
+#include "record/clock.h"
+#include "record/keep.h"
 #include "view/message_boxes.h"
 
 namespace {

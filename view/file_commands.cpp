@@ -7,11 +7,11 @@
 #include <QInputDialog>
 #include <QMessageBox>
 
-#include "app/record/keep.h"
-#include "app/record/text.h"
 #include "elements/download.h"
 #include "elements/selection.h"
 #include "elements/writer.h"
+#include "record/keep.h"
+#include "record/text.h"
 #include "reports/orbit_track.h"
 #include "view/message_boxes.h"
 

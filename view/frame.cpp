@@ -7,9 +7,9 @@
 #include <QPaintEvent>
 #include <QPainter>
 
-#include "app/record/config.h"
-#include "app/record/wout_data.h"
 #include "engine/position.h"
+#include "record/config.h"
+#include "record/wout_data.h"
 #include "reports/welcome.h"
 #include "view/painting.h"
 

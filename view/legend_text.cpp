@@ -4,11 +4,11 @@
 #include <cmath>
 #include <cstdarg>
 
-#include "app/record/numbers.h"
-#include "app/record/text.h"
 #include "astro/calendar.h"
 #include "engine/pass_search.h"
 #include "engine/position.h"
+#include "record/numbers.h"
+#include "record/text.h"
 #include "view/vorlix_view.h"
 
 namespace {

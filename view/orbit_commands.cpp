@@ -4,9 +4,6 @@
 
 #include <QMessageBox>
 
-#include "app/record/keep.h"
-#include "app/record/numbers.h"
-#include "app/record/text.h"
 #include "astro/calendar.h"
 #include "design/astrometry.h"
 #include "design/delta_v.h"
@@ -19,6 +16,9 @@
 #include "dialogs/st_launch_dialog.h"
 #include "dialogs/st_orb_det_dialog.h"
 #include "engine/epoch_state.h"
+#include "record/keep.h"
+#include "record/numbers.h"
+#include "record/text.h"
 #include "view/message_boxes.h"
 
 namespace {

@@ -6,10 +6,10 @@
 
 #include <QMouseEvent>
 
-#include "app/record/keep.h"
-#include "app/record/text.h"
 #include "dialogs/st_local_dialog.h"
 #include "dialogs/st_pass_dialog.h"
+#include "record/keep.h"
+#include "record/text.h"
 #include "reports/local_details.h"
 #include "view/message_boxes.h"
 

@@ -8,12 +8,12 @@
 #include <QMessageBox>
 #include <QPainter>
 
-#include "app/record/numbers.h"
-#include "app/record/text.h"
 #include "astro/angles.h"
 #include "design/astrometry.h"
 #include "dialogs/st_ast_dialog.h"
 #include "engine/position.h"
+#include "record/numbers.h"
+#include "record/text.h"
 #include "view/legend_text.h"
 #include "view/marks.h"
 #include "view/painting.h"

@@ -6,10 +6,10 @@
 
 #include <QPainter>
 
-#include "app/record/keep.h"
 #include "astro/calendar.h"
 #include "engine/pass_search.h"
 #include "engine/position.h"
+#include "record/keep.h"
 
 namespace {
 

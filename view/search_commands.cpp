@@ -6,17 +6,17 @@
 
 #include <QMessageBox>
 
-#include "app/record/keep.h"
-#include "app/record/text.h"
-#include "app/record/wout_data.h"
 #include "dialogs/st_iridium_dialog.h"
 #include "dialogs/st_match_dialog.h"
 #include "elements/selection.h"
 #include "engine/aos_list.h"
-#include "engine/scan/all_satellites.h"
-#include "engine/scan/iridium_scan.h"
-#include "engine/scan/matching.h"
-#include "engine/scan/workers.h"
+#include "record/keep.h"
+#include "record/text.h"
+#include "record/wout_data.h"
+#include "scan/all_satellites.h"
+#include "scan/iridium_scan.h"
+#include "scan/matching.h"
+#include "scan/workers.h"
 #include "view/message_boxes.h"
 
 /// Asks for the largest distance of a transit or flare line. @return  false if the user cancelled

@@ -4,14 +4,14 @@
 
 #include <array>
 
-#include "app/record/files.h"
-#include "app/record/keep.h"
-#include "app/record/text.h"
 #include "dialogs/st_rem_sat_dialog.h"
 #include "dialogs/st_sel_sat_dialog.h"
 #include "elements/element_file.h"
 #include "elements/selection.h"
-#include "engine/scan/next_satellites.h"
+#include "record/files.h"
+#include "record/keep.h"
+#include "record/text.h"
+#include "scan/next_satellites.h"
 #include "view/message_boxes.h"
 
 void VorlixView::vSelectSat()

@@ -5,8 +5,6 @@
 #include <cmath>
 #include <limits>
 
-#include "app/record/clock.h"
-#include "app/record/text.h"
 #include "astro/time_scales.h"
 #include "design/visibility_rules.h"
 #include "dialogs/st_date_dialog.h"
@@ -17,6 +15,8 @@
 #include "dialogs/st_switch_dialog.h"
 #include "dialogs/st_sys_conf_dialog.h"
 #include "dialogs/st_vis_dialog.h"
+#include "record/clock.h"
+#include "record/text.h"
 #include "view/message_boxes.h"
 
 namespace {

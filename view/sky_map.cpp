@@ -6,13 +6,13 @@
 
 #include <QPainter>
 
-#include "app/record/clock.h"
 #include "astro/angles.h"
 #include "astro/calendar.h"
 #include "astro/frames.h"
 #include "astro/planets.h"
 #include "astro/sun_moon.h"
 #include "engine/held_values.h"
+#include "record/clock.h"
 #include "view/marks.h"
 #include "view/painting.h"
 #include "view/sky_geometry.h"

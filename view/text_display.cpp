@@ -8,9 +8,9 @@
 #include <QFontMetrics>
 #include <QPainter>
 
-#include "app/record/keep.h"
-#include "app/record/text.h"
-#include "app/record/wout_data.h"
+#include "record/keep.h"
+#include "record/text.h"
+#include "record/wout_data.h"
 
 int epos[120] = {};
 

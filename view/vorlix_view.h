@@ -18,7 +18,7 @@
 #include <QScrollArea>
 #include <QString>
 
-#include "app/record/winp_data.h"
+#include "record/winp_data.h"
 #include "view/changed_tiles.h"
 #include "view/drawn_legend.h"
 #include "view/marks.h"

@@ -7,9 +7,9 @@
 #include <QRegularExpression>
 #include <QTextEdit>
 
-#include "app/record/text.h"
-#include "app/record/wout_data.h"
 #include "dialogs/form.h"
+#include "record/text.h"
+#include "record/wout_data.h"
 
 namespace {
 

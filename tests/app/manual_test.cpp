@@ -9,11 +9,11 @@
 #include <QTextEdit>
 
 #include "app/app_helper.h"
-#include "app/record/text.h"
 #include "astro/calendar.h"
 #include "astro/vec3.h"
 #include "engine/position.h"
 #include "engine/satpos_data.h"
+#include "record/text.h"
 #include "scratch_dir.h"
 #include "view/legend_text.h"
 

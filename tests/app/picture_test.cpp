@@ -10,9 +10,9 @@
 #include <QStatusBar>
 
 #include "app/app_helper.h"
-#include "app/record/text.h"
 #include "astro/angles.h"
 #include "astro/vec3.h"
+#include "record/text.h"
 
 namespace {
 

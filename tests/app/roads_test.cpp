@@ -5,7 +5,7 @@
 #include <QImage>
 
 #include "app/app_helper.h"
-#include "app/record/text.h"
+#include "record/text.h"
 
 class RoadsTest : public AppTest
 {

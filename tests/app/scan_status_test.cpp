@@ -8,7 +8,7 @@
 #include <QWindow>
 
 #include "app/app_helper.h"
-#include "engine/scan/workers.h"
+#include "scan/workers.h"
 
 /// Collects the names that a status line is painted with, and does something at the first.
 class StatusWatcher : public QObject

@@ -5,9 +5,9 @@
 #include <array>
 #include <cmath>
 
-#include "app/record/winp_data.h"
 #include "astro/angles.h"
 #include "astro/vec3.h"
+#include "record/winp_data.h"
 
 namespace {
 

@@ -5,10 +5,10 @@
 
 #include <gtest/gtest.h>
 
-#include "app/record/wout_data.h"
 #include "astro/angles.h"
 #include "design/orbit_helper.h"
-#include "engine/scan/matching.h"
+#include "record/wout_data.h"
+#include "scan/matching.h"
 
 namespace {
 

@@ -7,14 +7,14 @@
 
 #include <gtest/gtest.h>
 
-#include "app/record/files.h"
-#include "app/record/text.h"
-#include "app/record/winp_data.h"
 #include "astro/vec3.h"
 #include "elements/reader.h"
 #include "engine/epoch_state.h"
 #include "engine/position.h"
 #include "orbit/mean_motion.h"
+#include "record/files.h"
+#include "record/text.h"
+#include "record/winp_data.h"
 
 constexpr double gmKm3PerS2 = 398600.4415;
 constexpr double equatorKm = 6378.137;

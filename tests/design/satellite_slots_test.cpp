@@ -4,9 +4,9 @@
 
 #include <gtest/gtest.h>
 
-#include "app/record/clock.h"
-#include "app/record/keep.h"
 #include "design/orbit_helper.h"
+#include "record/clock.h"
+#include "record/keep.h"
 
 namespace {
 

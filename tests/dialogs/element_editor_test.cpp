@@ -1,12 +1,12 @@
 // The element editor with the dialogs behind its buttons.
 
-#include "app/record/winp_data.h"
 #include "astro/time_scales.h"
 #include "dialogs/dialog_helper.h"
 #include "dialogs/st_edit_orb_dialog.h"
 #include "dialogs/st_state_dialog.h"
 #include "orbit/conversions.h"
 #include "orbit/mean_motion.h"
+#include "record/winp_data.h"
 
 namespace {
 

@@ -1,10 +1,10 @@
 // The map dialog and the switch dialog.
 
-#include "app/record/text.h"
-#include "app/record/winp_data.h"
 #include "dialogs/dialog_helper.h"
 #include "dialogs/st_map_dialog.h"
 #include "dialogs/st_switch_dialog.h"
+#include "record/text.h"
+#include "record/winp_data.h"
 
 namespace {
 

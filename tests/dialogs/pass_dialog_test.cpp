@@ -3,11 +3,11 @@
 #include <QMessageBox>
 #include <QTextEdit>
 
-#include "app/record/files.h"
-#include "app/record/text.h"
 #include "dialogs/dialog_helper.h"
 #include "dialogs/st_pass_dialog.h"
 #include "elements/reader.h"
+#include "record/files.h"
+#include "record/text.h"
 #include "scratch_dir.h"
 
 namespace {

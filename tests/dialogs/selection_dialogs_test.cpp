@@ -3,13 +3,13 @@
 #include <QTextEdit>
 #include <array>
 
-#include "app/record/files.h"
-#include "app/record/text.h"
-#include "app/record/winp_data.h"
 #include "dialogs/dialog_helper.h"
 #include "dialogs/st_rem_sat_dialog.h"
 #include "dialogs/st_sel_sat_dialog.h"
 #include "elements/selection.h"
+#include "record/files.h"
+#include "record/text.h"
+#include "record/winp_data.h"
 
 namespace {
 

@@ -3,7 +3,7 @@
 #include "elements/http_server_helper.h"
 #include "elements/search_helper.h"
 
-#include "app/record/text.h"
+#include "record/text.h"
 
 #include <QCoreApplication>
 #include <QEventLoop>

@@ -3,8 +3,8 @@
 
 #include "elements/search_helper.h"
 
-#include "app/record/text.h"
 #include "elements/catalogue_number.h"
+#include "record/text.h"
 
 #include <gtest/gtest.h>
 #include <limits>

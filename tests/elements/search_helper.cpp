@@ -1,8 +1,8 @@
 #include "elements/search_helper.h"
 
-#include "app/record/text.h"
 #include "elements/element_file.h"
 #include "elements/reader.h"
+#include "record/text.h"
 
 FileSearch::FileSearch(const std::string& bytes)
 {

@@ -4,7 +4,7 @@
 #include "record_fields.h"
 #include "scratch_dir.h"
 
-#include "app/record/files.h"
+#include "record/files.h"
 
 #include <memory>
 #include <string>

@@ -2,7 +2,7 @@
 
 #include "elements/search_helper.h"
 
-#include "app/record/text.h"
+#include "record/text.h"
 
 #include <algorithm>
 #include <cctype>

@@ -5,10 +5,10 @@
 #include <string>
 #include <vector>
 
-#include "app/record/text.h"
-#include "app/record/wout_data.h"
 #include "engine/pass_search.h"
 #include "engine/record_helper.h"
+#include "record/text.h"
+#include "record/wout_data.h"
 #include "report_lines.h"
 #include "scratch_dir.h"
 

@@ -6,9 +6,9 @@
 #include <limits>
 #include <vector>
 
-#include "app/record/keep.h"
 #include "astro/angles.h"
 #include "engine/record_helper.h"
+#include "record/keep.h"
 
 namespace {
 

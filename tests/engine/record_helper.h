@@ -6,10 +6,10 @@
 #include <string>
 #include <vector>
 
-#include "app/record/winp_data.h"
 #include "astro/vec3.h"
 #include "engine/aos_list.h"
 #include "engine/satpos_data.h"
+#include "record/winp_data.h"
 
 constexpr double minuteDays = 1.0 / 1440.0;
 constexpr double secondDays = 1.0 / 86400.0;

@@ -3,8 +3,8 @@
 
 #include "fuzz/fuzz_target.h"
 
-#include "app/record/config.h"
-#include "app/record/text.h"
+#include "record/config.h"
+#include "record/text.h"
 
 #include <QDir>
 #include <cstring>

@@ -4,10 +4,10 @@
 #include "fuzz/fuzz_target.h"
 #include "record_fields.h"
 
-#include "app/record/text.h"
 #include "elements/element_file.h"
 #include "elements/reader.h"
 #include "elements/writer.h"
+#include "record/text.h"
 
 #include <algorithm>
 #include <cctype>

@@ -3,14 +3,14 @@
 
 #include "fuzz/fuzz_target.h"
 
-#include "app/record/field_numbers.h"
-#include "app/record/numbers.h"
-#include "app/record/text.h"
-#include "app/record/wout_data.h"
 #include "astro/angles.h"
 #include "astro/calendar.h"
 #include "elements/catalogue_number.h"
 #include "elements/writer.h"
+#include "record/field_numbers.h"
+#include "record/numbers.h"
+#include "record/text.h"
+#include "record/wout_data.h"
 
 #include <algorithm>
 #include <array>

@@ -2,10 +2,10 @@
 
 #include "fuzz/fuzz_target.h"
 
-#include "app/record/text.h"
-#include "app/record/wout_data.h"
-#include "engine/scan/all_satellites.h"
-#include "engine/scan/iridium_scan.h"
+#include "record/text.h"
+#include "record/wout_data.h"
+#include "scan/all_satellites.h"
+#include "scan/iridium_scan.h"
 
 #include <QDir>
 #include <QFileInfo>

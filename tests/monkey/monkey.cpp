@@ -23,9 +23,9 @@
 #include <QTemporaryDir>
 #include <QTimer>
 
-#include "app/record/text.h"
-#include "app/record/wout_data.h"
 #include "app/vorlix_app.h"
+#include "record/text.h"
+#include "record/wout_data.h"
 #include "view/window_helper.h"
 
 namespace {

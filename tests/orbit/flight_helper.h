@@ -1,8 +1,8 @@
 // Numeric flights for tests: the record of the program as it stands after start-up, with one satellite in slot 0.
 #pragma once
 
-#include "app/record/winp_data.h"
 #include "astro/vec3.h"
+#include "record/winp_data.h"
 
 constexpr double epoch = 58138.0;  // of the flights: 2018 January 20
 constexpr double gmM3PerS2 = 398600.4415e9;

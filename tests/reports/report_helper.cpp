@@ -1,9 +1,9 @@
 #include "reports/report_helper.h"
 
-#include "app/record/files.h"
-#include "app/record/text.h"
 #include "elements/reader.h"
 #include "engine/pass_search.h"
+#include "record/files.h"
+#include "record/text.h"
 
 #include <fstream>
 #include <iterator>

@@ -1,7 +1,7 @@
 // A record for the tests of the reports, with satellites read from the sample elements.
 #pragma once
 
-#include "app/record/winp_data.h"
+#include "record/winp_data.h"
 #include "scratch_dir.h"
 
 #include <gtest/gtest.h>

@@ -1,15 +1,15 @@
 // The files that the reports write, byte by byte. Where the expected texts come from: tests/data/reports/README.md.
 
-#include "app/record/text.h"
-#include "app/record/wout_data.h"
 #include "engine/aos_list.h"
 #include "engine/pass_search.h"
-#include "engine/scan/all_satellites.h"
-#include "engine/scan/iridium_scan.h"
+#include "record/text.h"
+#include "record/wout_data.h"
 #include "report_lines.h"
 #include "reports/orbit_track.h"
 #include "reports/pass_details.h"
 #include "reports/report_helper.h"
+#include "scan/all_satellites.h"
+#include "scan/iridium_scan.h"
 
 #include <limits>
 

@@ -2,10 +2,10 @@
 
 #include "reports/welcome.h"
 
-#include "app/record/clock.h"
-#include "app/record/config.h"
-#include "app/record/text.h"
 #include "astro/time_scales.h"
+#include "record/clock.h"
+#include "record/config.h"
+#include "record/text.h"
 #include "report_lines.h"
 #include "reports/report_helper.h"
 

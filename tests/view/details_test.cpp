@@ -4,8 +4,8 @@
 #include <QTest>
 #include <QTextEdit>
 
-#include "app/record/text.h"
-#include "app/record/wout_data.h"
+#include "record/text.h"
+#include "record/wout_data.h"
 #include "record_fields.h"
 #include "view/view_fixture.h"
 

@@ -8,7 +8,7 @@
 #include <QPainter>
 #include <QTest>
 
-#include "app/record/wout_data.h"
+#include "record/wout_data.h"
 #include "view/view_fixture.h"
 
 namespace {

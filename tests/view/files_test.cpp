@@ -5,8 +5,8 @@
 #include <QInputDialog>
 #include <QTest>
 
-#include "app/record/text.h"
-#include "app/record/wout_data.h"
+#include "record/text.h"
+#include "record/wout_data.h"
 #include "view/table_rows.h"
 #include "view/view_fixture.h"
 

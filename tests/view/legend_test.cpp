@@ -4,8 +4,8 @@
 #include <QTest>
 #include <map>
 
-#include "app/record/text.h"
 #include "engine/satpos_data.h"
+#include "record/text.h"
 #include "record_fields.h"
 #include "view/legend_text.h"
 #include "view/table_rows.h"

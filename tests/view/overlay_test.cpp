@@ -5,8 +5,8 @@
 #include <QTest>
 #include <cmath>
 
-#include "app/record/text.h"
 #include "engine/satpos_data.h"
+#include "record/text.h"
 #include "record_fields.h"
 #include "view/picture_helper.h"
 #include "view/view_fixture.h"

@@ -18,11 +18,11 @@
 #include <QTest>
 #include <QTimer>
 
-#include "app/record/clock.h"
-#include "app/record/files.h"
-#include "app/record/keep.h"
-#include "app/record/winp_data.h"
 #include "elements/selection.h"
+#include "record/clock.h"
+#include "record/files.h"
+#include "record/keep.h"
+#include "record/winp_data.h"
 
 namespace windows {
 

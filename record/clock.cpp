@@ -1,0 +1,85 @@
+#include "record/clock.h"
+
+#include "record/keep.h"
+
+#include "astro/calendar.h"
+#include "astro/time_scales.h"
+
+#include <cmath>
+
+namespace {
+constexpr double mjdOf1970 = 40587.0;
+constexpr double secondsPerDay = 86400.0;
+constexpr double ttTaiSeconds = 32.184;
+
+std::time_t timeOfSystem()
+{
+    return std::time(nullptr);
+}
+
+/// MJD of what the clocks of the system's zone show.
+double civilMjd(std::time_t t)
+{
+    std::tm civil{};
+    ::tzset();
+    ::localtime_r(&t, &civil);
+    const double hours = civil.tm_hour + civil.tm_min / 60.0 + civil.tm_sec / 3600.0;
+    return mjd(civil.tm_mday, civil.tm_mon + 1, civil.tm_year + 1900, hours);
+}
+}  // namespace
+
+double GBL_timezone = 0;
+std::time_t (*systemSeconds)() = timeOfSystem;
+
+void DefTime(WinpData* in)
+{
+    const std::time_t t = systemSeconds();
+    const double utc = static_cast<double>(t) / secondsPerDay + mjdOf1970;
+    double hours = 0, seconds = 0;
+    caldat(utc, in->day, in->month, in->year, hours);
+    dms(hours, in->hour, in->minute, seconds);
+    in->second = truncToInt(seconds + 0.5);
+    // a whole number, but for the resolution of the two MJD
+    GBL_timezone = std::round((utc - civilMjd(t)) * secondsPerDay);
+}
+
+double systemZone()
+{
+    return (0.0 - GBL_timezone) / 3600.0;
+}
+
+double startMjd(const WinpData* in)
+{
+    return mjd(in->day, in->month, in->year, in->hour - in->tzone + in->minute / 60.0 + in->second / 3600.0);
+}
+
+void setNewMjd(WinpData* in)
+{
+    if (in->tzauto)
+        in->tzone = systemZone();
+    in->mjd = startMjd(in);
+    in->pasjmp = 0;
+    if (in->dtflg) {
+        in->dtflg = 0;
+        in->rtflg = 0;
+    }
+    in->ttut = SetTtUt(in, in->year);
+}
+
+double RT_MJD(WinpData* in)
+{
+    const Keep day(in->day), month(in->month), year(in->year);
+    const Keep hour(in->hour), minute(in->minute), second(in->second);
+    DefTime(in);
+    return mjd(in->day, in->month, in->year, in->hour + in->minute / 60.0 + in->second / 3600.0 + in->rtoff);
+}
+
+double SetTtUt(const WinpData* in, int year)
+{
+    return in->IERSflg ? ttTaiSeconds - in->UtcTai : DefTdUt(year);
+}
+
+int utcTaiOf(double ttut)
+{
+    return -truncToInt(ttut - ttTaiSeconds + 0.0001);
+}

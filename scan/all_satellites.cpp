@@ -1,0 +1,284 @@
+#include "scan/all_satellites.h"
+
+#include "elements/element_file.h"
+#include "engine/aos_list.h"
+#include "engine/pass_search.h"
+#include "engine/report_lines.h"
+#include "record/files.h"
+#include "record/keep.h"
+#include "record/numbers.h"
+#include "record/slot_copy.h"
+#include "record/text.h"
+#include "record/winp_data.h"
+#include "scan/entries.h"
+#include "scan/entry_lines.h"
+#include "scan/entry_task.h"
+#include "scan/records_before.h"
+#include "scan/save_lines.h"
+#include "scan/workers.h"
+
+#include <algorithm>
+#include <array>
+#include <cstdio>
+#include <cstring>
+#include <filesystem>
+#include <memory>
+#include <optional>
+#include <string>
+#include <string_view>
+#include <system_error>
+#include <utility>
+#include <vector>
+
+namespace {
+
+constexpr double faintestLimitMag = 29.0;
+constexpr int lineRoom = 256;
+
+bool refused(const WinpData& in)
+{
+    if (in.iridflg == event::iridium)
+        return in.irmag > faintestLimitMag;
+    return in.iridflg > event::plain && in.maxdst == 0.0;
+}
+
+std::string headingOf(const WinpData& in)
+{
+    char text[4 * lineRoom];
+    TextWriter heading(text);
+    heading.add("Geographic Location: ").add(fieldText(in.geoname)).add("\n");
+    heading.addFormatted(" Lat.: %g   Long.: %g   Height: %g \n\n", in.lat, in.lng, in.height);
+    heading.addFormatted(" min.Sat.Elev.: %g   max.Sun Elev.: %g", in.satel, in.sunel);
+    if (in.visflg)
+        heading.add(in.moonflg ? "   Moonshine passes only" : "   visible passes only");
+    heading.addFormatted("\n Year: %4i  +++ Timezone: %g +++ \n", in.year, in.tzone);
+    if (addHeldSpan(heading, in))
+        heading.add("\n");
+    heading.add(std::string(71, '='));
+    heading.add(in.iridflg > event::plain
+                    ? "\n    Event Time (Azim.,Elev.)\n"
+                    : "\n  Start (Azim.,Elev.)    Maximum (Azim.,MaxElev.)     End (Azim.,Elev.)\n");
+    return std::string(heading.text());
+}
+
+/// The scan of a file: one satellite after the other in the prime slot, whose content is parked meanwhile.
+class Scan
+{
+public:
+    Scan(WinpData* record, double distanceBefore)
+        : in(record), search(record, distanceBefore), nothingSelected(record->satn < 1)
+    {
+        if (nothingSelected)
+            in->satn = 1;
+        ShiftElm(in, parkedSlot, in->prs);
+    }
+    ~Scan()
+    {
+        if (nothingSelected)
+            in->satn = 0;
+        ShiftElm(in, in->prs, parkedSlot);
+    }
+    Scan(const Scan&) = delete;
+    Scan& operator=(const Scan&) = delete;
+
+    /// Appends the lines of all entries to the heading.
+    std::string linesOf(std::FILE* elements, std::string heading);
+
+private:
+    void oneByOne(Entries& entries);
+    void shared(Entries& entries);
+    void take(const EntryLines& found);
+    void joinSelection(const WinpData& hit);
+
+    WinpData* in;
+    EntrySearch search;
+    bool nothingSelected;
+    std::string lines;
+};
+
+std::string Scan::linesOf(std::FILE* elements, std::string heading)
+{
+    lines = std::move(heading);
+    Entries entries(in, elements);
+    if (scanWorkers() > 1 && EntrySearch::entriesIndependent(*in))
+        shared(entries);
+    else
+        oneByOne(entries);
+    return std::move(lines);
+}
+
+void Scan::oneByOne(Entries& entries)
+{
+    while (entries.next()) {
+        ShiftElm(in, in->prs, workSlot);
+        take(search.linesOf(in));
+    }
+}
+
+void Scan::shared(Entries& entries)
+{
+    struct Task : EntryTask
+    {
+        EntryLines found;
+    };
+    const auto searchIn = [&](Task& task) {
+        task.found = search.linesOf(&task.in);
+        task.searched = task.found.searched;
+    };
+    const auto finish = [&](const Task& task) {
+        endEntry(in, task, in->prs);
+        take(task.found);
+    };
+    shareEntries<Task>(entries, *in, in->prs, searchIn, finish);
+}
+
+void Scan::take(const EntryLines& found)
+{
+    lines += found.text;
+    for (const WinpData& hit : found.joining)
+        joinSelection(hit);
+}
+
+/// With nothing selected before, the satellite takes the parked place and so becomes the prime one.
+void Scan::joinSelection(const WinpData& hit)
+{
+    if (nothingSelected) {
+        copySlot(in, parkedSlot, hit, in->prs);
+        nothingSelected = false;
+    } else if (in->satn < maxSatellites) {
+        copySlot(in, in->satn, hit, in->prs);
+        ++in->satn;
+    }
+}
+
+bool exists(const char* name)
+{
+    std::error_code unknown;
+    return std::filesystem::exists(name, unknown) || unknown;
+}
+
+/// Heading and lines of all entries.
+std::string listOf(WinpData* in, std::FILE* elements, double distanceBefore)
+{
+    const Keep absolute(in->rlm, 0);
+    const Keep keptSunLimit(in->sunel);
+    if (in->iridflg == event::transit && in->occflg == 1)
+        in->sunel = anySunElevationDeg;
+    return Scan(in, distanceBefore).linesOf(elements, headingOf(*in));
+}
+
+constexpr const char* sortFileName = "vorlix.tmp";
+constexpr std::size_t shortestLine = 2;  // line feeds not counted
+constexpr std::size_t linesPerGroup = 5;
+constexpr char noMonth = 'X';
+
+struct PassLine
+{
+    std::array<char, 18> key{};
+    std::string_view text;
+};
+
+struct SaveFileLines
+{
+    std::vector<std::string_view> headings;
+    std::vector<PassLine> passes;
+};
+
+SaveFileLines linesOf(std::string_view content)
+{
+    SaveFileLines lines;
+    while (!content.empty()) {
+        const std::string_view text = content.substr(0, content.find('\n'));
+        content.remove_prefix(std::min(text.size() + 1, content.size()));
+        if (text.size() < shortestLine)
+            continue;
+        if (isHeading(text)) {
+            lines.headings.push_back(text);
+        } else if (text.size() >= passStampLength) {
+            PassLine line;
+            CpMMM(line.key.data(), std::string(text.substr(0, passStampLength)).c_str());
+            line.text = text;
+            lines.passes.push_back(line);
+        }
+    }
+    return lines;
+}
+
+/// By month, day and time; lines of no month stay in their order, behind all others.
+bool earlier(const PassLine& one, const PassLine& other)
+{
+    if (one.key[0] != other.key[0] || one.key[0] == noMonth)
+        return one.key[0] < other.key[0];
+    return std::memcmp(one.key.data(), other.key.data(), one.key.size()) < 0;
+}
+
+/// The text of a save file in order; as it is with fewer than two passes.
+std::string sorted(std::string content)
+{
+    SaveFileLines lines = linesOf(content);
+    if (lines.passes.size() < 2)
+        return content;
+    std::stable_sort(lines.passes.begin(), lines.passes.end(), earlier);
+    std::string text;
+    text.reserve(content.size());
+    for (const std::string_view heading : lines.headings)
+        (text += heading) += '\n';
+    for (std::size_t i = 0; i < lines.passes.size(); ++i) {
+        if (i % linesPerGroup == 0)
+            text += '\n';
+        (text += lines.passes[i].text) += '\n';
+    }
+    return text;
+}
+
+/// Replaces a save file by its lines in order. They wait in a temporary file meanwhile; if that cannot be written, the
+/// file takes them as they are.
+bool replaceSorted(const char* name, const std::string& content)
+{
+    std::error_code missing;
+    if (std::filesystem::equivalent(name, sortFileName, missing))
+        return replaceFile(name, content);  // the list itself would be overwritten
+    const std::string inOrder = sorted(content);
+    const bool waits = inOrder != content && writeNew(sortFileName, inOrder);
+    const bool replaced = replaceFile(name, waits ? inOrder : content);
+    if (waits)
+        std::remove(sortFileName);
+    return replaced;
+}
+
+}  // namespace
+
+int AllSatAos(WinpData* in)
+{
+    const auto before = std::make_unique<RecordsBefore>(*in);
+    const bool isNew = !exists(in->savename);
+    // The file is started anew only once there is something to write: a refused search must not cost the old list.
+    if (!FilePtr(std::fopen(in->savename, "a")))
+        return 1;
+    const bool startsAnew = takeSaveMode(in)[0] == 'w';
+    const FilePtr elements = openElementFile(in->tlename);
+    if (!elements)
+        return 2;
+    const Keep keptDistance(in->maxdst);
+    if (automaticWidth(*in))
+        in->maxdst = automaticWidthKm;
+    if (refused(*in))
+        return -1;
+    std::string list = listOf(in, elements.get(), keptDistance.before);
+    if (scanEnded()) {
+        before->putBack(in);
+        if (isNew)
+            std::remove(in->savename);
+        return scanCancelled;
+    }
+    if (!startsAnew)
+        list.insert(0, contentOfFile(in->savename).value_or(std::string()));
+    return replaceSorted(in->savename, list) ? 0 : 1;
+}
+
+void SortAos(WinpData* in)
+{
+    const std::optional<std::string> content = contentOfFile(in->savename);
+    if (content && sorted(*content) != *content)
+        replaceSorted(in->savename, *content);
+}

@@ -1,0 +1,25 @@
+// Walking through all entries of an element file.
+#pragma once
+
+#include "elements/reader.h"
+#include "record/winp_data.h"
+
+#include <cstdio>
+
+/// Brings one entry after the other to the work slot, and tells the listener of the scan its name. The search text
+/// becomes "*".
+class Entries
+{
+public:
+    Entries(WinpData* in, std::FILE* file);
+
+    /// Reads the next entry; false if there is none, or if the listener ends the scan.
+    bool next();
+
+private:
+    WinpData* record;
+    std::FILE* elements;
+    bool started = false;
+    bool more = true;
+    char report[entryTextRoom] = {};
+};

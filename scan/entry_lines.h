@@ -1,0 +1,49 @@
+// The passes or events of one entry of an element file, as lines of the save file.
+#pragma once
+
+#include "record/winp_data.h"
+
+#include <string>
+#include <vector>
+
+struct Pass;
+class TextWriter;
+
+/// Semi-major axes of operational Iridium satellites: whether that of slot `isat` lies among them.
+bool operationalOrbit(const WinpData& in, int isat);
+
+/// What a search of one entry gives.
+struct EntryLines
+{
+    std::string text;               // with an empty line in front, if there are any
+    std::vector<WinpData> joining;  // the record at each hit that joins the selection; not more than fit
+    bool searched = false;          // false if the entry was left out
+};
+
+/// The search of a scan, the same for every entry.
+class EntrySearch
+{
+public:
+    /// @param in              the record of the scan, with `maxdst` as the search uses it
+    /// @param distanceBefore  `maxdst` as the user has it
+    EntrySearch(WinpData* in, double distanceBefore);
+
+    /// All lines of the satellite in the prime slot; with solar panel flares in a second round as well. Works on
+    /// `satpos`, and changes `in` as `nextpass` does; `irsolp` is off afterwards.
+    EntryLines linesOf(WinpData* in) const;
+
+    /// Whether what an entry gives depends on that entry alone, so that entries may be searched in any order.
+    ///
+    /// Not so where the engine goes on from what it left in the record: the mirror loop keeps the best magnitude, an
+    /// unknown surface is a result, and the angles of a mirror pass from one satellite to the next.
+    static bool entriesIndependent(const WinpData& in);
+
+private:
+    void round(WinpData* in, EntryLines& lines) const;
+    bool addEvent(TextWriter& line, WinpData* in, const Pass& pass) const;
+    void addLine(TextWriter& line, const WinpData& in, EntryLines& lines) const;
+
+    bool automatic;
+    bool hitsJoinSelection;
+    double start, end;
+};

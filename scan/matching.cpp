@@ -1,0 +1,343 @@
+#include "scan/matching.h"
+
+#include "astro/angles.h"
+#include "astro/calendar.h"
+#include "astro/frames.h"
+#include "astro/mat3.h"
+#include "elements/element_file.h"
+#include "engine/event_geometry.h"
+#include "engine/held_values.h"
+#include "engine/pass_search.h"
+#include "engine/position.h"
+#include "engine/report_lines.h"
+#include "record/files.h"
+#include "record/keep.h"
+#include "record/numbers.h"
+#include "record/text.h"
+#include "record/winp_data.h"
+#include "record/wout_data.h"
+#include "scan/entries.h"
+#include "scan/records_before.h"
+#include "scan/workers.h"
+
+#include <algorithm>
+#include <cmath>
+#include <cstdio>
+#include <memory>
+#include <numbers>
+#include <string>
+#include <string_view>
+
+namespace {
+
+constexpr int mostMatches = 50;
+constexpr double zenithLimitDeg = 89.1;
+constexpr double cosDirectionLimit = 0.7071067811865476;  // 45 degrees
+constexpr double brighterRevPerDay = 2.5;
+constexpr std::string_view brighterPieces = "ABDE";  // not C
+constexpr double movingTargetMinutes = 2.0;          // beyond this the sky turns away under an R.A.
+constexpr int stepsPerRenewal = 60;
+constexpr double secondStepDays = 1.1574074074074073e-5;
+constexpr double longStepDays = 1.5e-5;  // beyond this a moving target is renewed at each step
+constexpr double slowRevPerDay = 2.0;
+constexpr double roundOrbitEcc = 0.1;
+constexpr double minutesPerDay = 1440.0;
+constexpr double earthRadiusKm = 6378.137;
+
+/// The slot in which each entry is tried. It lies behind the selected satellites; with ten of these the last one is
+/// parked for the time of the search, and so is the match that fills the list.
+class TrialSlot
+{
+public:
+    explicit TrialSlot(WinpData* record) : in(record), kept(record->satn), full(record->satn >= maxSatellites)
+    {
+        if (full)
+            ShiftElm(in, parkedSlot, maxSatellites - 1);
+        else
+            ++in->satn;
+        slot = in->satn - 1;
+    }
+    ~TrialSlot()
+    {
+        if (full)
+            ShiftElm(in, slot, parkedSlot);
+        in->satn = kept;
+    }
+    TrialSlot(const TrialSlot&) = delete;
+    TrialSlot& operator=(const TrialSlot&) = delete;
+
+    int index() const { return slot; }
+
+    /// The satellite in the slot joins the selection.
+    void keep()
+    {
+        if (full)
+            return;
+        ShiftElm(in, parkedSlot, slot);
+        kept = in->satn;
+        full = in->satn >= maxSatellites;
+        if (!full)
+            slot = in->satn++;
+    }
+
+private:
+    WinpData* in;
+    int kept;  // number of satellites to keep
+    int slot = 0;
+    bool full;
+};
+
+/// The place of a sighting in the sky, and how a satellite may miss it.
+class Target
+{
+public:
+    explicit Target(WinpData* record);
+
+    void firstSighting();
+    bool met(double t, int slot, double step);
+    double from() const { return in->mjd - halfWidth; }
+    double until() const { return in->mjd + halfWidth; }
+    bool spanHeld() const { return held; }
+
+private:
+    void secondSighting(double t);
+    void place(double t) { convRDAE(in, t, eqeq, azimuth, elevation); }
+    void renew(double t, double step);
+    bool near(double t, int slot, double step);
+    bool belowZenithLimit() const { return degPerRad * elevation + in->mxa <= zenithLimitDeg; }
+
+    WinpData* in;
+    std::unique_ptr<SatPosData> position = std::make_unique<SatPosData>();
+    double halfWidth = 0.0;  // of the search, days
+    bool held = false;
+    double eqeq = 0.0;
+    double azimuth = 0.0, elevation = 0.0;  // radians
+    double cosLimit = 1.0;
+    double direction = 0.0;  // radians, up to pi
+    bool useDirection = false;
+    bool moving = false;
+    int stepsSinceRenewal = 0;
+    bool firstMet = false;
+};
+
+Target::Target(WinpData* record) : in(record)
+{
+    const double wanted = 2.0 * in->tm / minutesPerDay;
+    halfWidth = heldSpan(wanted) / 2.0;
+    held = heldSpan(wanted) != wanted;
+    nutmat(julcent(::held(in->mjd, heldTimeDays)), eqeq, false);
+    place(in->mjd);
+    moving = in->rdf && in->tm > movingTargetMinutes;
+    useDirection = in->drf && !in->odm && belowZenithLimit();
+    cosLimit = std::cos(radPerDeg * in->mxa);
+    direction = radPerDeg * in->dra;
+    if (direction > std::numbers::pi)
+        direction -= twoPi;
+}
+
+/// Before each satellite of a search with two sightings.
+void Target::firstSighting()
+{
+    in->az = in->az1;
+    in->el = in->el1;
+    in->rdf = in->az1flg;
+    place(in->mjd);
+    firstMet = false;
+}
+
+void Target::secondSighting(double t)
+{
+    in->az = in->az2;
+    in->el = in->el2;
+    in->rdf = in->az2flg;
+    place(t);
+    firstMet = true;
+}
+
+/// Brings a moving target to its place in the sky at `t`: it counts as given in right ascension and declination,
+/// whatever the present one of two sightings is.
+void Target::renew(double t, double step)
+{
+    const bool due = stepsSinceRenewal == 0 || step > longStepDays;
+    stepsSinceRenewal = (stepsSinceRenewal + 1) % stepsPerRenewal;
+    if (!moving || !due)
+        return;
+    const Keep asRightAscension(in->rdf, 1);
+    place(t);
+    if (in->drf)
+        useDirection = belowZenithLimit();
+}
+
+bool Target::near(double t, int slot, double step)
+{
+    GetSatPos(t, in, position.get(), slot, 0);
+    const double a1 = radPerDeg * position->az[slot];
+    const double e1 = radPerDeg * position->el[slot];
+    if (!in->drf)
+        return mtchok(cosLimit, azimuth, elevation, a1, e1, direction, useDirection, a1, e1) != 0;
+    GetSatPos(t + step, in, position.get(), slot, 0);
+    const double a2 = radPerDeg * position->az[slot];
+    const double e2 = radPerDeg * position->el[slot];
+    return mtchok(cosLimit, azimuth, elevation, a1, e1, direction, useDirection, a2, e2) != 0;
+}
+
+/// Whether the satellite fulfils at `t` what is left of the sighting, or of the two.
+bool Target::met(double t, int slot, double step)
+{
+    renew(t, step);
+    if (!near(t, slot, step))
+        return false;
+    if (!in->odm || firstMet)
+        return true;
+    secondSighting(t);
+    return false;
+}
+
+double searchStep(const WinpData& in, int slot)
+{
+    return in.n0[slot] < slowRevPerDay && in.ecc[slot] < roundOrbitEcc ? oneMinuteDays : secondStepDays;
+}
+
+/// A whole satellite or a larger piece, by the single piece letter of its designator, in no high orbit.
+bool isBrighter(const WinpData& in, int slot)
+{
+    return in.n0[slot] >= brighterRevPerDay && in.ldsn[slot][9] == ' ' &&
+           brighterPieces.find(in.ldsn[slot][8]) != std::string_view::npos;
+}
+
+bool matches(WinpData* in, Target& target, int slot)
+{
+    if (in->odm)
+        target.firstSighting();
+    double tm[3] = {};
+    double a[3] = {};
+    double b[3] = {};
+    if (nextpass(in, slot, target.from(), target.until(), tm, a, b) == 0)
+        return false;
+    if (in->vis && !isBrighter(*in, slot))
+        return false;
+    const double step = searchStep(*in, slot);
+    for (double t = tm[0]; t <= tm[2]; t += step) {
+        if (target.met(t, slot, step))
+            return true;
+        if (!(t + step > t))
+            break;
+    }
+    return false;
+}
+
+void putMatch(WoutData* out, const WinpData& in, int slot)
+{
+    char text[128];
+    PutSpace(out);
+    TextWriter name(text);
+    name.addFormatted(" NORAD#:%6i  Int.Launch#: ", in.norad[slot]);
+    name.add(fieldText(in.ldraw)).add("  ").add(fieldText(in.fsname[slot]));
+    PutNxtLnT(out, std::string(name.text()).c_str());
+    const double perigee = in.a[slot] * (1.0 - in.ecc[slot]) - earthRadiusKm;
+    const double apogee = in.a[slot] * (1.0 + in.ecc[slot]) - earthRadiusKm;
+    formatted(text, " Incl.: %8.4lf   Perigee: %10.3lf km  Apogee: %10.3lf km", in.inc[slot], perigee, apogee);
+    PutNxtLnT(out, text);
+}
+
+/// What a search counts.
+struct Tally
+{
+    long checked = 0;
+    int matches = 0;
+};
+
+Tally searchFile(WinpData* in, WoutData* out, std::FILE* elements, Target& target)
+{
+    Tally tally;
+    TrialSlot trial(in);
+    for (Entries entries(in, elements); tally.matches < mostMatches && entries.next();) {
+        ShiftElm(in, trial.index(), workSlot);
+        ++tally.checked;
+        if (!matches(in, target, trial.index()))
+            continue;
+        ++tally.matches;
+        putMatch(out, *in, trial.index());
+        trial.keep();
+    }
+    return tally;
+}
+
+void putTally(WoutData* out, const WinpData& in, const Tally& tally)
+{
+    if (tally.matches > 0) {
+        putLines(out, {"", ""});
+    } else {
+        out->nlines = 0;
+        putLines(out, {"", " *** No matches found on TLE file ***", in.tlename, "", "", ""});
+    }
+    char text[128];
+    formatted(text, " Number of satellites checked: %ld", tally.checked);
+    PutNxtLn(out, text);
+    formatted(text, " Number of possible matches  : %i", tally.matches);
+    PutNxtLn(out, text);
+    if (tally.matches >= mostMatches)
+        PutNxtLn(out, " *** Output buffer full. More matches possible ***");
+}
+
+/// With two sightings the search starts from the first one, and its window holds the second.
+void takeSightings(WinpData* in)
+{
+    in->az = in->az1;
+    in->el = in->el1;
+    in->rdf = in->az1flg;
+    in->tm = std::max(in->tm, in->deltm / 60.0);
+}
+
+}  // namespace
+
+int SatMatch(WinpData* in, WoutData* out)
+{
+    const Keep keptAz(in->az);
+    const Keep keptEl(in->el);
+    const Keep keptTm(in->tm);
+    const Keep keptRdf(in->rdf);
+    const Keep absolute(in->rlm, 0);
+    out->nlines = 0;
+    const FilePtr elements = openElementFile(in->tlename);
+    if (!elements) {
+        putLines(out,
+                 {"", " *** Unable to open TLE file ***", in->tlename, "", " Select a valid TLE file first.", ""});
+        return 1;
+    }
+    putLines(out, {"", (" Possible matches on TLE-file: " + std::string(fieldText(in->tlename))).c_str(), ""});
+    const auto before = std::make_unique<RecordsBefore>(*in);
+    if (in->odm)
+        takeSightings(in);
+    Target target(in);
+    const Tally tally = searchFile(in, out, elements.get(), target);
+    if (scanEnded()) {
+        before->putBack(in);
+        out->nlines = 0;
+        return scanCancelled;
+    }
+    putTally(out, *in, tally);
+    if (target.spanHeld())
+        putLines(out, {" *** Time interval held to 100000 days ***"});
+    return 0;
+}
+
+int mtchok(double cosmax, double ta, double te, double a1, double e1, double dir, int useDir, double a2, double e2)
+{
+    const double cosDistance = std::sin(te) * std::sin(e1) + std::cos(te) * std::cos(e1) * std::cos(ta - a1);
+    if (!(cosDistance > cosmax))
+        return 0;
+    if (!useDir)
+        return 1;
+    const double c = std::sin(e1) * std::sin(e2) + std::cos(e1) * std::cos(e2) * std::cos(a2 - a1);
+    const double s = 1.0 - c * c > 0.0 ? std::sqrt(1.0 - c * c) : 0.0;
+    const double w = std::cos(e1) * s;
+    if (!(std::abs(w) > 1e-50))
+        return 1;
+    const double x = (std::sin(e2) - c * std::sin(e1)) / w;
+    if (std::abs(x) > 1.0)
+        return 1;
+    const double bearing = std::sin(a2 - a1) < 0.0 ? -std::acos(x) : std::acos(x);
+    const Vec3 up(0, 0, 1);
+    return dot(mxvct(xrot(bearing), up), mxvct(xrot(dir), up)) >= cosDirectionLimit;
+}
