@@ -19,6 +19,7 @@
 
 #include "app/scan_watch.h"
 #include "elements/download.h"
+#include "record/further_settings.h"
 #include "record/text.h"
 #include "scan/workers.h"
 #include "view/vorlix_view.h"
@@ -56,6 +57,7 @@ VorlixApp::VorlixApp()
 {
     APPDIR = QDir::currentPath();
     CFDIR = QDir::homePath();
+    setFurtherSettingsFolder(APPDIR);  // the working directory may change below
     QLocale::setDefault(QLocale(QLocale::English, QLocale::AnyCountry));
     setWindowTitle(tr("Vorlix - 11.8"));
     setWindowIcon(iconOf("vorlix32"));
