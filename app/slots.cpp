@@ -18,8 +18,8 @@
 
 #include "dialogs/st_quick_dialog.h"
 #include "elements/download.h"
+#include "record/progress.h"
 #include "record/winp_data.h"
-#include "scan/workers.h"
 #include "view/message_boxes.h"
 #include "view/vorlix_view.h"
 
@@ -198,7 +198,7 @@ void VorlixApp::slotInputNextSat()
     showStatus(tr("Next satellites to pass..."));
     slotStopTime();
     const int found = view->vNextSat();
-    if (found == scanCancelled)
+    if (found == calculationCancelled)
         return;
     if (found < 1) {
         warnWithQuit(this, found < 0 ? tr("Unable to open TLE file") : tr("No suitable satellites found"));

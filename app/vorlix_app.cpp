@@ -20,8 +20,8 @@
 #include "app/scan_watch.h"
 #include "elements/download.h"
 #include "record/further_settings.h"
+#include "record/progress.h"
 #include "record/text.h"
-#include "scan/workers.h"
 #include "view/vorlix_view.h"
 
 QString APPDIR;
@@ -90,7 +90,7 @@ VorlixApp::VorlixApp()
 
 VorlixApp::~VorlixApp()
 {
-    setScanProgress({});
+    setProgressListener({});
     delete viewLabel;  // the scroll area owns the view, nobody else the label it was made with
 }
 
@@ -172,7 +172,7 @@ void VorlixApp::initToolBar()
 void VorlixApp::initStatusBar()
 {
     statusBar()->showMessage(tr("Ready."), readyMilliseconds);
-    setScanProgress([this](std::string_view name) { return scanGoesOn(textQString(name).trimmed()); });
+    setProgressListener([this](std::string_view name) { return scanGoesOn(textQString(name).trimmed()); });
 }
 
 void VorlixApp::initView()

@@ -7,6 +7,7 @@
 #include "record/files.h"
 #include "record/keep.h"
 #include "record/numbers.h"
+#include "record/progress.h"
 #include "record/slot_copy.h"
 #include "record/text.h"
 #include "record/winp_data.h"
@@ -250,6 +251,7 @@ bool replaceSorted(const char* name, const std::string& content)
 
 int AllSatAos(WinpData* in)
 {
+    const LongCalculation calculation;
     const auto before = std::make_unique<RecordsBefore>(*in);
     const bool isNew = !exists(in->savename);
     // The file is started anew only once there is something to write: a refused search must not cost the old list.
@@ -265,11 +267,11 @@ int AllSatAos(WinpData* in)
     if (refused(*in))
         return -1;
     std::string list = listOf(in, elements.get(), keptDistance.before);
-    if (scanEnded()) {
+    if (calculationEnded()) {
         before->putBack(in);
         if (isNew)
             std::remove(in->savename);
-        return scanCancelled;
+        return calculationCancelled;
     }
     if (!startsAnew)
         list.insert(0, contentOfFile(in->savename).value_or(std::string()));

@@ -13,7 +13,7 @@ struct WinpData;
 /// keeps its old content until the list is whole and sorted.
 ///
 /// @return  0 done, 1 the save file cannot be written, 2 the element file cannot be opened, -1 input refused,
-///          `scanCancelled`
+///          `calculationCancelled`
 int AllSatAos(WinpData* in);
 
 /// Sorts the lines of `savename` by month, day and time; headings go to the top, in their order.

@@ -1,8 +1,8 @@
 #include "scan/entries.h"
 
+#include "record/progress.h"
 #include "record/text.h"
 #include "record/vector_registers.h"
-#include "scan/workers.h"
 
 namespace {
 constexpr int moreFollow = 2;  // of tleread
@@ -11,7 +11,6 @@ constexpr int moreFollow = 2;  // of tleread
 Entries::Entries(WinpData* in, std::FILE* file) : record(in), elements(file)
 {
     assignField(record->cfgname[workSlot], "*");
-    beginProgress();
 }
 
 bool Entries::next()

@@ -13,6 +13,7 @@
 #include "record/files.h"
 #include "record/keep.h"
 #include "record/numbers.h"
+#include "record/progress.h"
 #include "record/text.h"
 #include "record/winp_data.h"
 #include "record/wout_data.h"
@@ -306,15 +307,16 @@ int SatMatch(WinpData* in, WoutData* out)
         return 1;
     }
     putLines(out, {"", (" Possible matches on TLE-file: " + std::string(fieldText(in->tlename))).c_str(), ""});
+    const LongCalculation calculation;
     const auto before = std::make_unique<RecordsBefore>(*in);
     if (in->odm)
         takeSightings(in);
     Target target(in);
     const Tally tally = searchFile(in, out, elements.get(), target);
-    if (scanEnded()) {
+    if (calculationEnded()) {
         before->putBack(in);
         out->nlines = 0;
-        return scanCancelled;
+        return calculationCancelled;
     }
     putTally(out, *in, tally);
     if (target.spanHeld())

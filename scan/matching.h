@@ -10,7 +10,7 @@ struct WoutData;
 /// Matches join the selection while there is room for more than one of them; `az`, `el`, `tm`, `rdf` and `rlm` are as
 /// before at the end. The search text becomes "*".
 ///
-/// @return  1 if the element file cannot be opened, `scanCancelled` with an empty report, else 0
+/// @return  1 if the element file cannot be opened, `calculationCancelled` with an empty report, else 0
 int SatMatch(WinpData* in, WoutData* out);
 
 /// Whether a satellite at (a1, e1) lies near the target (ta, te) and moves on to (a2, e2) in the direction `dir`.

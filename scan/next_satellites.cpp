@@ -4,6 +4,7 @@
 #include "engine/pass_search.h"
 #include "record/clock.h"
 #include "record/files.h"
+#include "record/progress.h"
 #include "record/slot_copy.h"
 #include "record/text.h"
 #include "record/winp_data.h"
@@ -146,6 +147,7 @@ int nextSatellites(WinpData* in, double t)
     const FilePtr elements = openElementFile(in->tlename);
     if (!elements)
         return -1;
+    const LongCalculation calculation;
     const auto before = std::make_unique<RecordsBefore>(*in);
     const int selectedBefore = in->satn;
     in->rlm = 0;
@@ -156,9 +158,9 @@ int nextSatellites(WinpData* in, double t)
         tryShared(in, entries, candidates, t);
     else
         tryOneByOne(entries, candidates, t);
-    if (scanEnded()) {
+    if (calculationEnded()) {
         before->putBack(in);
-        return scanCancelled;
+        return calculationCancelled;
     }
     candidates.sortSlots();
     in->satn = candidates.count() > 0 ? candidates.count() : selectedBefore;

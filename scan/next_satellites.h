@@ -9,7 +9,7 @@ struct WinpData;
 /// The selection is replaced, earliest first, and the first satellite becomes prime; if none is found only `prs`
 /// becomes 0. `rlm` is off afterwards. The kind `iridflg` must not be Iridium.
 ///
-/// @return  number of satellites selected, 0 none found, -1 the element file cannot be opened, `scanCancelled`
+/// @return  number of satellites selected, 0 none found, -1 the element file cannot be opened, `calculationCancelled`
 int Nxt4Pass(WinpData* in);
 
 /// The same from the time `t`, MJD UTC, on.

@@ -1,5 +1,7 @@
 #include "scan/workers.h"
 
+#include "record/progress.h"
+
 #include <algorithm>
 #include <chrono>
 #include <system_error>
@@ -8,12 +10,9 @@
 namespace {
 
 constexpr int placesPerWorker = 8;
-constexpr auto progressInterval = std::chrono::milliseconds(150);
+constexpr auto longestWait = std::chrono::milliseconds(150);  // before the listener is told again
 
 int wanted = 0;  // 0: as many as there are cores
-ScanListener listener;
-std::chrono::steady_clock::time_point lastTold;
-bool ended = false;
 
 }  // namespace
 
@@ -25,32 +24,6 @@ int scanWorkers()
 void setScanWorkers(int count)
 {
     wanted = std::max(count, 0);
-}
-
-void setScanProgress(ScanListener newListener)
-{
-    listener = std::move(newListener);
-    lastTold = {};
-}
-
-void beginProgress()
-{
-    ended = false;
-}
-
-bool tellProgress(std::string_view name)
-{
-    const auto now = std::chrono::steady_clock::now();
-    if (!ended && listener && now - lastTold >= progressInterval) {
-        lastTold = now;
-        ended = !listener(name);
-    }
-    return !ended;
-}
-
-bool scanEnded()
-{
-    return ended;
 }
 
 int EntryRing::placesNeeded()
@@ -184,7 +157,7 @@ bool EntryRing::finishOldest()
         }
         if (!ready && !helpOnce()) {
             std::unique_lock lock(guard);
-            ready = somethingDone.wait_for(lock, progressInterval, done);
+            ready = somethingDone.wait_for(lock, longestWait, done);
         }
     }
     finishDone();

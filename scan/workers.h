@@ -4,7 +4,6 @@
 #include <condition_variable>
 #include <functional>
 #include <mutex>
-#include <string_view>
 #include <thread>
 #include <vector>
 
@@ -13,28 +12,6 @@ int scanWorkers();
 
 /// Sets it; 0 stands for the cores of the machine. Not while a scan runs.
 void setScanWorkers(int count);
-
-/// Is told the name of the satellite in work, or an empty one while that of the last call is still in work.
-///
-/// @return  whether the scan shall go on
-using ScanListener = std::function<bool(std::string_view name)>;
-
-/// Who is told a few times in a second, by the thread that called the scan. Nobody with an empty function.
-void setScanProgress(ScanListener listener);
-
-/// What a scan returns that its listener has ended. Records and files are then as they were before.
-constexpr int scanCancelled = -2;
-
-/// A new scan begins, which nobody has ended yet.
-void beginProgress();
-
-/// Tells the listener, unless that was done just before.
-///
-/// @return  false from the moment on when the listener ended the scan
-bool tellProgress(std::string_view name = {});
-
-/// Whether the listener has ended the scan.
-bool scanEnded();
 
 /// Numbered places through which the entries of a scan pass in a ring: the calling thread fills and finishes them in
 /// the order of the file, and between the two any thread works on them.

@@ -11,12 +11,12 @@
 #include "elements/selection.h"
 #include "engine/aos_list.h"
 #include "record/keep.h"
+#include "record/progress.h"
 #include "record/text.h"
 #include "record/wout_data.h"
 #include "scan/all_satellites.h"
 #include "scan/iridium_scan.h"
 #include "scan/matching.h"
-#include "scan/workers.h"
 #include "view/message_boxes.h"
 
 /// Asks for the largest distance of a transit or flare line. @return  false if the user cancelled
@@ -58,7 +58,7 @@ bool VorlixView::vAllSat()
         const WaitCursor wait;
         result = AllSatAos(indata);
     }
-    if (result == scanCancelled)
+    if (result == calculationCancelled)
         return false;
     if (result == 1)
         QMessageBox::information(this, tr("All Passes"), tr("*** Problems with the output file"));
@@ -119,7 +119,7 @@ void VorlixView::listMatches()
         const WaitCursor wait;
         failed = SatMatch(indata, outdata);
     }
-    if (failed == scanCancelled)
+    if (failed == calculationCancelled)
         return;
     if (failed != 0)
         QMessageBox::information(this, tr("Find Matching Sats"), tr("*** Unable to open TLE file ***"));

@@ -131,7 +131,7 @@ public:
     void vSelectSat();
     void vRemoveSat();
     /// @return  number of satellites now selected, 0 for none, -1 if the element file cannot be opened,
-    ///          `scanCancelled`
+    ///          `calculationCancelled`
     int vNextSat();
     QString getTLEname() const;
     void setTLEname(const QString& name);

@@ -5,6 +5,7 @@
 #include "scan/scan_helper.h"
 
 #include "engine/aos_list.h"
+#include "record/progress.h"
 #include "record/text.h"
 #include "scan/entry_lines.h"
 #include "scan/workers.h"
@@ -101,13 +102,13 @@ TEST_F(AllSatellites, LeaveTheOldListUntilTheNewOneIsWhole)
     WinpData in = scanRecord("visual_2018.txt", "newsave=1");
     ScratchDir::write("list.txt", "the old list");
     std::vector<std::string> names;
-    setScanProgress([&](std::string_view name) {
+    setProgressListener([&](std::string_view name) {
         names.emplace_back(name);
         EXPECT_EQ(ScratchDir::read("list.txt"), "the old list");
         return true;
     });
     EXPECT_EQ(AllSatAos(&in), 0);
-    setScanProgress({});
+    setProgressListener({});
     ASSERT_FALSE(names.empty());
     EXPECT_EQ(names[0].substr(0, 4), "ATLA");
     EXPECT_TRUE(ScratchDir::read("list.txt").starts_with("Geographic"));

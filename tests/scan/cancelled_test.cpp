@@ -4,6 +4,7 @@
 #include "scan/scan_helper.h"
 #include "scan/workers.h"
 
+#include "record/progress.h"
 #include "record/text.h"
 #include "record/wout_data.h"
 
@@ -41,9 +42,9 @@ int timesAsked(WinpData& in, const CancelCase& c)
 {
     int asked = 0;
     setScanWorkers(c.workers);
-    setScanProgress([&](std::string_view) { return ++asked < 2; });
-    EXPECT_EQ(c.scan(in), scanCancelled);
-    setScanProgress({});
+    setProgressListener([&](std::string_view) { return ++asked < 2; });
+    EXPECT_EQ(c.scan(in), calculationCancelled);
+    setProgressListener({});
     setScanWorkers(0);
     return asked;
 }
