@@ -257,7 +257,6 @@ int AllSatAos(WinpData* in)
     // The file is started anew only once there is something to write: a refused search must not cost the old list.
     if (!FilePtr(std::fopen(in->savename, "a")))
         return 1;
-    const bool startsAnew = takeSaveMode(in)[0] == 'w';
     const FilePtr elements = openElementFile(in->tlename);
     if (!elements)
         return 2;
@@ -273,9 +272,12 @@ int AllSatAos(WinpData* in)
             std::remove(in->savename);
         return calculationCancelled;
     }
-    if (!startsAnew)
+    if (in->newsave == 0)
         list.insert(0, contentOfFile(in->savename).value_or(std::string()));
-    return replaceSorted(in->savename, list) ? 0 : 1;
+    if (!replaceSorted(in->savename, list))
+        return 1;
+    in->newsave = 0;
+    return 0;
 }
 
 void SortAos(WinpData* in)
