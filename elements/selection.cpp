@@ -74,7 +74,7 @@ void vsLowRecent(int low, int rec)
 
 QString vsSatName(int i)
 {
-    return i < 1 || i > slots ? QString() : fieldQString(indata->fsname[i - 1]);
+    return i < 1 || i > slotCount ? QString() : fieldQString(indata->fsname[i - 1]);
 }
 
 void removeSatellites(WinpData* in, const std::array<bool, maxSatellites>& marked)

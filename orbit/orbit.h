@@ -91,7 +91,7 @@ struct Orbit
     Forces forces;
 };
 
-/// The satellite of a slot (0 to slots - 1), with the settings of the record that hold for all of them.
+/// The satellite of a slot (0 to slotCount - 1), with the settings of the record that hold for all of them.
 Orbit orbitOf(const WinpData& in, int slot);
 
 /// The element fields of a slot.

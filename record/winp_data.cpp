@@ -85,7 +85,7 @@ void setPropagation(WinpData* in)
 
 void setSlots(WinpData* in)
 {
-    for (int i = 0; i < slots; ++i) {
+    for (int i = 0; i < slotCount; ++i) {
         assignField(in->ldsn[i], elevenBlanks);
         assignField(in->cfgname[i], twentyBlanks);
         assignField(in->fsname[i], twentyBlanks);

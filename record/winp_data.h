@@ -2,7 +2,7 @@
 #pragma once
 
 /// Slots of the per-satellite arrays.
-constexpr int slots = 12;          // entries of each array
+constexpr int slotCount = 12;      // entries of each array
 constexpr int maxSatellites = 10;  // slots 0 to 9: the selected satellites
 constexpr int workSlot = 10;       // filled by the element reader
 constexpr int parkedSlot = 11;     // where a search parks the prime satellite
@@ -196,50 +196,50 @@ struct WinpData
     int paflg = 0;           // perigee/apogee entry in the element editor
 
     // Per satellite. Entries at and above satn mean nothing; the work and the parked slot follow the selected ones.
-    int norad[slots] = {};         // NORAD number
-    char ldsn[slots][12] = {};     // designator YYYY-NNNAAA
-    char cfgname[slots][21] = {};  // names read from the configuration; entry 10 is the search text
-    char fsname[slots][21] = {};   // satellite name, 21 characters
-    int aflg[slots] = {};          // 1 = SGP4/SDP4, 0 = simple Keplerian model
-    int numflg[slots] = {};        // 1 = numeric propagation
-    double mjdep[slots] = {};      // epoch of the elements, MJD
-    double a[slots] = {};          // semi-major axis, km
-    double ra[slots] = {};         // right ascension of the node, degrees
-    double aper[slots] = {};       // argument of perigee, degrees
-    double inc[slots] = {};        // inclination, degrees
-    double ecc[slots] = {};        // eccentricity
-    double m0[slots] = {};         // mean anomaly at epoch, degrees
-    double n0[slots] = {};         // mean motion, rev/day; for e >= 1 the perigee distance q, km
-    double adot[slots] = {};       // change of a, km/day
-    double ndot[slots] = {};       // first derivative field of the TLE, rev/day^2
-    double n6dot[slots] = {};      // second derivative field of the TLE, rev/day^3
-    double bstar[slots] = {};      // BSTAR drag term
-    double epr0[slots] = {};       // epoch state x, metres
-    double epr1[slots] = {};       // epoch state y
-    double epr2[slots] = {};       // epoch state z
-    double epv0[slots] = {};       // epoch state vx, m/s
-    double epv1[slots] = {};       // epoch state vy
-    double epv2[slots] = {};       // epoch state vz
-    double cstm[slots] = {};       // MJD of the current numeric state
-    double csr0[slots] = {};       // current state x, metres
-    double csr1[slots] = {};       // current state y
-    double csr2[slots] = {};       // current state z
-    double csv0[slots] = {};       // current state vx, m/s
-    double csv1[slots] = {};       // current state vy
-    double csv2[slots] = {};       // current state vz
-    double F107[slots] = {};       // daily F10.7 flux
-    double FB107[slots] = {};      // 90-day average F10.7 flux
-    double Kp[slots] = {};         // Kp index
-    double Cd[slots] = {};         // drag coefficient Cd
-    double Cr[slots] = {};         // radiation pressure coefficient Cr
-    double Am[slots] = {};         // area/mass ratio, m^2/kg
+    int norad[slotCount] = {};         // NORAD number
+    char ldsn[slotCount][12] = {};     // designator YYYY-NNNAAA
+    char cfgname[slotCount][21] = {};  // names read from the configuration; entry 10 is the search text
+    char fsname[slotCount][21] = {};   // satellite name, 21 characters
+    int aflg[slotCount] = {};          // 1 = SGP4/SDP4, 0 = simple Keplerian model
+    int numflg[slotCount] = {};        // 1 = numeric propagation
+    double mjdep[slotCount] = {};      // epoch of the elements, MJD
+    double a[slotCount] = {};          // semi-major axis, km
+    double ra[slotCount] = {};         // right ascension of the node, degrees
+    double aper[slotCount] = {};       // argument of perigee, degrees
+    double inc[slotCount] = {};        // inclination, degrees
+    double ecc[slotCount] = {};        // eccentricity
+    double m0[slotCount] = {};         // mean anomaly at epoch, degrees
+    double n0[slotCount] = {};         // mean motion, rev/day; for e >= 1 the perigee distance q, km
+    double adot[slotCount] = {};       // change of a, km/day
+    double ndot[slotCount] = {};       // first derivative field of the TLE, rev/day^2
+    double n6dot[slotCount] = {};      // second derivative field of the TLE, rev/day^3
+    double bstar[slotCount] = {};      // BSTAR drag term
+    double epr0[slotCount] = {};       // epoch state x, metres
+    double epr1[slotCount] = {};       // epoch state y
+    double epr2[slotCount] = {};       // epoch state z
+    double epv0[slotCount] = {};       // epoch state vx, m/s
+    double epv1[slotCount] = {};       // epoch state vy
+    double epv2[slotCount] = {};       // epoch state vz
+    double cstm[slotCount] = {};       // MJD of the current numeric state
+    double csr0[slotCount] = {};       // current state x, metres
+    double csr1[slotCount] = {};       // current state y
+    double csr2[slotCount] = {};       // current state z
+    double csv0[slotCount] = {};       // current state vx, m/s
+    double csv1[slotCount] = {};       // current state vy
+    double csv2[slotCount] = {};       // current state vz
+    double F107[slotCount] = {};       // daily F10.7 flux
+    double FB107[slotCount] = {};      // 90-day average F10.7 flux
+    double Kp[slotCount] = {};         // Kp index
+    double Cd[slotCount] = {};         // drag coefficient Cd
+    double Cr[slotCount] = {};         // radiation pressure coefficient Cr
+    double Am[slotCount] = {};         // area/mass ratio, m^2/kg
     // continuous thrust in m/s^2, shown in mm/s^2 by its dialog; otherwise the last impulse in m/s
-    double deltv[slots] = {};
-    double yaw[slots] = {};    // thrust yaw, degrees
-    double pitch[slots] = {};  // thrust pitch, degrees
-    bool ionf[slots] = {};     // continuous thrust on
-    bool suns[slots] = {};     // thrust needs sunshine
-    bool epu[slots] = {};      // update the epoch state after each integration step
+    double deltv[slotCount] = {};
+    double yaw[slotCount] = {};    // thrust yaw, degrees
+    double pitch[slotCount] = {};  // thrust pitch, degrees
+    bool ionf[slotCount] = {};     // continuous thrust on
+    bool suns[slotCount] = {};     // thrust needs sunshine
+    bool epu[slotCount] = {};      // update the epoch state after each integration step
 };
 
 /// Made before main, never freed.

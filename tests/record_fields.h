@@ -45,7 +45,7 @@ struct FieldValue
         return variable;
     }
     template <class T>
-    static T& variableOf(T (&array)[slots], int slot)
+    static T& variableOf(T (&array)[slotCount], int slot)
     {
         return array[slot];
     }

@@ -10,7 +10,7 @@
 template <class T>
 using OfRecord = T WinpData::*;
 template <class T>
-using OfSlots = T (WinpData::*)[slots];
+using OfSlots = T (WinpData::*)[slotCount];
 
 struct RecordField
 {

@@ -38,7 +38,7 @@ constexpr double WinpData::*settings[] = {
     &WinpData::IERSxp, &WinpData::IERSyp, &WinpData::Ut1Utc,
 };
 
-using SlotField = double (WinpData::*)[slots];
+using SlotField = double (WinpData::*)[slotCount];
 
 constexpr SlotField elements[] = {
     &WinpData::mjdep, &WinpData::a,  &WinpData::ra,   &WinpData::aper, &WinpData::inc,   &WinpData::ecc,

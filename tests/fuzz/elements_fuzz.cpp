@@ -241,7 +241,7 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
     const std::string name = fuzz::scratchFile("elements.txt");
     fuzz::writeFile(name, text);
     WinpData in = freshRecord();
-    for (int slot = 0; slot < slots; ++slot)
+    for (int slot = 0; slot < slotCount; ++slot)
         in.fsname[slot][0] = in.ldsn[slot][0] = '\0';
     const std::vector<Found> all = everything(&in, name);
     requireNeighboursUntouched(in);

@@ -218,7 +218,7 @@ TEST(Sgp4Glue, GivesThePlaceholderWhereThereIsNoOrbit)
 
 TEST(Sgp4Glue, TakesAnyElementsAndAnyTime)
 {
-    using Field = double(WinpData::*)[slots];
+    using Field = double(WinpData::*)[slotCount];
     const Field fields[] = {&WinpData::mjdep, &WinpData::bstar, &WinpData::ecc, &WinpData::aper,
                             &WinpData::inc,   &WinpData::m0,    &WinpData::ra,  &WinpData::n0};
     for (const int norad : {6251, 8195, 24208, 23177})

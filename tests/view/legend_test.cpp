@@ -21,7 +21,7 @@ const std::map<QString, QColor> pens{{"white", {255, 255, 255}},
 
 constexpr int prime = 1;
 
-const std::map<QString, double (SatPosData::*)[slots]> positionFields{
+const std::map<QString, double (SatPosData::*)[slotCount]> positionFields{
     {"lat", &SatPosData::lat},       {"lng", &SatPosData::lng},     {"hgt", &SatPosData::hgt},
     {"ra", &SatPosData::ra},         {"dec", &SatPosData::dec},     {"az", &SatPosData::az},
     {"el", &SatPosData::el},         {"dst", &SatPosData::dst},     {"sunel", &SatPosData::sunel},
