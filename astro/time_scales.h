@@ -2,6 +2,9 @@
 
 #pragma once
 
+/// TT minus TAI, seconds.
+constexpr double ttTaiSeconds = 32.184;
+
 /// The default TT minus UT in seconds for a calendar year: always a whole number plus 0.184. It has steps at the
 /// limits of its branches, and from 2000 on it follows the leap seconds.
 double DefTdUt(int year);

@@ -7,7 +7,6 @@
 #include "astro/time_scales.h"
 #include "orbit/attitude.h"
 #include "orbit/gravity_data.h"
-#include "record/clock.h"
 
 #include <algorithm>
 #include <array>
@@ -119,89 +118,89 @@ int fieldDegree(double R)
 
 /// What the forces of one evaluation share. Positions and velocities in the mean equator of date unless a line says
 /// otherwise.
-struct Scene
+struct Evaluation
 {
     double M = 0;  // MJD, UTC
-    int k = 0;     // slot
-    Vec3 r, v;     // satellite
-    Mat3 N, E;     // mean to true equator of date; mean equator to Earth-fixed
+    SunMoon bodies;
+    Vec3 r, v;  // satellite
+    Mat3 N, E;  // mean to true equator of date; mean equator to Earth-fixed
     bool sunlit = false;
-    Vec3 rt, w;           // true equator: place, velocity against the air
+    Vec3 rt, w;           // true equator: place, velocity relative to the air
     double q = 0, h = 0;  // drag per velocity, 1/s; geodetic height, km
     Vec3 a;
 };
 
-void rotateEarth(Scene& s, const WinpData& in)
+void rotateEarth(Evaluation& s, const EarthOrientation& earth)
 {
-    const double ut1 = in.IERSflg ? s.M + in.Ut1Utc / 86400.0 : s.M;
+    const double ut1 = earth.iers ? s.M + earth.ut1Utc / 86400.0 : s.M;
     double eqeq;
-    s.N = nutmat(julcent(s.M), eqeq, in.IERSflg);
+    s.N = nutmat(julcent(s.M), eqeq, earth.iers);
     s.E = zrot(lsidtim(ut1, 0.0, eqeq) * radPerHour) * s.N;
-    if (in.IERSxp != 0 || in.IERSyp != 0)
-        s.E = PoleMx(in.IERSxp, in.IERSyp) * s.E;
+    if (earth.xp != 0 || earth.yp != 0)
+        s.E = PoleMx(earth.xp, earth.yp) * s.E;
 }
 
-void addGravity(Scene& s, const WinpData& in)
+void addGravity(Evaluation& s, const Forces& f)
 {
     Vec3 fixed;
     HarmAcc(mxvct(s.E, s.r), fieldDegree(abs(s.r)), fixed);
     s.a = mxvct(mxtrn(s.E), fixed);
-    if (in.sunf)
-        s.a += ThirdBody(gmSunM3PerS2, s.r, spos);
-    if (in.moonf)
-        s.a += ThirdBody(gmMoonM3PerS2, s.r, mpos);
+    if (f.sun)
+        s.a += ThirdBody(gmSunM3PerS2, s.r, s.bodies.sun);
+    if (f.moon)
+        s.a += ThirdBody(gmMoonM3PerS2, s.r, s.bodies.moon);
 }
 
 /// The shadow is a cylinder of the Earth's radius, without a penumbra.
-bool inSunlight(const Vec3& r)
+bool inSunlight(const Vec3& r, const Vec3& sun)
 {
-    const Vec3 u = vnorm(spos);
+    const Vec3 u = vnorm(sun);
     const double p = dot(u, r);
     return !(p < 0 && abs(r - p * u) < earthRadiusM);
 }
 
-void addRadiationPressure(Scene& s, const WinpData& in)
+void addRadiationPressure(Evaluation& s, const Forces& f)
 {
-    s.sunlit = inSunlight(s.r);
+    s.sunlit = inSunlight(s.r, s.bodies.sun);
     if (!s.sunlit)
         return;
-    const Vec3 d = s.r - spos;
+    const Vec3 d = s.r - s.bodies.sun;
     const double D = abs(d);
-    s.a += in.Cr[s.k] * in.Am[s.k] * (auM * auM) * sunPressureNPerM2 / (D * D * D) * d;
+    s.a += f.Cr * f.Am * (auM * auM) * sunPressureNPerM2 / (D * D * D) * d;
 }
 
-void addDrag(Scene& s, const WinpData& in)
+void addDrag(Evaluation& s, const Forces& f)
 {
     s.rt = mxvct(s.N, s.r);
     s.w = mxvct(s.N, s.v) - Vec3(0, 0, airRotationRadPerS) * s.rt;
-    const double rho = Jacc71(s.M, s.rt, spos, in.F107[s.k], in.FB107[s.k], in.Kp[s.k], s.h);
-    s.q = -0.5 * in.Cd[s.k] * in.Am[s.k] * rho * abs(s.w);
+    const double rho = Jacc71(s.M, s.rt, s.bodies.sun, f.F107, f.FB107, f.Kp, s.h);
+    s.q = -0.5 * f.Cd * f.Am * rho * abs(s.w);
     s.a += mxvct(mxtrn(s.N), s.q * s.w);
 }
 
-void addLift(Scene& s, const WinpData& in)
+void addLift(Evaluation& s, const Forces& f)
 {
     if (!(s.h < 90.0))
         return;
     const Vec3 wm = mxvct(mxtrn(s.N), s.w);
     const Mat3 G = GetRVMat(s.r, wm, 0, 90, 1);
-    s.a += mxvct(mxtrn(G), Vec3(abs(s.w) * std::abs(s.q) * in.lift, 0, 0));
+    s.a += mxvct(mxtrn(G), Vec3(abs(s.w) * std::abs(s.q) * f.lift, 0, 0));
 }
 
-void addThrust(Scene& s, const WinpData& in)
+void addThrust(Evaluation& s, const Forces& f)
 {
-    if (!in.ionf[s.k] || (in.suns[s.k] && !s.sunlit))
+    if (!f.thrustOn || (f.thrustNeedsSun && !s.sunlit))
         return;
-    if (in.yaw[s.k] == 0 && in.pitch[s.k] == 0) {
-        s.a += in.deltv[s.k] * vnorm(s.v);
+    if (f.yaw == 0 && f.pitch == 0) {
+        s.a += f.thrust * vnorm(s.v);
         return;
     }
-    const Mat3 G = GetRVMat(s.r, s.v, in.yaw[s.k], in.pitch[s.k], 1);
-    s.a += mxvct(mxtrn(G), Vec3(in.deltv[s.k], 0, 0));
+    const Mat3 G = GetRVMat(s.r, s.v, f.yaw, f.pitch, 1);
+    s.a += mxvct(mxtrn(G), Vec3(f.thrust, 0, 0));
 }
 
 /// On the ground the satellite turns with the Earth.
-void standStill(const Scene& s, double* dy)
+void standStill(const Evaluation& s, double* dy)
 {
     const Vec3 turning = mxvct(mxtrn(s.N), Vec3(0, 0, airRotationRadPerS)) * s.r;
     dy[0] = turning[0];
@@ -211,8 +210,42 @@ void standStill(const Scene& s, double* dy)
 
 }  // namespace
 
-int nmrksx = 0;
-Vec3 spos(0, 0, 0), mpos(0, 0, 0);
+void derivatives(double mjd, const double* y, const Forces& forces, const SunMoon& bodies, double* dy)
+{
+    Evaluation s;
+    s.M = mjd;
+    s.bodies = bodies;
+    s.r.assign(y[0], y[1], y[2]);
+    s.v.assign(y[3], y[4], y[5]);
+    rotateEarth(s, forces.earth);
+    addGravity(s, forces);
+    addRadiationPressure(s, forces);
+    addDrag(s, forces);
+    if (s.h < 0) {
+        standStill(s, dy);
+        return;
+    }
+    addLift(s, forces);
+    addThrust(s, forces);
+    for (unsigned i = 0; i < 3; ++i) {
+        dy[i] = s.v[i];
+        dy[i + 3] = s.a[i];
+    }
+}
+
+SunMoon sunMoonAt(double mjd, const EarthOrientation& earth)
+{
+    int day, month, year;
+    double hour;
+    caldat(mjd, day, month, year, hour);
+    const double T = julcent(mjd + ttMinusUt(earth, year) / 86400.0);
+    Sun200 sun;
+    Moon200 moon;
+    return {aberrat(T, eclequ(T, sun.position(T))) * auM, eclequ(T, moon.position(T)) * earthRadiusM};
+}
+
+constinit thread_local int nmrksx = 0;
+constinit thread_local Vec3 spos(0, 0, 0), mpos(0, 0, 0);
 
 void RKFun(double t, const double* y, double* dy)
 {
@@ -221,25 +254,7 @@ void RKFun(double t, const double* y, double* dy)
 
 void RKfun(double t, const double* y, double* dy, const WinpData* in)
 {
-    Scene s;
-    s.k = nmrksx;
-    s.M = in->cstm[s.k] + t / 86400.0;
-    s.r.assign(y[0], y[1], y[2]);
-    s.v.assign(y[3], y[4], y[5]);
-    rotateEarth(s, *in);
-    addGravity(s, *in);
-    addRadiationPressure(s, *in);
-    addDrag(s, *in);
-    if (s.h < 0) {
-        standStill(s, dy);
-        return;
-    }
-    addLift(s, *in);
-    addThrust(s, *in);
-    for (unsigned i = 0; i < 3; ++i) {
-        dy[i] = s.v[i];
-        dy[i + 3] = s.a[i];
-    }
+    derivatives(in->cstm[nmrksx] + t / 86400.0, y, forcesOf(*in, nmrksx), {spos, mpos}, dy);
 }
 
 void HarmAcc(const Vec3& r, int n, Vec3& a)
@@ -274,13 +289,7 @@ Vec3 ThirdBody(double gm, const Vec3& r, const Vec3& s)
 
 void UpSunMoon(double t, const WinpData* in, int k, Vec3& sun, Vec3& moon)
 {
-    const double M = in->cstm[k] + t / 86400.0;
-    int day, month, year;
-    double hour;
-    caldat(M, day, month, year, hour);
-    const double T = julcent(M + SetTtUt(in, year) / 86400.0);
-    Sun200 sunSeries;
-    Moon200 moonSeries;
-    sun = aberrat(T, eclequ(T, sunSeries.position(T))) * auM;
-    moon = eclequ(T, moonSeries.position(T)) * earthRadiusM;
+    const SunMoon bodies = sunMoonAt(in->cstm[k] + t / 86400.0, earthOrientationOf(*in));
+    sun = bodies.sun;
+    moon = bodies.moon;
 }

@@ -26,7 +26,7 @@ constexpr double errorWeight[stages] = {-1.0 / 150.0, 0.0, 3.0 / 100.0, -16.0 / 
 
 }  // namespace
 
-RKF45 rkf(6);
+thread_local RKF45 rkf(6);
 
 RKF45::RKF45(int equations) : neq(std::max(equations, 0)), ytmp(neq), k(stages * neq), err(neq) {}
 
@@ -42,7 +42,8 @@ void RKF45::SetMaxIter(int n)
     maxit = n >= 0 ? n : -std::max(n, -std::numeric_limits<int>::max());
 }
 
-void RKF45::RKF45Step(double t, double h, const double* y, RightHandSide f, double& tnew, double& hnew, double* ynew)
+void RKF45::RKF45Step(double t, double h, const double* y, const RightHandSide& f, double& tnew, double& hnew,
+                      double* ynew)
 {
     hc = h;
     int triesLeft = maxit != 0 ? maxit : 1;
@@ -63,7 +64,7 @@ void RKF45::RKF45Step(double t, double h, const double* y, RightHandSide f, doub
     hnew = hc;
 }
 
-void RKF45::evaluateStage(int stage, double t, const double* y, RightHandSide f)
+void RKF45::evaluateStage(int stage, double t, const double* y, const RightHandSide& f)
 {
     tt = t + node[stage] * hc;
     for (int i = 0; i < neq; ++i) {

@@ -1,10 +1,11 @@
 // orbit/integrator.h: the adaptive integrator of the numeric propagator.
 #pragma once
 
+#include <functional>
 #include <vector>
 
-/// Right-hand side of a system of equations: time, state, and where the derivatives go.
-using RightHandSide = void (*)(double t, const double* y, double* dy);
+/// Right-hand side of a system of equations, a plain function or a lambda: time, state, and where the derivatives go.
+using RightHandSide = std::function<void(double t, const double* y, double* dy)>;
 
 /// One embedded Runge-Kutta-Fehlberg step of order 4 and 5 with a local error test and step-size control.
 ///
@@ -30,7 +31,8 @@ public:
     ///
     /// With the iteration limit reached a step that misses the tolerance is taken all the same, and nothing tells so.
     /// The same holds for a step that has shrunk below the resolution of t, so that every call ends.
-    void RKF45Step(double t, double h, const double* y, RightHandSide f, double& tnew, double& hnew, double* ynew);
+    void RKF45Step(double t, double h, const double* y, const RightHandSide& f, double& tnew, double& hnew,
+                   double* ynew);
 
 protected:
     int neq;
@@ -44,10 +46,10 @@ protected:
     double hc = 0;  // step size under test
 
 private:
-    void evaluateStage(int stage, double t, const double* y, RightHandSide f);
+    void evaluateStage(int stage, double t, const double* y, const RightHandSide& f);
     void combine(const double* y);
     double scalarError() const;
 };
 
-/// The integrator of the numeric propagator: position and velocity of one satellite.
-extern RKF45 rkf;
+/// For position and velocity of one satellite; it has the settings of this thread's last `NumProp`.
+extern thread_local RKF45 rkf;

@@ -1,5 +1,7 @@
 #include "orbit/orbit.h"
 
+#include "astro/time_scales.h"
+
 #include <algorithm>
 #include <iterator>
 
@@ -86,6 +88,11 @@ Forces forcesOf(const WinpData& in, int slot)
 EarthOrientation earthOrientationOf(const WinpData& in)
 {
     return {in.IERSflg, in.Ut1Utc, in.UtcTai, in.IERSxp, in.IERSyp};
+}
+
+double ttMinusUt(const EarthOrientation& earth, int year)
+{
+    return earth.iers ? ttTaiSeconds - earth.utcTai : DefTdUt(year);
 }
 
 void putCurrentState(const StateVector& state, WinpData& in, int slot)

@@ -109,6 +109,9 @@ Forces forcesOf(const WinpData& in, int slot);
 /// The IERS values of the record, whether in force or not.
 EarthOrientation earthOrientationOf(const WinpData& in);
 
+/// TT minus UT in seconds: by the IERS values if they are in force, else the default of the calendar year.
+double ttMinusUt(const EarthOrientation& earth, int year);
+
 /// Makes a state the current one of a slot: `cstm`, `csr0` to `csv2`. Nothing else changes.
 void putCurrentState(const StateVector& state, WinpData& in, int slot);
 

@@ -10,7 +10,6 @@
 namespace {
 constexpr double mjdOf1970 = 40587.0;
 constexpr double secondsPerDay = 86400.0;
-constexpr double ttTaiSeconds = 32.184;
 
 std::time_t timeOfSystem()
 {

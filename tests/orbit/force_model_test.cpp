@@ -77,7 +77,7 @@ TEST(ThirdBody, GuardsACloseApproach)
 }
 
 /// Accelerations of one evaluation, Sun and Moon where the series put them.
-class Forces : public testing::Test
+class ForceModel : public testing::Test
 {
 protected:
     void SetUp() override
@@ -118,7 +118,7 @@ protected:
     const Vec3 lowSpeed = Vec3(-7500, 0, 0);
 };
 
-TEST_F(Forces, DegreeOfTheFieldGoesByDistanceAndPolarMotionTurnsIt)
+TEST_F(ForceModel, DegreeOfTheFieldGoesByDistanceAndPolarMotionTurnsIt)
 {
     const auto expectField = [](const Vec3& r, int degree, const Mat3& E) {
         Vec3 fixed;
@@ -136,7 +136,7 @@ TEST_F(Forces, DegreeOfTheFieldGoesByDistanceAndPolarMotionTurnsIt)
 }
 
 // A direct evaluation, and for the size the tides of a textbook: 2 GM r / d^3 along the line.
-TEST_F(Forces, SunAndMoonPullAsTheyShould)
+TEST_F(ForceModel, SunAndMoonPullAsTheyShould)
 {
     const Vec3 geo(42164e3, 0, 0);
     const struct
@@ -156,7 +156,7 @@ TEST_F(Forces, SunAndMoonPullAsTheyShould)
     }
 }
 
-TEST_F(Forces, RadiationPressurePushesInSunlightOnly)
+TEST_F(ForceModel, RadiationPressurePushesInSunlightOnly)
 {
     in->Cr[0] = 1.5;
     in->Cd[0] = 0;
@@ -182,7 +182,7 @@ TEST_F(Forces, RadiationPressurePushesInSunlightOnly)
     }
 }
 
-TEST_F(Forces, DragActsAgainstTheTurningAirAndLiftStandsUpOnItLowDown)
+TEST_F(ForceModel, DragActsAgainstTheTurningAirAndLiftStandsUpOnItLowDown)
 {
     in->Am[0] = 0.01;
     in->Cr[0] = 0;
@@ -204,7 +204,7 @@ TEST_F(Forces, DragActsAgainstTheTurningAirAndLiftStandsUpOnItLowDown)
     }
 }
 
-TEST_F(Forces, ThrustFollowsItsAnglesAndTheSunshine)
+TEST_F(ForceModel, ThrustFollowsItsAnglesAndTheSunshine)
 {
     const Vec3 u = vnorm(spos);
     const Vec3 bright = 4.2e7 * u, dark = -4.2e7 * u;
@@ -228,7 +228,7 @@ TEST_F(Forces, ThrustFollowsItsAnglesAndTheSunshine)
     expectNear(thrust(bright), 1e-3 * vnorm(v * (bright * v)), 1e-15);
 }
 
-TEST_F(Forces, LandedSatelliteTurnsWithTheEarth)
+TEST_F(ForceModel, LandedSatelliteTurnsWithTheEarth)
 {
     const double y[6] = {4e6, 3e6, 2e6, 100, 200, 300};
     double dy[6];

@@ -8,6 +8,7 @@
 
 #include <cmath>
 #include <limits>
+#include <thread>
 
 namespace {
 
@@ -156,6 +157,26 @@ TEST_F(NumericFlight, NearTheMoonItsDistanceIsTold)
     setState(in, epoch, low);
     flyTo(in, epoch + 60 * second);
     EXPECT_EQ(in->moondst, 0);
+}
+
+// Two satellites alike but for their area, in records of their own.
+TEST_F(NumericFlight, EachRecordFliesWithItsOwnForcesOnItsOwnThread)
+{
+    WinpData own[2];
+    State alone[2], together[2];
+    for (int i = 0; i < 2; ++i) {
+        in->Am[0] = i == 0 ? 0.2 : 0.002;
+        setState(in, epoch, stateOf(6678e3, 0.001, 51.6, 30, 40, 0));
+        own[i] = *in;
+        alone[i] = flyTo(in, epoch + 0.25);
+    }
+    in->Am[0] = 1;  // what the global record says does not matter
+    std::thread other([&] { together[0] = flyTo(&own[0], epoch + 0.25); });
+    together[1] = flyTo(&own[1], epoch + 0.25);
+    other.join();
+    for (int i = 0; i < 2; ++i)
+        EXPECT_EQ(abs(together[i].r - alone[i].r) + abs(together[i].v - alone[i].v), 0) << i;
+    EXPECT_GT(abs(alone[0].r - alone[1].r), 10e3);
 }
 
 TEST_F(NumericFlight, LongJumpsRenewSunAndMoon)
