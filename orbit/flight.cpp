@@ -5,6 +5,7 @@
 #include "astro/two_body.h"
 #include "orbit/integrator.h"
 #include "orbit/mean_motion.h"
+#include "record/progress.h"
 
 #include <algorithm>
 #include <cmath>
@@ -60,6 +61,7 @@ public:
     StateVector state() const { return {start + s / 86400.0, place(), {y[3], y[4], y[5]}}; }
 
     SunMoon bodies;
+    bool ended = false;  // by the listener, on the way
 
 private:
     Vec3 place() const { return {y[0], y[1], y[2]}; }
@@ -128,6 +130,9 @@ void Flight::approach(bool refresh)
         step(h, proposal);
         if (!isFinite(state()))
             return;
+        ended = !tellProgress();
+        if (ended)
+            return;
         h = std::clamp(proposal, -std::abs(hmax), std::abs(hmax));
         keepFromVanishing();
     }
@@ -152,7 +157,8 @@ void Flight::goTo(double seconds, bool refresh)
     hmax = std::copysign(std::min(std::abs(dt), longestStepS), dt);
     h = hmax;
     approach(refresh);
-    correct();
+    if (!ended)
+        correct();
 }
 
 }  // namespace
@@ -176,7 +182,7 @@ Arrival fly(const Orbit& orbit, double t, const Vec3& sun, const Vec3& moon)
     flight.goTo(dt, std::abs(dt) > refreshS || nearMoon);
     end.bodies = flight.bodies;
     end.state = flight.state();
-    end.found = isFinite(end.state);
+    end.found = !flight.ended && isFinite(end.state);
     end.moonDistance = nearMoon ? flight.moonDistance() : 0.0;
     return end;
 }

@@ -22,7 +22,8 @@ struct Arrival
 /// @param sun, moon  Earth radii, true equator of date, at t
 ///
 /// Starts from the current state, or from the epoch state where that is nearer and the jump above 20 minutes, and goes
-/// forward or backward. No state comes out of numbers that are not finite, or of a jump of more than 100 years.
+/// forward or backward. No state comes out of numbers that are not finite, of a jump of more than 100 years, or
+/// after the listener of a `LongCalculation` has ended it.
 Arrival fly(const Orbit& orbit, double t, const Vec3& sun, const Vec3& moon);
 
 /// The elements of an orbit after the epoch has moved to a state: the osculating ones, with the perigee distance as

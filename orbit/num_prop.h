@@ -15,6 +15,7 @@ extern constinit thread_local double smy[6];
 ///
 /// Integrates from the current state, or from the epoch state where that is nearer and the jump above 20 minutes.
 /// Changes `cstm` and the current state, `moondst`, and with `epu` also the epoch, its state and the elements. Where
-/// no state comes out (numbers that are not finite, or a jump of more than 100 years) r = (100, 0, 0), v = (0, 10, 0)
-/// and the record stays as it was. Threads may run it at the same time, each on a record of its own.
+/// no state comes out (numbers that are not finite, a jump of more than 100 years, an end by the listener)
+/// r = (100, 0, 0), v = (0, 10, 0), and the record stays as it was. Threads may run it at the same time, each on a
+/// record of its own.
 void NumProp(double t, WinpData* in, int k, const Vec3& sun, const Vec3& moon, Vec3& r, Vec3& v);

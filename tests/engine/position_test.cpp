@@ -257,4 +257,19 @@ TEST(NumericSatellite, StaysNearItsAnalyticOrbitForAnHour)
     EXPECT_NEAR(in.cstm[0], t, 1e-8);
 }
 
+TEST(NumericSatellite, FliesWithTheForcesOfItsOwnRecord)
+{
+    WinpData light = recordWith({25544});
+    EpochState(&light, 0, true);
+    light.numflg[0] = 1;
+    const double t = light.mjdep[0] + 1.0 / 24;
+    WinpData heavy = light;
+    heavy.Am[0] = 0.2;
+    *indata = heavy;
+    const Vec3 expected = positionAt(t, *indata).rsat;
+    *indata = light;
+    EXPECT_EQ(abs(positionAt(t, heavy).rsat - expected), 0);
+    EXPECT_GT(abs(positionAt(t, light).rsat - expected), 0.1);
+}
+
 }  // namespace

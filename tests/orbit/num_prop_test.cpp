@@ -3,6 +3,7 @@
 #include "flight_helper.h"
 #include "orbit/force_model.h"
 #include "orbit/mean_motion.h"
+#include "record/progress.h"
 
 #include <gtest/gtest.h>
 
@@ -142,6 +143,20 @@ TEST_F(NumericFlight, WithoutAWayThePlaceholderComesAndTheRecordStays)
     in->mjdep[0] = epoch;
     in->cstm[0] = std::numeric_limits<double>::quiet_NaN();  // is left for the epoch
     EXPECT_NEAR(abs(flyTo(in, epoch + 0.1).r), 7078e3, 30e3);
+}
+
+TEST_F(NumericFlight, EndsWhenTheListenerSaysSoAndLeavesTheRecord)
+{
+    int told = 0;
+    setProgressListener([&](std::string_view) { return ++told < 2; });
+    {
+        const LongCalculation scope;
+        EXPECT_NEAR(flyTo(in, epoch + 30000).r[0], 100e3, 1e-6);  // some minutes of computing
+    }
+    setProgressListener({});
+    EXPECT_EQ(told, 2);
+    EXPECT_EQ(in->cstm[0], epoch);
+    EXPECT_EQ(abs(currentState(*in).r - low.r), 0);
 }
 
 TEST_F(NumericFlight, NearTheMoonItsDistanceIsTold)
