@@ -185,6 +185,11 @@ void VorlixApp::initView()
     scrollArea->setFocusPolicy(Qt::NoFocus);
     scrollArea->setWidget(view);
     setCentralWidget(scrollArea);
+    auto* nextClick = new QLabel;
+    nextClick->setObjectName("nextClickLabel");
+    nextClick->setTextFormat(Qt::PlainText);
+    statusBar()->addPermanentWidget(nextClick);
+    connect(view, &VorlixView::nextClickMeans, nextClick, &QLabel::setText);
 }
 
 void VorlixApp::showStatus(const QString& message)

@@ -16,7 +16,7 @@ namespace {
 constexpr double gmKm3PerDay2 = 2.9755364003e15;
 constexpr double speedOfLightMPerS = 299792458.0;
 constexpr double millimetresPerMetre = 1000.0;
-constexpr double strongestThrustMPerS2 = 1000.0;  // what is beyond is no thrust but a slip of the keyboard
+constexpr double strongestThrustMPerS2 = 1000.0;  // more than that is a slip of the keyboard
 
 /// The prime satellite at the time of the maneuver.
 struct Flight
@@ -79,8 +79,11 @@ void putEllipse(WinpData* in, int slot, const Flight& flight)
     in->a[slot] = getsax(1, in->n0[slot], in->ecc[slot], in->inc[slot]);
 }
 
-double thrustOf(double millimetresPerS2)
+/// The thrust in m/s^2 that was entered; the one before where the user has left it as shown.
+double thrustOf(double millimetresPerS2, double before)
 {
+    if (millimetresPerS2 == before * millimetresPerMetre)
+        return before;
     const double thrust = millimetresPerS2 / millimetresPerMetre;
     return std::abs(thrust) > strongestThrustMPerS2 ? 0.0 : thrust;
 }
@@ -121,6 +124,7 @@ int perform(const Maneuver& maneuver, WinpData* in)
     const int slot = in->prs;
     const bool numeric = in->numflg[slot] != 0;
     const bool thrustBefore = in->ionf[slot] && numeric;
+    const double before = in->deltv[slot];
     in->deltv[slot] = maneuver.deltv;
     in->yaw[slot] = maneuver.yaw;
     in->pitch[slot] = maneuver.pitch;
@@ -128,7 +132,7 @@ int perform(const Maneuver& maneuver, WinpData* in)
     in->suns[slot] = maneuver.suns;
     in->epu[slot] = maneuver.epu && in->ionf[slot];
     if (in->ionf[slot]) {
-        in->deltv[slot] = thrustOf(maneuver.deltv);
+        in->deltv[slot] = thrustOf(maneuver.deltv, thrustBefore ? before : 0.0);
         return 0;
     }
     if (thrustBefore)

@@ -25,91 +25,92 @@ double notZero(double n0)
     return n0 == 0.0 ? substituteMeanMotion : n0;
 }
 
-bool axisDecides(const Orbit& typed, Edits edits)
+bool axisDecides(const Shape& typed, Edits edits)
 {
     return edits.n0c == 2 || typed.n0 < leastTypedMeanMotion;
 }
 
-void fromHeights(Orbit& orbit, const Orbit& typed, double inc)
+void fromHeights(Shape& shape, const Shape& typed, double inc)
 {
-    orbit.perigee = typed.perigee;
-    orbit.apogee = typed.apogee;
-    orbit.a = std::max(finite((orbit.perigee + orbit.apogee) / 2.0 + earthRadiusKm), 1.0);
-    orbit.ecc = std::abs((orbit.apogee - orbit.perigee) / (2.0 * orbit.a));
-    if (!(orbit.ecc < 1.0))
-        orbit.ecc = largestEccentricity;
-    orbit.n0 = getn0(orbit.a, orbit.ecc, inc);
+    shape.perigee = typed.perigee;
+    shape.apogee = typed.apogee;
+    shape.a = std::max(finite((shape.perigee + shape.apogee) / 2.0 + earthRadiusKm), 1.0);
+    shape.ecc = std::abs((shape.apogee - shape.perigee) / (2.0 * shape.a));
+    if (!(shape.ecc < 1.0))
+        shape.ecc = largestEccentricity;
+    shape.n0 = getn0(shape.a, shape.ecc, inc);
 }
 
-void refreshEllipse(Orbit& orbit, const Orbit& typed, Edits edits, const Setting& setting)
+void refreshEllipse(Shape& shape, const Shape& typed, Edits edits, const Setting& setting)
 {
     if (edits.n0c != 0) {
         if (axisDecides(typed, edits)) {
-            orbit.a = typed.a;
-            orbit.n0 = finite(getn0(orbit.a, orbit.ecc, setting.inc));
+            shape.a = typed.a;
+            shape.n0 = finite(getn0(shape.a, shape.ecc, setting.inc));
         } else {
-            orbit.n0 = typed.n0;
-            orbit.a = getsax(setting.sgp4 ? 1 : 0, orbit.n0, orbit.ecc, setting.inc);
+            shape.n0 = typed.n0;
+            shape.a = getsax(setting.sgp4 ? 1 : 0, shape.n0, shape.ecc, setting.inc);
         }
-        orbit.n0 = notZero(orbit.n0);
+        shape.n0 = notZero(shape.n0);
     }
-    setHeights(orbit);
+    setHeights(shape);
 }
 
-void refreshHyperbola(Orbit& orbit, const Orbit& typed, Edits edits)
+void refreshHyperbola(Shape& shape, const Shape& typed, Edits edits)
 {
     if (edits.n0c != 0) {
-        const double x = 1.0 - orbit.ecc;
+        const double x = 1.0 - shape.ecc;
         if (axisDecides(typed, edits)) {
-            orbit.a = typed.a;
-            orbit.n0 = finite(std::abs(x * orbit.a));
+            shape.a = typed.a;
+            shape.n0 = finite(std::abs(x * shape.a));
         } else {
-            orbit.n0 = typed.n0;
-            orbit.a = x < 0.0 ? finite(orbit.n0 / x) : 0.0;
+            shape.n0 = typed.n0;
+            shape.a = x < 0.0 ? finite(shape.n0 / x) : 0.0;
         }
-        orbit.n0 = notZero(orbit.n0);
+        shape.n0 = notZero(shape.n0);
     }
-    orbit.perigee = 0.0;
-    orbit.apogee = 0.0;
+    shape.perigee = 0.0;
+    shape.apogee = 0.0;
 }
 
-void refreshRates(Orbit& orbit, const Orbit& typed, Edits edits)
+void refreshRates(Shape& shape, const Shape& typed, Edits edits)
 {
     // the sums with 0 keep a zero without a sign
     if (edits.ndc == 2) {
-        orbit.adot = typed.adot;
-        orbit.ndot = orbit.a == 0.0 ? 0.0 : finite(-0.75 * orbit.n0 * orbit.adot / orbit.a) + 0.0;
+        shape.adot = typed.adot;
+        shape.ndot = shape.a == 0.0 ? 0.0 : finite(-0.75 * shape.n0 * shape.adot / shape.a) + 0.0;
     } else if (edits.ndc == 1 || edits.n0c != 0 || edits.apc != 0) {
-        orbit.ndot = typed.ndot;
-        orbit.adot = orbit.n0 == 0.0 ? 0.0 : finite(-4.0 / 3.0 * orbit.a * orbit.ndot / orbit.n0) + 0.0;
+        shape.ndot = typed.ndot;
+        shape.adot = shape.n0 == 0.0 ? 0.0 : finite(-4.0 / 3.0 * shape.a * shape.ndot / shape.n0) + 0.0;
     }
 }
 
 }  // namespace
 
-Orbit refreshed(const Orbit& before, const Orbit& typed, Edits edits, const Setting& setting)
+Shape refreshed(const Shape& before, const Shape& typed, Edits edits, const Setting& setting)
 {
-    Orbit orbit = before;
-    orbit.ecc = typed.ecc;
+    Shape shape = before;
+    shape.ecc = typed.ecc;
     if (setting.byHeights) {
         if (edits.apc != 0)
-            fromHeights(orbit, typed, setting.inc);
-    } else if (orbit.ecc >= 1.0) {
-        refreshHyperbola(orbit, typed, edits);
-        return orbit;
+            fromHeights(shape, typed, setting.inc);
+    } else if (shape.ecc >= 1.0) {
+        refreshHyperbola(shape, typed, edits);
+        return shape;
     } else {
-        if (edits.n0c == 0 && typed.a < 0.0)
-            edits.n0c = 1;  // no ellipse has such an axis: the mean motion decides, and the rates follow
-        refreshEllipse(orbit, typed, edits, setting);
+        // no ellipse has such an axis or such a mean motion: the other one decides, and the rates follow
+        if (edits.n0c == 0 && (typed.a < 0.0 || before.n0 < leastTypedMeanMotion))
+            edits.n0c = 1;
+        refreshEllipse(shape, typed, edits, setting);
     }
-    refreshRates(orbit, typed, edits);
-    return orbit;
+    refreshRates(shape, typed, edits);
+    return shape;
 }
 
-void setHeights(Orbit& orbit)
+void setHeights(Shape& shape)
 {
-    orbit.perigee = finite((1.0 - orbit.ecc) * orbit.a - earthRadiusKm);
-    orbit.apogee = finite((1.0 + orbit.ecc) * orbit.a - earthRadiusKm);
+    shape.perigee = finite((1.0 - shape.ecc) * shape.a - earthRadiusKm);
+    shape.apogee = finite((1.0 + shape.ecc) * shape.a - earthRadiusKm);
 }
 
 double storedMeanMotion(double n0, double ecc)
@@ -151,6 +152,16 @@ Moment moment(double mjd)
         ++m.hour;
     }
     return m;
+}
+
+bool isDate(int year, int month, int day)
+{
+    int d = 0;
+    int m = 0;
+    int y = 0;
+    double hour = 0;
+    caldat(mjd(day, month, year, 0.0), d, m, y, hour);
+    return d == day && m == month && y == year;
 }
 
 double mjdOf(const Moment& local, double tzone)

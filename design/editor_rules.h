@@ -11,8 +11,8 @@ struct Edits
     int apc = 0;  // 1 perigee height, 2 apogee height, 3 inclination or eccentricity
 };
 
-/// The orbit in all forms. `n0` of a hyperbola is its perigee distance in km.
-struct Orbit
+/// Size and shape of an orbit in all forms, and how they change. `n0` of a hyperbola is its perigee distance in km.
+struct Shape
 {
     double n0 = 0;  // rev/day
     double a = 0;   // km
@@ -33,15 +33,15 @@ struct Setting
 
 /// Brings the forms in line with what was edited last.
 ///
-/// @param before  the orbit as it was; `ecc` is not read
+/// @param before  the shape as it was; `ecc` is not read
 /// @param typed   the numbers in the fields
 /// @return        finite numbers only: a form that would overflow becomes 0
-Orbit refreshed(const Orbit& before, const Orbit& typed, Edits edits, const Setting& setting);
+Shape refreshed(const Shape& before, const Shape& typed, Edits edits, const Setting& setting);
 
-/// Heights of perigee and apogee of an ellipse from axis and eccentricity.
-void setHeights(Orbit& orbit);
+/// The heights of an ellipse from its axis and eccentricity, above a radius of 6378.14 km.
+void setHeights(Shape& shape);
 
-/// The mean motion that the record takes: 0.001 at least and, for an ellipse, 100 at most.
+/// The mean motion that the record takes: at least 0.001 and, for an ellipse, at most 100.
 double storedMeanMotion(double n0, double ecc);
 
 /// A year and the day in it with its fraction; 1.0 is the start of January 1.
@@ -49,8 +49,11 @@ struct YearDay
 {
     int year = 0;
     double day = 0;
+
+    bool operator==(const YearDay&) const = default;
 };
 
+/// From a Modified Julian Date and back, without the loss of a bit.
 YearDay yearDay(double mjd);
 double mjdOf(const YearDay& epoch);
 
@@ -58,11 +61,18 @@ double mjdOf(const YearDay& epoch);
 struct Moment
 {
     int year = 0, month = 0, day = 0, hour = 0, minute = 0, second = 0;
+
+    bool operator==(const Moment&) const = default;
 };
 
 /// The moment in UT; the second is cut off after adding a thousandth.
 Moment moment(double mjd);
 
+/// Whether the calendar has this day; it lacks those that the reform of 1582 left out.
+bool isDate(int year, int month, int day);
+
+/// The MJD of a moment in civil time.
+///
 /// @param tzone  hours, east positive
 double mjdOf(const Moment& local, double tzone);
 

@@ -17,6 +17,13 @@ void blankElements(WinpData* in, int slot)
         field[slot] = 0;
 }
 
+void blankStates(WinpData* in, int slot)
+{
+    for (auto* field : {in->epr0, in->epr1, in->epr2, in->epv0, in->epv1, in->epv2})
+        field[slot] = 0;
+    returnToEpoch(in, slot);
+}
+
 }  // namespace
 
 void blankSatellite(WinpData* in, int slot)
@@ -28,6 +35,7 @@ void blankSatellite(WinpData* in, int slot)
     in->numflg[slot] = 0;
     in->mjdep[slot] = RT_MJD(in);
     blankElements(in, slot);
+    blankStates(in, slot);
     resetForces(in, slot);
 }
 
@@ -42,4 +50,30 @@ void dropAddedSatellite(WinpData* in)
 {
     in->satn = in->prs;
     in->prs = std::max(in->prs - 1, 0);
+}
+
+bool hasState(const WinpData& in, int slot)
+{
+    return in.epr0[slot] != 0.0 || in.epr1[slot] != 0.0 || in.epr2[slot] != 0.0;
+}
+
+void followElements(WinpData* in, int slot)
+{
+    const int numeric = in->numflg[slot];
+    if (numeric != 0 && hasState(*in, slot))
+        return;
+    in->numflg[slot] = 0;
+    EpochState(in, slot, false);
+    in->numflg[slot] = numeric;
+}
+
+void returnToEpoch(WinpData* in, int slot)
+{
+    in->csr0[slot] = in->epr0[slot];
+    in->csr1[slot] = in->epr1[slot];
+    in->csr2[slot] = in->epr2[slot];
+    in->csv0[slot] = in->epv0[slot];
+    in->csv1[slot] = in->epv1[slot];
+    in->csv2[slot] = in->epv2[slot];
+    in->cstm[slot] = in->mjdep[slot];
 }

@@ -3,11 +3,21 @@
 
 #include "record/winp_data.h"
 
-/// Empties a slot: epoch now, force parameters at their defaults, everything else 0 or blank.
+/// Empties a slot: epoch now, force parameters at their defaults, everything else 0 or blank, the states too.
 void blankSatellite(WinpData* in, int slot);
 
-/// Makes an empty slot behind the selected satellites the prime one. With ten of these the last one is emptied.
+/// Makes an empty slot after the selected satellites the prime one. With ten of these the last one is emptied.
 void addBlankSatellite(WinpData* in);
 
 /// Takes the satellite added last away again; the one before becomes the prime one.
 void dropAddedSatellite(WinpData* in);
+
+/// Whether a slot has an epoch state, which an emptied one lacks until its elements or a state vector are stored.
+bool hasState(const WinpData& in, int slot);
+
+/// Brings the states of a slot in line with its elements after these were edited. A numeric satellite keeps the state
+/// it has; one without gets that of its elements and stays numeric.
+void followElements(WinpData* in, int slot);
+
+/// The epoch state becomes the current one, from which a numeric satellite is integrated.
+void returnToEpoch(WinpData* in, int slot);

@@ -1,6 +1,6 @@
 #include "dialogs/epoch_edit.h"
 
-#include <QLineEdit>
+#include <QCoreApplication>
 
 #include "astro/calendar.h"
 #include "design/editor_rules.h"
@@ -19,19 +19,32 @@ void showEpoch(const EpochFields& fields, double mjd, const char* format)
     form::setPrinted(fields.day, format, epoch.day);
 }
 
+void doubtEpoch(const EpochFields& fields)
+{
+    constexpr double mostDays = 367.0;  // the end of the last day of a leap year
+    fields.year->setDoubt(doubtfulYear);
+    fields.day->setDoubt([](double day) {
+        return day < 1.0 || day >= mostDays ? QCoreApplication::translate("EpochFields", "there is no such day")
+                                            : QString();
+    });
+}
+
+QString doubtfulYear(double year)
+{
+    return year < 1000.0 || year > 3000.0 ? QCoreApplication::translate("EpochFields", "a year far away") : QString();
+}
+
 void editEpoch(QWidget* parent, const EpochFields& fields)
 {
-    constexpr double lockedDurationDays = -3.1;  // negative: duration and offset cannot be typed
-    editor::Moment m = editor::moment(epochOf(fields));
-    double tzone = 0;
-    double unusedDuration = 0;
-    double unusedOffset = 0;
-    int unusedFlag = 0;
+    const editor::Moment m = editor::moment(epochOf(fields));
+    constexpr double unusedDurationDays = 3.1;  // locked, as an epoch has none
+    const StDateDialog::Values before{
+        m.year, m.month, m.day, m.hour, m.minute, m.second, 0.0, false, unusedDurationDays, 0.0};
     StDateDialog dialog(parent);
-    dialog.setParams(m.year, m.month, m.day, m.hour, m.minute, m.second, tzone, 0, lockedDurationDays, 0.0);
+    dialog.setValues(before, true);
     if (dialog.exec() != QDialog::Accepted)
         return;
-    dialog.getParams(m.year, m.month, m.day, m.hour, m.minute, m.second, tzone, unusedFlag, unusedDuration,
-                     unusedOffset);
-    showEpoch(fields, editor::mjdOf(m, tzone), dayFormat);
+    const StDateDialog::Values v = dialog.values();
+    if (v != before)
+        showEpoch(fields, editor::mjdOf({v.year, v.month, v.day, v.hour, v.minute, v.second}, v.tzone), dayFormat);
 }

@@ -9,7 +9,7 @@
 #include <QGroupBox>
 #include <QKeySequence>
 #include <QLabel>
-#include <QLineEdit>
+#include <QMessageBox>
 #include <QPushButton>
 #include <QRadioButton>
 #include <QTextCursor>
@@ -43,15 +43,29 @@ QString labelName(const char* field)
     return name + "Label";
 }
 
-template <class Field>
-Field* addRow(QFormLayout* rows, const char* name, const QString& label, const Help& help)
+QLabel* plainLabel(const QString& line)
 {
-    auto* field = new Field;
+    auto* label = new QLabel;
+    label->setTextFormat(Qt::PlainText);
+    label->setText(line);
+    return label;
+}
+
+void addRow(QFormLayout* rows, QWidget* field, const char* name, const QString& label, const Help& help)
+{
     describe(field, QString::fromLatin1(name), help);
-    auto* caption = new QLabel(label);
+    QLabel* caption = plainLabel(label);
     describe(caption, labelName(name), help);
     rows->addRow(caption, field);
     caption->setBuddy(field);
+}
+
+Field* addField(QFormLayout* rows, Field::Kind kind, const char* name, const QString& label, const Help& help)
+{
+    auto* field = new Field(kind);
+    addRow(rows, field, name, label, help);
+    // room for the longest number that is shown without an exponent, so that no layout squeezes the field
+    field->setMinimumWidth(field->fontMetrics().horizontalAdvance("-000.000000000000"));
     return field;
 }
 
@@ -77,24 +91,33 @@ Button* add(QLayout* to, const char* name, const QString& caption, const char* s
 
 }  // namespace
 
-QLineEdit* addEdit(QFormLayout* rows, const char* name, const QString& label, const Help& help)
+Field* addEdit(QFormLayout* rows, const char* name, const QString& label, const Help& help)
 {
-    auto* edit = addRow<QLineEdit>(rows, name, label, help);
-    // room for the longest number that is shown without an exponent, so that no layout squeezes the field
-    edit->setMinimumWidth(edit->fontMetrics().horizontalAdvance("-000.000000000000"));
-    return edit;
+    return addField(rows, Field::Kind::number, name, label, help);
+}
+
+Field* addWholeEdit(QFormLayout* rows, const char* name, const QString& label, const Help& help)
+{
+    return addField(rows, Field::Kind::wholeNumber, name, label, help);
+}
+
+Field* addTextEdit(QFormLayout* rows, const char* name, const QString& label, const Help& help)
+{
+    return addField(rows, Field::Kind::text, name, label, help);
 }
 
 QComboBox* addChoice(QFormLayout* rows, const char* name, const QString& label, const Help& help)
 {
-    return addRow<QComboBox>(rows, name, label, help);
+    auto* choice = new QComboBox;
+    addRow(rows, choice, name, label, help);
+    return choice;
 }
 
-QLabel* labelOf(const QLineEdit* edit)
+QLabel* labelOf(const Field* field)
 {
-    const auto labels = edit->parentWidget()->findChildren<QLabel*>(QString(), Qt::FindDirectChildrenOnly);
+    const auto labels = field->parentWidget()->findChildren<QLabel*>(QString(), Qt::FindDirectChildrenOnly);
     for (QLabel* label : labels)
-        if (label->buddy() == edit)
+        if (label->buddy() == field)
             return label;
     return nullptr;
 }
@@ -135,16 +158,17 @@ QGroupBox* addGroup(QLayout* to, const char* name, const QString& title, QLayout
 
 QLabel* addText(QLayout* to, const char* name, const QString& line)
 {
-    auto* label = new QLabel(line);
+    QLabel* label = plainLabel(line);
     label->setObjectName(QString::fromLatin1(name));
     append(to, label);
     return label;
 }
 
-QTextEdit* addTextView(QLayout* to, const char* name, const Help& help)
+QTextEdit* addTextView(QLayout* to, const char* name, const QString& title, const Help& help)
 {
     auto* view = new QTextEdit;
     describe(view, QString::fromLatin1(name), help);
+    view->setAccessibleName(title);
     view->setReadOnly(true);
     append(to, view);
     return view;
@@ -208,50 +232,57 @@ void setShown(QWidget* widget, bool shown)
 {
     widget->setVisible(shown);
     widget->setEnabled(shown);
-    if (const auto* edit = qobject_cast<QLineEdit*>(widget))
-        if (QLabel* label = labelOf(edit))
+    if (const auto* field = qobject_cast<Field*>(widget))
+        if (QLabel* label = labelOf(field))
             setShown(label, shown);
 }
 
-void setEditEnabled(QLineEdit* edit, bool enabled)
+void setEditEnabled(Field* field, bool enabled)
 {
-    edit->setEnabled(enabled);
-    if (QLabel* label = labelOf(edit))
+    field->setEnabled(enabled);
+    if (QLabel* label = labelOf(field))
         label->setEnabled(enabled);
 }
 
-void setName(QLineEdit* edit, const QString& name)
+void setName(Field* field, const QString& name)
 {
     QString letters = name;
     while (letters.endsWith(' '))
         letters.chop(1);
-    edit->setText(name);
-    edit->setCursorPosition(static_cast<int>(letters.size()));
+    field->setText(name);
+    field->setCursorPosition(static_cast<int>(letters.size()));
 }
 
-void setNumber(QLineEdit* edit, double value)
+void setNumber(Field* field, double value)
 {
-    edit->setText(shownNumber(value));
+    field->showValue(value, shownNumber(value));
 }
 
-void setNumber(QLineEdit* edit, int value)
+void setNumber(Field* field, int value)
 {
-    edit->setText(QString::number(value));
+    field->showValue(value, QString::number(value));
 }
 
-void setPrinted(QLineEdit* edit, const char* format, double value)
+void setPrinted(Field* field, const char* format, double value)
 {
-    edit->setText(printedNumber(format, value));
+    field->showValue(value, printedNumber(format, value));
 }
 
-double number(const QLineEdit* edit)
+double number(const Field* field)
 {
-    return typedNumber(edit->text());
+    return field->value();
 }
 
-int integer(const QLineEdit* edit)
+int integer(const Field* field)
 {
-    return typedInteger(edit->text());
+    return field->wholeValue();
+}
+
+void say(QWidget* parent, const QString& message)
+{
+    QMessageBox box(QMessageBox::Information, text("Vorlix"), message, QMessageBox::Ok, parent);
+    box.setTextFormat(Qt::PlainText);
+    box.exec();
 }
 
 }  // namespace form

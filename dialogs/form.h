@@ -1,10 +1,13 @@
 // What the dialogs are made of: rows, boxes, groups and the OK and Cancel row. Each widget gets its object name, its
-// label buddy, its tip, its What's This text and its shortcut in one place, so that all dialogs look and behave alike.
+// label buddy, its tip, its What's This text, its shortcut and its name for a screen reader in one place, so that all
+// dialogs look and behave alike. Labels show plain text.
 #pragma once
 
 #include <initializer_list>
 
 #include <QString>
+
+#include "dialogs/field.h"
 
 class QBoxLayout;
 class QCheckBox;
@@ -14,7 +17,6 @@ class QFormLayout;
 class QGroupBox;
 class QLabel;
 class QLayout;
-class QLineEdit;
 class QPushButton;
 class QRadioButton;
 class QTextEdit;
@@ -29,15 +31,21 @@ struct Help
     QString tip = {};
 };
 
-/// A row of a form: a label in front of a line edit. The label is the edit's buddy, shares its help and is called after
-/// it: "latLabel" for "latEdit".
-QLineEdit* addEdit(QFormLayout* rows, const char* name, const QString& label, const Help& help);
+/// A row of a form: a label in front of a field for a number. The label is the field's buddy, shares its help and is
+/// named after it: "latLabel" for "latEdit".
+Field* addEdit(QFormLayout* rows, const char* name, const QString& label, const Help& help);
+
+/// The same for a whole number.
+Field* addWholeEdit(QFormLayout* rows, const char* name, const QString& label, const Help& help);
+
+/// The same for a text.
+Field* addTextEdit(QFormLayout* rows, const char* name, const QString& label, const Help& help);
 
 /// The same with a list to choose from: "siteLabel" for "siteBox".
 QComboBox* addChoice(QFormLayout* rows, const char* name, const QString& label, const Help& help);
 
-/// The label whose buddy is the given edit.
-QLabel* labelOf(const QLineEdit* edit);
+/// The label whose buddy is the field; null if it has none.
+QLabel* labelOf(const Field* field);
 
 /// The buttons below go to the end of the layout, each on a row of its own in a form. `shortcut` is set after the text
 /// and may be null: then the mnemonic of the text stands alone.
@@ -51,13 +59,13 @@ QBoxLayout* columns(QLayout* left, QLayout* right);
 /// A frame with a title around the layout.
 QGroupBox* addGroup(QLayout* to, const char* name, const QString& title, QLayout* inside, const Help& help);
 
-/// A line of text that belongs to no edit.
+/// A line of text that belongs to no field.
 QLabel* addText(QLayout* to, const char* name, const QString& line);
 
-/// A read-only text; it takes the room that is left.
-QTextEdit* addTextView(QLayout* to, const char* name, const Help& help);
+/// A read-only text; it takes the room that is left. A screen reader calls it by its title.
+QTextEdit* addTextView(QLayout* to, const char* name, const QString& title, const Help& help);
 
-/// Writes a text into an empty view, in a size in points (the size stays if it is 0), and shows its start.
+/// Writes a plain text into an empty view, in a size in points (the size stays if it is 0), and shows its start.
 void fillTextView(QTextEdit* view, const QString& text, int points);
 
 /// Puts closeButton (default, Alt+C, accepts) at the end of a row.
@@ -75,24 +83,28 @@ void finish(QDialog* dialog, QLayout* content, QBoxLayout* buttons);
 /// The order in which Tab walks through the widgets.
 void setTabOrder(std::initializer_list<QWidget*> widgets);
 
-/// Shown means visible and enabled, not shown means hidden and disabled. The label of an edit goes with it.
+/// Shown means visible and enabled, not shown means hidden and disabled. The label of a field goes with it.
 void setShown(QWidget* widget, bool shown);
 
-/// Enables or disables an edit together with its label.
-void setEditEnabled(QLineEdit* edit, bool enabled);
+/// Enables or disables a field together with its label.
+void setEditEnabled(Field* field, bool enabled);
 
-/// Shows a name of the record, whose end may be blanks: the cursor stands behind its last letter.
-void setName(QLineEdit* edit, const QString& name);
+/// Shows a name of the record, which may end in blanks: the cursor stands after its last letter.
+void setName(Field* field, const QString& name);
 
 /// Shows a number with six significant digits.
-void setNumber(QLineEdit* edit, double value);
-void setNumber(QLineEdit* edit, int value);
+void setNumber(Field* field, double value);
+void setNumber(Field* field, int value);
 
 /// Shows a number by a printf format for one double.
-void setPrinted(QLineEdit* edit, const char* format, double value);
+void setPrinted(Field* field, const char* format, double value);
 
-/// The number in an edit, 0 where the text is none.
-double number(const QLineEdit* edit);
-int integer(const QLineEdit* edit);
+/// The number behind a field: what it shows, to the last bit, as long as nobody has typed over it; 0 where a typed text
+/// is no number.
+double number(const Field* field);
+int integer(const Field* field);
+
+/// A message titled "Vorlix" in plain text, whatever stands in it.
+void say(QWidget* parent, const QString& message);
 
 }  // namespace form

@@ -1,8 +1,9 @@
 #include "dialogs/st_adj_dialog.h"
 
+#include <tuple>
+
 #include <QCheckBox>
 #include <QFormLayout>
-#include <QLineEdit>
 
 #include "dialogs/form.h"
 
@@ -39,22 +40,30 @@ StAdjDialog::StAdjDialog(QWidget* parent) : QDialog(parent)
     form::finish(this, rows);
 }
 
+void StAdjDialog::setValues(const Values& values)
+{
+    sdp4Box->setChecked(values.sdp4);
+    adjBox->setChecked(values.adjflg);
+    form::setNumber(timEdit, values.adjtim);
+    form::setPrinted(n0Edit, "%12.8lf", values.adjn0);
+    form::setPrinted(raEdit, "%9.4lf", values.adjra);
+    wgsBox->setChecked(values.wgs84);
+}
+
+StAdjDialog::Values StAdjDialog::values() const
+{
+    return {sdp4Box->isChecked(), adjBox->isChecked(),  form::number(timEdit),
+            form::number(n0Edit), form::number(raEdit), wgsBox->isChecked()};
+}
+
 void StAdjDialog::setParams(bool sdp4, bool adjflg, double adjtim, double adjn0, double adjra, int wgs)
 {
-    sdp4Box->setChecked(sdp4);
-    adjBox->setChecked(adjflg);
-    form::setNumber(timEdit, adjtim);
-    form::setPrinted(n0Edit, "%12.8lf", adjn0);
-    form::setPrinted(raEdit, "%9.4lf", adjra);
-    wgsBox->setChecked(wgs == 1);
+    setValues({sdp4, adjflg, adjtim, adjn0, adjra, wgs == 1});
 }
 
 void StAdjDialog::getParams(bool& sdp4, bool& adjflg, double& adjtim, double& adjn0, double& adjra, int& wgs)
 {
-    sdp4 = sdp4Box->isChecked();
-    adjflg = adjBox->isChecked();
-    adjtim = form::number(timEdit);
-    adjn0 = form::number(n0Edit);
-    adjra = form::number(raEdit);
-    wgs = wgsBox->isChecked() ? 1 : 0;
+    const Values v = values();
+    std::tie(sdp4, adjflg, adjtim, adjn0, adjra) = std::tuple(v.sdp4, v.adjflg, v.adjtim, v.adjn0, v.adjra);
+    wgs = v.wgs84 ? 1 : 0;
 }

@@ -3,8 +3,8 @@
 
 #include <QDialog>
 
+class Field;
 class QCheckBox;
-class QLineEdit;
 
 class StAdjDialog : public QDialog
 {
@@ -13,8 +13,21 @@ class StAdjDialog : public QDialog
 public:
     explicit StAdjDialog(QWidget* parent = nullptr);
 
+    /// What is done to elements as they are read, and two variants of the analytic model.
+    struct Values
+    {
+        bool sdp4 = false;    // SDP4 for periods above 225 minutes
+        bool adjflg = false;  // the three adjustments below are in force
+        double adjtim = 0;    // added to the epoch, seconds
+        double adjn0 = 0;     // replaces the mean motion, rev/day; 0 leaves it
+        double adjra = 0;     // added to the node, degrees
+        bool wgs84 = false;   // constants of WGS84 instead of WGS72
+    };
+    void setValues(const Values& values);
+    Values values() const;
+
 public Q_SLOTS:
-    /// `adjtim` is seconds, `adjn0` revolutions per day, `adjra` degrees.
+    /// `setValues` and `values` one by one; `wgs` is 1 for WGS84, otherwise 0.
     virtual void setParams(bool sdp4, bool adjflg, double adjtim, double adjn0, double adjra, int wgs);
 
     virtual void getParams(bool& sdp4, bool& adjflg, double& adjtim, double& adjn0, double& adjra, int& wgs);
@@ -23,7 +36,7 @@ private:
     QCheckBox* adjBox = nullptr;
     QCheckBox* sdp4Box = nullptr;
     QCheckBox* wgsBox = nullptr;
-    QLineEdit* n0Edit = nullptr;
-    QLineEdit* timEdit = nullptr;
-    QLineEdit* raEdit = nullptr;
+    Field* n0Edit = nullptr;
+    Field* timEdit = nullptr;
+    Field* raEdit = nullptr;
 };

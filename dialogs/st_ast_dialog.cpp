@@ -1,8 +1,9 @@
 #include "dialogs/st_ast_dialog.h"
 
+#include <tuple>
+
 #include <QFormLayout>
 #include <QHBoxLayout>
-#include <QLineEdit>
 #include <QPushButton>
 #include <QVBoxLayout>
 
@@ -26,26 +27,39 @@ StAstDialog::StAstDialog(QWidget* parent) : QDialog(parent)
     auto* buttons = new QHBoxLayout;
     form::addOkCancel(this, buttons);
     auto* abortButton = form::addButton(buttons, "abortButton", tr("&Abort"), nullptr,
-                                        {tr("Gives the measurement up: the stars marked so far are forgotten.")});
+                                        {tr("Gives up the measurement: the stars marked so far are forgotten.")});
     form::finish(this, column, buttons);
     connect(abortButton, &QPushButton::clicked, this, &StAstDialog::abortSlot);
 }
 
-void StAstDialog::setParams(double ra, double dec)
+void StAstDialog::setValues(const Values& values)
 {
     aborted = false;
-    if (ra == 0.0 && dec == 0.0)
+    if (values.ra == 0.0 && values.dec == 0.0)
         return;
-    form::setNumber(raEdit, ra);
-    form::setNumber(decEdit, dec);
+    form::setNumber(raEdit, values.ra);
+    form::setNumber(decEdit, values.dec);
     raEdit->selectAll();
+}
+
+StAstDialog::Values StAstDialog::values() const
+{
+    return {form::number(raEdit), form::number(decEdit)};
+}
+
+void StAstDialog::setStar(int number, int count)
+{
+    setWindowTitle(tr("Astrometry: Star %1 of %2").arg(number).arg(count));
+}
+
+void StAstDialog::setParams(double ra, double dec)
+{
+    setValues({ra, dec});
 }
 
 void StAstDialog::getParams(double& ra, double& dec, bool& abort)
 {
-    ra = form::number(raEdit);
-    dec = form::number(decEdit);
-    abort = aborted;
+    std::tie(ra, dec, abort) = std::tuple(values().ra, values().dec, aborted);
 }
 
 void StAstDialog::abortSlot()

@@ -3,7 +3,7 @@
 
 #include <QDialog>
 
-class QLineEdit;
+class Field;
 
 class StAstDialog : public QDialog
 {
@@ -12,17 +12,32 @@ class StAstDialog : public QDialog
 public:
     explicit StAstDialog(QWidget* parent = nullptr);
 
+    /// A place among the stars, packed.
+    struct Values
+    {
+        double ra = 0;   // HH.MMSS
+        double dec = 0;  // DD.MMSS
+    };
+
+    /// Two zeros leave the fields empty.
+    void setValues(const Values& values);
+    Values values() const;
+
+    /// Says in the title which star of how many is asked for; both count from 1.
+    void setStar(int number, int count);
+
 public Q_SLOTS:
-    /// Packed HH.MMSS and DD.MMSS; two zeros leave the fields empty.
+    /// `setValues` one by one.
     virtual void setParams(double ra, double dec);
 
-    /// `abort` tells that the dialog was left by Abort.
+    /// `abort` tells that Abort has closed the dialog.
     virtual void getParams(double& ra, double& dec, bool& abort);
 
+    /// Accepts the dialog with the flag of `getParams` set.
     virtual void abortSlot();
 
 private:
-    QLineEdit* raEdit = nullptr;
-    QLineEdit* decEdit = nullptr;
+    Field* raEdit = nullptr;
+    Field* decEdit = nullptr;
     bool aborted = false;
 };

@@ -1,10 +1,11 @@
 #include "dialogs/st_delta_dialog.h"
 
+#include <tuple>
+
 #include <QCheckBox>
 #include <QFormLayout>
 #include <QHBoxLayout>
 #include <QLabel>
-#include <QLineEdit>
 #include <QPushButton>
 
 #include "dialogs/form.h"
@@ -45,15 +46,15 @@ StDeltaDialog::StDeltaDialog(QWidget* parent) : QDialog(parent)
     connect(ionBox, &QCheckBox::toggled, this, &StDeltaDialog::ionSlot);
 }
 
-void StDeltaDialog::setParams(double deltv, double yaw, double pitch, bool ionf, bool suns, bool nmflg, bool epu)
+void StDeltaDialog::setValues(const Maneuver& maneuver, bool numeric)
 {
-    form::setNumber(deltavEdit, deltv);
-    form::setNumber(yawEdit, yaw);
-    form::setNumber(pitchEdit, pitch);
-    ionBox->setChecked(ionf);
-    sunBox->setChecked(suns);
-    epuBox->setChecked(epu);
-    if (nmflg) {
+    form::setNumber(deltavEdit, maneuver.deltv);
+    form::setNumber(yawEdit, maneuver.yaw);
+    form::setNumber(pitchEdit, maneuver.pitch);
+    ionBox->setChecked(maneuver.ionf);
+    sunBox->setChecked(maneuver.suns);
+    epuBox->setChecked(maneuver.epu);
+    if (numeric) {
         ionSlot();
         return;
     }
@@ -62,14 +63,21 @@ void StDeltaDialog::setParams(double deltv, double yaw, double pitch, bool ionf,
         form::setShown(box, false);
 }
 
+Maneuver StDeltaDialog::values() const
+{
+    return {form::number(deltavEdit), form::number(yawEdit), form::number(pitchEdit),
+            ionBox->isChecked(),      sunBox->isChecked(),   epuBox->isChecked()};
+}
+
+void StDeltaDialog::setParams(double deltv, double yaw, double pitch, bool ionf, bool suns, bool nmflg, bool epu)
+{
+    setValues({deltv, yaw, pitch, ionf, suns, epu}, nmflg);
+}
+
 void StDeltaDialog::getParams(double& deltv, double& yaw, double& pitch, bool& ionf, bool& suns, bool& epu)
 {
-    deltv = form::number(deltavEdit);
-    yaw = form::number(yawEdit);
-    pitch = form::number(pitchEdit);
-    ionf = ionBox->isChecked();
-    suns = sunBox->isChecked();
-    epu = epuBox->isChecked();
+    const Maneuver m = values();
+    std::tie(deltv, yaw, pitch, ionf, suns, epu) = std::tuple(m.deltv, m.yaw, m.pitch, m.ionf, m.suns, m.epu);
 }
 
 void StDeltaDialog::ionSlot()

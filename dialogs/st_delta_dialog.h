@@ -3,8 +3,10 @@
 
 #include <QDialog>
 
+#include "design/delta_v.h"
+
+class Field;
 class QCheckBox;
-class QLineEdit;
 
 class StDeltaDialog : public QDialog
 {
@@ -13,8 +15,12 @@ class StDeltaDialog : public QDialog
 public:
     explicit StDeltaDialog(QWidget* parent = nullptr);
 
+    /// Only a numerically flown satellite can have continuous thrust.
+    void setValues(const Maneuver& maneuver, bool numeric);
+    Maneuver values() const;
+
 public Q_SLOTS:
-    /// m/s, or mm/s^2 with `ionf`; degrees. Only with `nmflg` can thrust be continuous.
+    /// `setValues` one by one: m/s, or mm/s^2 with `ionf`; degrees.
     virtual void setParams(double deltv, double yaw, double pitch, bool ionf, bool suns, bool nmflg, bool epu);
 
     virtual void getParams(double& deltv, double& yaw, double& pitch, bool& ionf, bool& suns, bool& epu);
@@ -23,9 +29,9 @@ public Q_SLOTS:
     virtual void ionSlot();
 
 private:
-    QLineEdit* deltavEdit = nullptr;
-    QLineEdit* yawEdit = nullptr;
-    QLineEdit* pitchEdit = nullptr;
+    Field* deltavEdit = nullptr;
+    Field* yawEdit = nullptr;
+    Field* pitchEdit = nullptr;
     QCheckBox* ionBox = nullptr;
     QCheckBox* sunBox = nullptr;
     QCheckBox* epuBox = nullptr;

@@ -3,13 +3,13 @@
 
 #include <QDialog>
 
-#include "astro/vec3.h"
 #include "design/editor_rules.h"
+#include "design/editor_state.h"
+#include "dialogs/form.h"
 
 class QBoxLayout;
 class QCheckBox;
 class QFormLayout;
-class QLineEdit;
 class QPushButton;
 
 class StEditOrbDialog : public QDialog
@@ -19,11 +19,31 @@ class StEditOrbDialog : public QDialog
 public:
     explicit StEditOrbDialog(QWidget* parent = nullptr);
 
+    /// One satellite as the editor knows it.
+    struct Values
+    {
+        QString name;
+        QString designator;
+        int norad = 0;
+        bool sgp4 = false;       // flown by the analytic model
+        bool byHeights = false;  // perigee and apogee can be typed
+        bool numeric = false;    // integrated numerically
+        Elements elements;
+    };
+
+    /// `launch` locks the epoch and the angles that a launch computes.
+    void setValues(const Values& values, bool launch);
+
+    /// Makes the elements consistent first. Without an edit they are those of `setValues`, to the last bit.
+    Values takeValues();
+
 public Q_SLOTS:
-    /// `mjdep` is the epoch; with `lcflg` the epoch and the angles that a launch computes are locked.
+    // setParam1 to setParam3 are `setValues` one by one and in this order; getParam1 to getParam3 are `takeValues`.
+
+    /// `mjdep` is the epoch; `lcflg` not 0 means a launch.
     virtual void setParam1(const QString& fsname, int norad, int aflg, int paflg, double mjdep, int lcflg);
 
-    /// Comes after setParam1. km, degrees, revolutions per day; `n0` of a hyperbola is its perigee distance.
+    /// km, degrees, revolutions per day; `n0` of a hyperbola is its perigee distance.
     virtual void setParam2(double a, double ra, double aper, double inc, double ecc, double m0, double n0,
                            double adot, double ndot, double n6dot, double bstar);
 
@@ -37,6 +57,7 @@ public Q_SLOTS:
     /// Brings all forms of the orbit in line with what was edited last.
     virtual void refreshSlot();
 
+    /// Each enables the fields that belong to its box.
     virtual void spgSlot();
     virtual void perapoSlot();
 
@@ -49,64 +70,78 @@ public Q_SLOTS:
     virtual void apoSlot();
     virtual void eccincSlot();
 
-    /// The state vector dialog; its result is stored in the record at once.
+    /// The state vector dialog. An edit in it is stored in the record at once and makes the elements here anew.
     virtual void stateSlot();
 
+    /// A hyperbola has neither SGP4 nor rates.
     virtual void eccSlot();
+
+    /// The date dialog on the epoch.
     virtual void timeSlot();
+
+    /// The dialog of the adjustments, which are stored at once.
     virtual void adjSlot();
+
+    /// Asks for a longitude and makes the orbit geostationary above it.
     virtual void geoSlot();
 
-    /// Comes last of the three.
+    /// With `numflg` not 0 a hyperbola shows the time of perigee of its state.
     virtual void setParam3(const QString& ldsn, int numflg);
 
     /// `nwsflg` tells that New was pressed: a further satellite is wanted.
     virtual void getParam3(QString& ldsn, int& numflg, bool& nwsflg);
 
+    /// Does nothing: no field depends on how the orbit is flown.
     virtual void numSlot();
+
+    /// Accepts the dialog and asks for a further satellite.
     virtual void nwsSlot();
 
 private:
+    // the form, in a file of its own
     void addNames(QFormLayout* rows);
     void addAngles(QFormLayout* rows);
     void addShape(QFormLayout* rows);
     void addRates(QFormLayout* rows);
     void addModels(QBoxLayout* row);
     void addCommands(QBoxLayout* row);
+    QPushButton* addCommand(QBoxLayout* row, const char* name, const QString& text, const form::Help& help,
+                            void (StEditOrbDialog::*slot)());
     void connectEdits();
-    QPushButton* command(QBoxLayout* row, const char* name, const QString& text, const QString& help,
-                         void (StEditOrbDialog::*slot)());
-    editor::Orbit typedOrbit() const;
-    double typedEpoch() const;
-    void showEpoch(double mjd, const char* format);
-    void showShape();
-    void showAngles(double inc, double ra, double aper, double m0);
-    void allowForModel();
-    void takeState(double year, double day, const Vec3& r, const Vec3& v);
-    void takeMeanElements();
 
-    editor::Orbit orbit;  // the working values
+    void showSatellite(const Values& values, bool launch);
+    void showElements(const Elements& elements);
+    void showFlight(const Values& values);
+    void showShape();
+    void showAngles(const Elements& elements);
+    void showEpoch(double mjd);
+    Elements typedElements() const;
+    editor::Shape typedShape() const;
+    void allowForModel();
+    void takeState(const editor::State& state, const editor::YearDay& epoch);
+
+    editor::Shape shape;  // the working values
     editor::Edits edits;
     bool ednwsflg = false;
 
-    QLineEdit* nameEdit = nullptr;
-    QLineEdit* noradEdit = nullptr;
-    QLineEdit* idsnEdit = nullptr;
-    QLineEdit* yearEdit = nullptr;
-    QLineEdit* dayEdit = nullptr;
-    QLineEdit* raEdit = nullptr;
-    QLineEdit* aperEdit = nullptr;
-    QLineEdit* incEdit = nullptr;
-    QLineEdit* m0Edit = nullptr;
-    QLineEdit* eccEdit = nullptr;
-    QLineEdit* n0Edit = nullptr;
-    QLineEdit* aEdit = nullptr;
-    QLineEdit* adotEdit = nullptr;
-    QLineEdit* ndotEdit = nullptr;
-    QLineEdit* n2dotEdit = nullptr;
-    QLineEdit* bstarEdit = nullptr;
-    QLineEdit* periEdit = nullptr;
-    QLineEdit* apoEdit = nullptr;
+    Field* nameEdit = nullptr;
+    Field* noradEdit = nullptr;
+    Field* idsnEdit = nullptr;
+    Field* yearEdit = nullptr;
+    Field* dayEdit = nullptr;
+    Field* raEdit = nullptr;
+    Field* aperEdit = nullptr;
+    Field* incEdit = nullptr;
+    Field* m0Edit = nullptr;
+    Field* eccEdit = nullptr;
+    Field* n0Edit = nullptr;
+    Field* aEdit = nullptr;
+    Field* adotEdit = nullptr;
+    Field* ndotEdit = nullptr;
+    Field* n2dotEdit = nullptr;
+    Field* bstarEdit = nullptr;
+    Field* periEdit = nullptr;
+    Field* apoEdit = nullptr;
     QCheckBox* perapBox = nullptr;
     QCheckBox* spg4Box = nullptr;
     QCheckBox* numBox = nullptr;

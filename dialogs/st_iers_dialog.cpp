@@ -1,8 +1,9 @@
 #include "dialogs/st_iers_dialog.h"
 
+#include <tuple>
+
 #include <QCheckBox>
 #include <QFormLayout>
-#include <QLineEdit>
 #include <QVBoxLayout>
 
 #include "dialogs/form.h"
@@ -15,10 +16,11 @@ StIersDialog::StIersDialog(QWidget* parent) : QDialog(parent)
                              {tr("If marked, the difference of the time scales comes from a built-in table, and UT1 "
                                  "is taken as UTC. Unmark it to enter published values.")});
     auto* times = new QFormLayout;
-    taiEdit = form::addEdit(times, "taiEdit", tr("UTC - T&AI (sec):"),
-                            {tr("UTC minus International Atomic Time in whole seconds. It is negative, and each leap "
-                                "second lowers it by one."),
-                             tr("Difference UTC - TAI")});
+    taiEdit =
+        form::addWholeEdit(times, "taiEdit", tr("UTC - T&AI (sec):"),
+                           {tr("UTC minus International Atomic Time in whole seconds. It is negative, and each leap "
+                               "second lowers it by one."),
+                            tr("Difference UTC - TAI")});
     ut1Edit = form::addEdit(times, "ut1Edit", tr("UT&1 - UTC (sec):"),
                             {tr("UT1 minus UTC in seconds, as published by the IERS. It stays within 0.9 seconds."),
                              tr("Difference UT1 and UTC.")});
@@ -38,27 +40,35 @@ StIersDialog::StIersDialog(QWidget* parent) : QDialog(parent)
     connect(ckDefault, &QCheckBox::toggled, this, &StIersDialog::refreshSlot);
 }
 
+void StIersDialog::setValues(const Values& values)
+{
+    form::setNumber(xEdit, values.xp);
+    form::setNumber(yEdit, values.yp);
+    form::setNumber(taiEdit, values.utcTai);
+    form::setNumber(ut1Edit, values.ut1Utc);
+    ckDefault->setChecked(!values.inForce);
+    refreshSlot();
+}
+
+StIersDialog::Values StIersDialog::values() const
+{
+    return {!ckDefault->isChecked(), form::number(xEdit), form::number(yEdit), form::integer(taiEdit),
+            form::number(ut1Edit)};
+}
+
 void StIersDialog::setParams(bool IERSflg, double IERSxp, double IERSyp, int UtcTai, double Ut1Utc)
 {
-    form::setNumber(xEdit, IERSxp);
-    form::setNumber(yEdit, IERSyp);
-    form::setNumber(taiEdit, UtcTai);
-    form::setNumber(ut1Edit, Ut1Utc);
-    ckDefault->setChecked(!IERSflg);
-    refreshSlot();
+    setValues({IERSflg, IERSxp, IERSyp, UtcTai, Ut1Utc});
 }
 
 void StIersDialog::getParams(bool& IERSflg, double& IERSxp, double& IERSyp, int& UtcTai, double& Ut1Utc)
 {
-    IERSflg = !ckDefault->isChecked();
-    IERSxp = form::number(xEdit);
-    IERSyp = form::number(yEdit);
-    UtcTai = form::integer(taiEdit);
-    Ut1Utc = form::number(ut1Edit);
+    const Values v = values();
+    std::tie(IERSflg, IERSxp, IERSyp, UtcTai, Ut1Utc) = std::tuple(v.inForce, v.xp, v.yp, v.utcTai, v.ut1Utc);
 }
 
 void StIersDialog::refreshSlot()
 {
-    for (QLineEdit* edit : {taiEdit, ut1Edit, xEdit, yEdit})
+    for (Field* edit : {taiEdit, ut1Edit, xEdit, yEdit})
         form::setEditEnabled(edit, !ckDefault->isChecked());
 }

@@ -3,8 +3,8 @@
 
 #include <QDialog>
 
+class Field;
 class QCheckBox;
-class QLineEdit;
 
 class StIersDialog : public QDialog
 {
@@ -13,8 +13,19 @@ class StIersDialog : public QDialog
 public:
     explicit StIersDialog(QWidget* parent = nullptr);
 
+    /// Published values of the Earth's rotation.
+    struct Values
+    {
+        bool inForce = false;   // otherwise defaults are, and the fields are locked
+        double xp = 0, yp = 0;  // pole, arc seconds
+        int utcTai = 0;         // seconds
+        double ut1Utc = 0;      // seconds
+    };
+    void setValues(const Values& values);
+    Values values() const;
+
 public Q_SLOTS:
-    /// Arc seconds and seconds. Without `IERSflg` the defaults are in force and the fields are locked.
+    /// `setValues` one by one.
     virtual void setParams(bool IERSflg, double IERSxp, double IERSyp, int UtcTai, double Ut1Utc);
 
     virtual void getParams(bool& IERSflg, double& IERSxp, double& IERSyp, int& UtcTai, double& Ut1Utc);
@@ -24,8 +35,8 @@ public Q_SLOTS:
 
 private:
     QCheckBox* ckDefault = nullptr;
-    QLineEdit* taiEdit = nullptr;
-    QLineEdit* ut1Edit = nullptr;
-    QLineEdit* xEdit = nullptr;
-    QLineEdit* yEdit = nullptr;
+    Field* taiEdit = nullptr;
+    Field* ut1Edit = nullptr;
+    Field* xEdit = nullptr;
+    Field* yEdit = nullptr;
 };

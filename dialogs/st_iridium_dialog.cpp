@@ -1,8 +1,9 @@
 #include "dialogs/st_iridium_dialog.h"
 
+#include <tuple>
+
 #include <QCheckBox>
 #include <QFormLayout>
-#include <QLineEdit>
 
 #include "dialogs/form.h"
 
@@ -23,16 +24,25 @@ StIridiumDialog::StIridiumDialog(QWidget* parent) : QDialog(parent)
     form::finish(this, rows);
 }
 
+void StIridiumDialog::setValues(const Values& values)
+{
+    form::setNumber(magEdit, values.magnitude);
+    opsBox->setChecked(values.operational);
+    solpBox->setChecked(values.solarPanels);
+}
+
+StIridiumDialog::Values StIridiumDialog::values() const
+{
+    return {form::number(magEdit), opsBox->isChecked(), solpBox->isChecked()};
+}
+
 void StIridiumDialog::setParams(double mag, bool ops, bool irsol)
 {
-    form::setNumber(magEdit, mag);
-    opsBox->setChecked(ops);
-    solpBox->setChecked(irsol);
+    setValues({mag, ops, irsol});
 }
 
 void StIridiumDialog::getParams(double& mag, bool& ops, bool& irsol)
 {
-    mag = form::number(magEdit);
-    ops = opsBox->isChecked();
-    irsol = solpBox->isChecked();
+    const Values v = values();
+    std::tie(mag, ops, irsol) = std::tuple(v.magnitude, v.operational, v.solarPanels);
 }

@@ -3,8 +3,8 @@
 
 #include <QDialog>
 
+class Field;
 class QCheckBox;
-class QLineEdit;
 
 class StIridiumDialog : public QDialog
 {
@@ -13,13 +13,24 @@ class StIridiumDialog : public QDialog
 public:
     explicit StIridiumDialog(QWidget* parent = nullptr);
 
+    /// What a search for flares lists.
+    struct Values
+    {
+        double magnitude = 0;      // fainter flares are left out
+        bool operational = false;  // satellites in operational orbits only
+        bool solarPanels = false;  // flares of the solar panels as well
+    };
+    void setValues(const Values& values);
+    Values values() const;
+
 public Q_SLOTS:
+    /// `setValues` and `values` one by one.
     virtual void setParams(double mag, bool ops, bool irsol);
 
     virtual void getParams(double& mag, bool& ops, bool& irsol);
 
 private:
-    QLineEdit* magEdit = nullptr;
+    Field* magEdit = nullptr;
     QCheckBox* opsBox = nullptr;
     QCheckBox* solpBox = nullptr;
 };

@@ -1,10 +1,11 @@
 #include "dialogs/st_launch_dialog.h"
 
+#include <tuple>
+
 #include <QComboBox>
 #include <QFormLayout>
 #include <QHBoxLayout>
 #include <QLabel>
-#include <QLineEdit>
 #include <QPushButton>
 #include <QRadioButton>
 #include <QVBoxLayout>
@@ -66,24 +67,32 @@ void StLaunchDialog::addDirection(QVBoxLayout* column)
          tr("Specify Launch Azimuth")});
 }
 
-void StLaunchDialog::setParams(int lsx, double lat, double lng, int lsouth, double tmeco)
+void StLaunchDialog::setValues(const Values& values)
 {
-    const int site = lsx < 0 || lsx >= static_cast<int>(launchSites.size()) ? 0 : lsx;
-    form::setNumber(latEdit, lat);
-    form::setNumber(lngEdit, lng);
+    const bool listed = values.site >= 0 && values.site < static_cast<int>(launchSites.size());
+    const int site = listed ? values.site : 0;
+    form::setNumber(latEdit, values.lat);
+    form::setNumber(lngEdit, values.lng);
     siteBox->setCurrentIndex(site);
     siteSlot(site);
-    (lsouth != 0 ? southButton : northButton)->setChecked(true);
-    form::setNumber(mecoEdit, tmeco);
+    (values.southward ? southButton : northButton)->setChecked(true);
+    form::setNumber(mecoEdit, values.minutesToOrbit);
+}
+
+StLaunchDialog::Values StLaunchDialog::values() const
+{
+    return {csx, form::number(latEdit), form::number(lngEdit), southButton->isChecked(), form::number(mecoEdit)};
+}
+
+void StLaunchDialog::setParams(int lsx, double lat, double lng, int lsouth, double tmeco)
+{
+    setValues({lsx, lat, lng, lsouth != 0, tmeco});
 }
 
 void StLaunchDialog::getParams(int& lsx, double& lat, double& lng, int& lsouth, double& tmeco)
 {
-    lsx = csx;
-    lat = form::number(latEdit);
-    lng = form::number(lngEdit);
-    lsouth = southButton->isChecked() ? 1 : 0;
-    tmeco = form::number(mecoEdit);
+    const Values v = values();
+    std::tie(lsx, lat, lng, lsouth, tmeco) = std::tuple(v.site, v.lat, v.lng, v.southward ? 1 : 0, v.minutesToOrbit);
 }
 
 void StLaunchDialog::siteSlot(int index)

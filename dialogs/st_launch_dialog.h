@@ -3,8 +3,8 @@
 
 #include <QDialog>
 
+class Field;
 class QComboBox;
-class QLineEdit;
 class QRadioButton;
 class QVBoxLayout;
 
@@ -18,8 +18,21 @@ class StLaunchDialog : public QDialog
 public:
     explicit StLaunchDialog(QWidget* parent = nullptr);
 
+    /// Where and how a satellite is launched.
+    struct Values
+    {
+        int site = 0;               // index in the list of sites, 0 for one typed by the user
+        double lat = 0, lng = 0;    // degrees, north and east positive
+        bool southward = false;     // of the two directions that lead into the orbit
+        double minutesToOrbit = 0;  // from liftoff
+    };
+
+    /// An index outside the list counts as 0; a site of the list brings its own coordinates.
+    void setValues(const Values& values);
+    Values values() const;
+
 public Q_SLOTS:
-    /// `lsx` is the index in the list of sites, 0 for one typed by the user; degrees and minutes.
+    /// `setValues` one by one.
     virtual void setParams(int lsx, double lat, double lng, int lsouth, double tmeco);
 
     virtual void getParams(int& lsx, double& lat, double& lng, int& lsouth, double& tmeco);
@@ -31,9 +44,9 @@ private:
     void addDirection(QVBoxLayout* column);
 
     QComboBox* siteBox = nullptr;
-    QLineEdit* latEdit = nullptr;
-    QLineEdit* lngEdit = nullptr;
-    QLineEdit* mecoEdit = nullptr;
+    Field* latEdit = nullptr;
+    Field* lngEdit = nullptr;
+    Field* mecoEdit = nullptr;
     QRadioButton* northButton = nullptr;
     QRadioButton* southButton = nullptr;
 };

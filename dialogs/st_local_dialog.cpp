@@ -12,7 +12,7 @@ StLocalDialog::StLocalDialog(QWidget* parent) : QDialog(parent)
     setWindowTitle(tr("Local Details"));
     auto* column = new QVBoxLayout;
     textEdit =
-        form::addTextView(column, "textEdit",
+        form::addTextView(column, "textEdit", tr("Local Details"),
                           {tr("What the Sun, the Moon and the selected satellites look like from this place at "
                               "this time.")});
     auto* buttons = new QHBoxLayout;
@@ -21,7 +21,7 @@ StLocalDialog::StLocalDialog(QWidget* parent) : QDialog(parent)
     resize(443, 460);
 }
 
-// NOLINTNEXTLINE(performance-unnecessary-value-param): the signature is fixed
+// NOLINTNEXTLINE(performance-unnecessary-value-param): a slot takes its text by value
 void StLocalDialog::setParams(QString s, int fsz)
 {
     form::fillTextView(textEdit, s, fsz);

@@ -1,9 +1,10 @@
 #include "dialogs/st_map_dialog.h"
 
+#include <tuple>
+
 #include <QCheckBox>
 #include <QFormLayout>
 #include <QGroupBox>
-#include <QLineEdit>
 #include <QRadioButton>
 #include <QVBoxLayout>
 
@@ -12,6 +13,10 @@
 bool stmpphwm = false;
 
 namespace {
+
+// sizes of the legend's font
+constexpr int smallPoints = 10;
+constexpr int largePoints = 12;
 
 /// Checks the button of the value; any value out of range checks the first.
 void check(std::initializer_list<QRadioButton*> buttons, int value)
@@ -136,50 +141,85 @@ void StMapDialog::addNumbers(QVBoxLayout* column)
     column->addLayout(rows);
 }
 
+void StMapDialog::setValues(const Values& values, bool physicalMap)
+{
+    showDisplay(values);
+    showWorld(values, physicalMap);
+}
+
+void StMapDialog::showDisplay(const Values& values)
+{
+    check({gnoButton, g30Button, g10Button}, values.mgrid);
+    check({whiteButton, greyButton, blackButton}, values.mgrey);
+    check({zenithButton, northButton, eastButton, southButton, westButton, azimButton}, values.skyprj);
+    nightBox->setChecked(values.mpnight);
+    ra4dBox->setChecked(values.ra4d);
+    satskyBox->setChecked(values.satsky);
+    skyBox->setChecked(values.skymap);
+    form::setNumber(azimEdit, values.skaz);  // after the buttons, which write an azimuth of their own
+}
+
+void StMapDialog::showWorld(const Values& values, bool physicalMap)
+{
+    stmpphwm = physicalMap;
+    fszBox->setChecked(values.largeFont);
+    boldBox->setChecked(values.boldFont);
+    const int projection = values.mapprj == 3 && !physicalMap ? 0 : values.mapprj;
+    check({pstdButton, pnorthButton, psouthButton, ppwmButton}, projection);
+    form::setNumber(meridianEdit, values.centmer);
+    form::setPrinted(frequEdit, "%g", values.frequ);
+    showSlot();
+}
+
+StMapDialog::Values StMapDialog::values() const
+{
+    Values v;
+    v.mgrid = checkedOf({gnoButton, g30Button, g10Button});
+    v.mgrey = checkedOf({whiteButton, greyButton, blackButton});
+    v.skyprj = checkedOf({zenithButton, northButton, eastButton, southButton, westButton, azimButton});
+    v.mapprj = checkedOf({pstdButton, pnorthButton, psouthButton, ppwmButton});
+    v.mpnight = nightBox->isChecked();
+    v.skymap = skyBox->isChecked();
+    v.ra4d = ra4dBox->isChecked();
+    v.satsky = satskyBox->isChecked();
+    v.largeFont = fszBox->isChecked();
+    v.boldFont = boldBox->isChecked();
+    v.skaz = form::number(azimEdit);
+    v.centmer = form::number(meridianEdit);
+    v.frequ = form::number(frequEdit);
+    return v;
+}
+
 void StMapDialog::getParamF(int& mfsz, bool& bf, int& mapprj, double& centmer, double& frequ)
 {
-    mfsz = fszBox->isChecked() ? 12 : 10;
-    bf = boldBox->isChecked();
-    mapprj = checkedOf({pstdButton, pnorthButton, psouthButton, ppwmButton});
-    centmer = form::number(meridianEdit);
-    frequ = form::number(frequEdit);
+    const Values v = values();
+    mfsz = v.largeFont ? largePoints : smallPoints;
+    std::tie(bf, mapprj, centmer, frequ) = std::tuple(v.boldFont, v.mapprj, v.centmer, v.frequ);
 }
 
 void StMapDialog::setParamF(int mfsz, bool& bf, int mapprj, double centmer, double frequ, bool phwm)
 {
-    stmpphwm = phwm;
-    fszBox->setChecked(mfsz == 12);
-    boldBox->setChecked(bf);
-    check({pstdButton, pnorthButton, psouthButton, ppwmButton}, mapprj == 3 && !phwm ? 0 : mapprj);
-    form::setNumber(meridianEdit, centmer);
-    form::setPrinted(frequEdit, "%g", frequ);
-    showSlot();
+    Values v;
+    v.largeFont = mfsz == largePoints;
+    std::tie(v.boldFont, v.mapprj, v.centmer, v.frequ) = std::tuple(bf, mapprj, centmer, frequ);
+    showWorld(v, phwm);
 }
 
 void StMapDialog::setParams(int mgrid, int mgrey, int skyprj, int mpnight, int skymap, int ra4d, double skaz,
                             bool satsky)
 {
-    check({gnoButton, g30Button, g10Button}, mgrid);
-    check({whiteButton, greyButton, blackButton}, mgrey);
-    check({zenithButton, northButton, eastButton, southButton, westButton, azimButton}, skyprj);
-    nightBox->setChecked(mpnight != 0);
-    ra4dBox->setChecked(ra4d != 0);
-    satskyBox->setChecked(satsky);
-    skyBox->setChecked(skymap != 0);
-    form::setNumber(azimEdit, skaz);  // after the buttons, which write an azimuth of their own
+    Values v;
+    std::tie(v.mgrid, v.mgrey, v.skyprj, v.skaz, v.satsky) = std::tuple(mgrid, mgrey, skyprj, skaz, satsky);
+    std::tie(v.mpnight, v.skymap, v.ra4d) = std::tuple(mpnight != 0, skymap != 0, ra4d != 0);
+    showDisplay(v);
 }
 
 void StMapDialog::getParams(int& mgrid, int& mgrey, int& skyprj, int& mpnight, int& skymap, int& ra4d, double& skaz,
                             bool& satsky)
 {
-    mgrid = checkedOf({gnoButton, g30Button, g10Button});
-    mgrey = checkedOf({whiteButton, greyButton, blackButton});
-    skyprj = checkedOf({zenithButton, northButton, eastButton, southButton, westButton, azimButton});
-    mpnight = nightBox->isChecked() ? 1 : 0;
-    skymap = skyBox->isChecked() ? 1 : 0;
-    ra4d = ra4dBox->isChecked() ? 1 : 0;
-    skaz = form::number(azimEdit);
-    satsky = satskyBox->isChecked();
+    const Values v = values();
+    std::tie(mgrid, mgrey, skyprj, skaz, satsky) = std::tuple(v.mgrid, v.mgrey, v.skyprj, v.skaz, v.satsky);
+    std::tie(mpnight, skymap, ra4d) = std::tuple(v.mpnight ? 1 : 0, v.skymap ? 1 : 0, v.ra4d ? 1 : 0);
 }
 
 void StMapDialog::showSlot()
@@ -193,13 +233,11 @@ void StMapDialog::showSlot()
                                                            southButton, westButton, azimButton})
         form::setShown(widget, sky);
     form::setShown(azimEdit, sky && azimButton->isChecked());
-    if (sky && !azimButton->isChecked())
+    if (sky && !azimButton->isChecked() && !zenithButton->isChecked())
         form::setNumber(azimEdit, azimuthOfButtons());
 }
 
 double StMapDialog::azimuthOfButtons() const
 {
-    if (zenithButton->isChecked())
-        return form::number(azimEdit);
     return 90.0 * checkedOf({northButton, eastButton, southButton, westButton});
 }

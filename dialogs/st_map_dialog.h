@@ -3,9 +3,9 @@
 
 #include <QDialog>
 
+class Field;
 class QCheckBox;
 class QGroupBox;
-class QLineEdit;
 class QRadioButton;
 class QVBoxLayout;
 
@@ -19,13 +19,36 @@ class StMapDialog : public QDialog
 public:
     explicit StMapDialog(QWidget* parent = nullptr);
 
+    /// What plots draw, in the codes of the record.
+    struct Values
+    {
+        int mgrid = 0;         // 0 none, 1 every 30 degrees, 2 every 10
+        int mgrey = 0;         // background: 0 white, 1 grey, 2 black
+        int skyprj = 0;        // sky: 0 zenith, 1 north, 2 east, 3 south, 4 west, 5 azimuth `skaz`
+        int mapprj = 0;        // world: 0 simple, 1 northern, 2 southern hemisphere, 3 physical
+        bool mpnight = false;  // the dark side is shaded
+        bool skymap = false;   // the sky instead of the world
+        bool ra4d = false;     // four digits of the sky coordinates
+        bool satsky = false;   // the sky of the prime satellite
+        bool largeFont = false;
+        bool boldFont = false;
+        double skaz = 0;     // degrees
+        double centmer = 0;  // central meridian, degrees
+        double frequ = 0;    // Hz, 0 for the range rate
+    };
+
+    /// Without its picture (`physicalMap`) the physical map cannot be chosen. A code out of range counts as 0.
+    void setValues(const Values& values, bool physicalMap);
+    Values values() const;
+
 public Q_SLOTS:
+    /// The fonts, the world map and the frequency of `values`; `mfsz` is 12 or 10 points.
     virtual void getParamF(int& mfsz, bool& bf, int& mapprj, double& centmer, double& frequ);
 
-    /// Comes after setParams. Without `phwm` there is no physical map to choose. `centmer` is degrees, `frequ` Hz.
+    /// These five of `setValues`. Comes after setParams, which knows the others.
     virtual void setParamF(int mfsz, bool& bf, int mapprj, double centmer, double frequ, bool phwm);
 
-    /// `skaz` is degrees.
+    /// The other eight of `setValues` and `values`.
     virtual void setParams(int mgrid, int mgrey, int skyprj, int mpnight, int skymap, int ra4d, double skaz,
                            bool satsky);
 
@@ -36,11 +59,14 @@ public Q_SLOTS:
     virtual void showSlot();
 
 private:
+    void showDisplay(const Values& values);
+    void showWorld(const Values& values, bool physicalMap);
     void addBackground(QVBoxLayout* column);
     void addWorldMap(QVBoxLayout* column);
     void addSky(QVBoxLayout* column);
     void addBoxes(QVBoxLayout* column);
     void addNumbers(QVBoxLayout* column);
+    /// The azimuth of the checked direction, degrees.
     double azimuthOfButtons() const;
 
     QGroupBox* backGroup = nullptr;
@@ -69,7 +95,7 @@ private:
     QCheckBox* boldBox = nullptr;
     QCheckBox* nightBox = nullptr;
     QCheckBox* ra4dBox = nullptr;
-    QLineEdit* meridianEdit = nullptr;
-    QLineEdit* azimEdit = nullptr;
-    QLineEdit* frequEdit = nullptr;
+    Field* meridianEdit = nullptr;
+    Field* azimEdit = nullptr;
+    Field* frequEdit = nullptr;
 };

@@ -1,9 +1,10 @@
 #include "dialogs/st_match_dialog.h"
 
+#include <tuple>
+
 #include <QCheckBox>
 #include <QFormLayout>
 #include <QLabel>
-#include <QLineEdit>
 
 #include "dialogs/form.h"
 
@@ -47,31 +48,37 @@ StMatchDialog::StMatchDialog(QWidget* parent) : QDialog(parent)
     connect(drfBox, &QCheckBox::toggled, this, &StMatchDialog::dirSlot);
 }
 
-void StMatchDialog::setParams(double az, double el, double mxa, double dra, double tm, int rdf, int drf, bool vis)
+void StMatchDialog::setValues(const Values& values)
 {
-    form::setNumber(azEdit, az);
-    form::setNumber(elEdit, el);
-    form::setNumber(mxaEdit, mxa);
-    form::setNumber(draEdit, dra);
-    form::setNumber(tmEdit, tm);
-    raBox->setChecked(rdf != 0);
-    drfBox->setChecked(drf != 0);
-    visBox->setChecked(vis);
+    form::setNumber(azEdit, values.az);
+    form::setNumber(elEdit, values.el);
+    form::setNumber(mxaEdit, values.mxa);
+    form::setNumber(draEdit, values.dra);
+    form::setNumber(tmEdit, values.tm);
+    raBox->setChecked(values.celestial);
+    drfBox->setChecked(values.directed);
+    visBox->setChecked(values.majorOnly);
     raSlot();
     dirSlot();
+}
+
+StMatchDialog::Values StMatchDialog::values() const
+{
+    return {form::number(azEdit), form::number(elEdit), form::number(mxaEdit), form::number(draEdit),
+            form::number(tmEdit), raBox->isChecked(),   drfBox->isChecked(),   visBox->isChecked()};
+}
+
+void StMatchDialog::setParams(double az, double el, double mxa, double dra, double tm, int rdf, int drf, bool vis)
+{
+    setValues({az, el, mxa, dra, tm, rdf != 0, drf != 0, vis});
 }
 
 void StMatchDialog::getParams(double& az, double& el, double& mxa, double& dra, double& tm, int& rdf, int& drf,
                               bool& vis)
 {
-    az = form::number(azEdit);
-    el = form::number(elEdit);
-    mxa = form::number(mxaEdit);
-    dra = form::number(draEdit);
-    tm = form::number(tmEdit);
-    rdf = raBox->isChecked() ? 1 : 0;
-    drf = drfBox->isChecked() ? 1 : 0;
-    vis = visBox->isChecked();
+    const Values v = values();
+    std::tie(az, el, mxa, dra, tm) = std::tuple(v.az, v.el, v.mxa, v.dra, v.tm);
+    std::tie(rdf, drf, vis) = std::tuple(v.celestial ? 1 : 0, v.directed ? 1 : 0, v.majorOnly);
 }
 
 void StMatchDialog::raSlot()

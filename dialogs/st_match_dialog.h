@@ -3,9 +3,9 @@
 
 #include <QDialog>
 
+class Field;
 class QCheckBox;
 class QLabel;
-class QLineEdit;
 
 class StMatchDialog : public QDialog
 {
@@ -14,9 +14,22 @@ class StMatchDialog : public QDialog
 public:
     explicit StMatchDialog(QWidget* parent = nullptr);
 
+    /// A sighting, and how near to it a satellite must come.
+    struct Values
+    {
+        double az = 0, el = 0;   // degrees; with `celestial` packed HH.MMSS and DD.MMSS
+        double mxa = 0;          // greatest distance, degrees
+        double dra = 0;          // direction of the movement, degrees: 0 up, 90 to the right
+        double tm = 0;           // time either way, minutes
+        bool celestial = false;  // the position is right ascension and declination
+        bool directed = false;   // `dra` counts
+        bool majorOnly = false;  // fragments are left out
+    };
+    void setValues(const Values& values);
+    Values values() const;
+
 public Q_SLOTS:
-    /// The position is azimuth and elevation in degrees or, with `rdf`, packed HH.MMSS and DD.MMSS. `tm` is minutes, the
-    /// other two are degrees.
+    /// `setValues` and `values` one by one.
     virtual void setParams(double az, double el, double mxa, double dra, double tm, int rdf, int drf, bool vis);
 
     virtual void getParams(double& az, double& el, double& mxa, double& dra, double& tm, int& rdf, int& drf,
@@ -29,11 +42,11 @@ public Q_SLOTS:
     virtual void dirSlot();
 
 private:
-    QLineEdit* azEdit = nullptr;
-    QLineEdit* elEdit = nullptr;
-    QLineEdit* mxaEdit = nullptr;
-    QLineEdit* draEdit = nullptr;
-    QLineEdit* tmEdit = nullptr;
+    Field* azEdit = nullptr;
+    Field* elEdit = nullptr;
+    Field* mxaEdit = nullptr;
+    Field* draEdit = nullptr;
+    Field* tmEdit = nullptr;
     QCheckBox* raBox = nullptr;
     QCheckBox* drfBox = nullptr;
     QCheckBox* visBox = nullptr;

@@ -1,9 +1,11 @@
 #include "dialogs/st_obs_dialog.h"
 
+#include <tuple>
+
 #include <QFormLayout>
 #include <QHBoxLayout>
-#include <QLineEdit>
 #include <QRadioButton>
+#include <QSignalBlocker>
 #include <QVBoxLayout>
 
 #include "astro/angles.h"
@@ -24,8 +26,9 @@ StObsDialog::StObsDialog(QWidget* parent) : QDialog(parent)
                                 "number is chosen below.")});
     heightEdit = form::addEdit(rows, "heightEdit", tr("&Height (in m):"),
                                {tr("Height of the observing site above sea level in metres.")});
-    locEdit = form::addEdit(rows, "locEdit", tr("&Name of Location:"),
-                            {tr("A name for the observing site. It appears in reports; 30 characters are kept.")});
+    locEdit =
+        form::addTextEdit(rows, "locEdit", tr("&Name of Location:"),
+                          {tr("A name for the observing site. It appears in reports; 30 characters are kept.")});
     column->addLayout(rows);
     form::addText(column, "signLabel", tr("Western longitudes and Southern latitudes are negative"));
 
@@ -44,44 +47,59 @@ StObsDialog::StObsDialog(QWidget* parent) : QDialog(parent)
     connect(decButton, &QRadioButton::toggled, this, [this](bool on) { on ? setDec() : setDdmm(); });
 }
 
+void StObsDialog::setValues(const Values& values)
+{
+    const QSignalBlocker quiet(decButton);  // the place is shown once, in its form
+    decButton->setChecked(!values.packed);
+    ddmmButton->setChecked(values.packed);
+    showPlace(values.lat, values.lng, values.packed);
+    form::setNumber(heightEdit, values.height);
+    form::setName(locEdit, values.name);
+}
+
+StObsDialog::Values StObsDialog::values() const
+{
+    const bool packed = ddmmButton->isChecked();
+    return {degreesIn(latEdit, packed), degreesIn(lngEdit, packed), form::number(heightEdit), packed,
+            locEdit->text()};
+}
+
 void StObsDialog::setParams(double lat, double lng, double height, char* geoname, bool ddmm)
 {
-    decButton->setChecked(!ddmm);
-    ddmmButton->setChecked(ddmm);
-    showPlace(ddmm ? DegFDms(lat) : lat, ddmm ? DegFDms(lng) : lng);
-    form::setNumber(heightEdit, height);
-    form::setName(locEdit, textQString(geoname));
+    setValues({lat, lng, height, ddmm, textQString(geoname)});
 }
 
 void StObsDialog::getParams(double& lat, double& lng, double& height, bool& ddmm)
 {
-    ddmm = ddmmButton->isChecked();
-    lat = form::number(latEdit);
-    lng = form::number(lngEdit);
-    if (ddmm) {
-        lat = DmsDegF(lat);
-        lng = DmsDegF(lng);
-    }
-    height = form::number(heightEdit);
+    const Values v = values();
+    std::tie(lat, lng, height, ddmm) = std::tuple(v.lat, v.lng, v.height, v.packed);
 }
 
 QString StObsDialog::getGeoname()
 {
-    return locEdit->text();
+    return values().name;
 }
 
 void StObsDialog::setDec()
 {
-    showPlace(DmsDegF(form::number(latEdit)), DmsDegF(form::number(lngEdit)));
+    showPlace(degreesIn(latEdit, true), degreesIn(lngEdit, true), false);
 }
 
 void StObsDialog::setDdmm()
 {
-    showPlace(DegFDms(form::number(latEdit)), DegFDms(form::number(lngEdit)));
+    showPlace(degreesIn(latEdit, false), degreesIn(lngEdit, false), true);
 }
 
-void StObsDialog::showPlace(double lat, double lng)
+/// The decimal degrees that a field stands for: those behind the text shown, or the text typed in the form chosen.
+double StObsDialog::degreesIn(const Field* field, bool packed) const
 {
-    form::setNumber(latEdit, lat);
-    lngEdit->setText(shownLongitude(lng));
+    if (field->isAsShown() || !packed)
+        return field->value();
+    return DmsDegF(field->value());
+}
+
+void StObsDialog::showPlace(double lat, double lng, bool packed)
+{
+    latEdit->showValue(lat, shownNumber(packed ? DegFDms(lat) : lat));
+    lngEdit->showValue(lng, shownLongitude(packed ? DegFDms(lng) : lng));
 }

@@ -3,7 +3,7 @@
 
 #include <QDialog>
 
-class QLineEdit;
+class Field;
 class QRadioButton;
 
 class StObsDialog : public QDialog
@@ -13,26 +13,39 @@ class StObsDialog : public QDialog
 public:
     explicit StObsDialog(QWidget* parent = nullptr);
 
+    /// A place on the Earth.
+    struct Values
+    {
+        double lat = 0, lng = 0;  // decimal degrees, north and east positive
+        double height = 0;        // metres
+        bool packed = false;      // the degrees are shown as DD.MMSS
+        QString name;
+    };
+    void setValues(const Values& values);
+    Values values() const;
+
 public Q_SLOTS:
-    /// Degrees, north and east positive, and metres. With `ddmm` the degrees are shown as DD.MMSS.
+    /// `setValues` one by one.
     virtual void setParams(double lat, double lng, double height, char* geoname, bool ddmm);
 
-    /// Decimal degrees in either form of the dialog.
+    /// `values` one by one, without the name.
     virtual void getParams(double& lat, double& lng, double& height, bool& ddmm);
 
+    /// The name of the place as it stands in its field.
     virtual QString getGeoname();
 
-    /// Turns latitude and longitude, as they stand, from DD.MMSS into decimal degrees, and back.
+    /// Turns latitude and longitude from DD.MMSS into decimal degrees, and back.
     virtual void setDec();
     virtual void setDdmm();
 
 private:
-    void showPlace(double lat, double lng);
+    double degreesIn(const Field* field, bool packed) const;
+    void showPlace(double lat, double lng, bool packed);
 
-    QLineEdit* latEdit = nullptr;
-    QLineEdit* lngEdit = nullptr;
-    QLineEdit* heightEdit = nullptr;
-    QLineEdit* locEdit = nullptr;
+    Field* latEdit = nullptr;
+    Field* lngEdit = nullptr;
+    Field* heightEdit = nullptr;
+    Field* locEdit = nullptr;
     QRadioButton* decButton = nullptr;
     QRadioButton* ddmmButton = nullptr;
 };

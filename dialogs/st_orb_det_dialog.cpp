@@ -1,10 +1,11 @@
 #include "dialogs/st_orb_det_dialog.h"
 
+#include <tuple>
+
 #include <QCheckBox>
 #include <QFormLayout>
 #include <QHBoxLayout>
 #include <QLabel>
-#include <QLineEdit>
 #include <QPushButton>
 #include <QVBoxLayout>
 
@@ -60,33 +61,47 @@ void StOrbDetDialog::addBoxes(QFormLayout* rows)
                       tr("Try to match satellite.")});
 }
 
+void StOrbDetDialog::setValues(const Values& values, bool picture)
+{
+    showSightings(values.first, values.second);
+    form::setNumber(deltmEdit, values.deltm);
+    matchBox->setChecked(values.match);
+    form::setShown(picButton, picture);
+}
+
+void StOrbDetDialog::showSightings(const Sighting& first, const Sighting& second)
+{
+    form::setNumber(az1Edit, first.az);
+    form::setNumber(el1Edit, first.el);
+    form::setNumber(az2Edit, second.az);
+    form::setNumber(el2Edit, second.el);
+    obs1Box->setChecked(first.celestial);
+    obs2Box->setChecked(second.celestial);
+    obs1Slot();
+    obs2Slot();
+}
+
+StOrbDetDialog::Values StOrbDetDialog::values() const
+{
+    return {{form::number(az1Edit), form::number(el1Edit), obs1Box->isChecked()},
+            {form::number(az2Edit), form::number(el2Edit), obs2Box->isChecked()},
+            form::number(deltmEdit),
+            matchBox->isChecked()};
+}
+
 void StOrbDetDialog::setParams(double az1, double el1, double az2, double el2, double deltm, int az1flg, int az2flg,
                                bool odm, bool odp)
 {
-    form::setNumber(az1Edit, az1);
-    form::setNumber(el1Edit, el1);
-    form::setNumber(az2Edit, az2);
-    form::setNumber(el2Edit, el2);
-    form::setNumber(deltmEdit, deltm);
-    obs1Box->setChecked(az1flg != 0);
-    obs2Box->setChecked(az2flg != 0);
-    matchBox->setChecked(odm);
-    form::setShown(picButton, odp);
-    obs1Slot();
-    obs2Slot();
+    setValues({{az1, el1, az1flg != 0}, {az2, el2, az2flg != 0}, deltm, odm}, odp);
 }
 
 void StOrbDetDialog::getParams(double& az1, double& el1, double& az2, double& el2, double& deltm, int& az1flg,
                                int& az2flg, bool& odm)
 {
-    az1 = form::number(az1Edit);
-    el1 = form::number(el1Edit);
-    az2 = form::number(az2Edit);
-    el2 = form::number(el2Edit);
-    deltm = form::number(deltmEdit);
-    az1flg = obs1Box->isChecked() ? 1 : 0;
-    az2flg = obs2Box->isChecked() ? 1 : 0;
-    odm = matchBox->isChecked();
+    const Values v = values();
+    std::tie(az1, el1, az1flg) = std::tuple(v.first.az, v.first.el, v.first.celestial ? 1 : 0);
+    std::tie(az2, el2, az2flg) = std::tuple(v.second.az, v.second.el, v.second.celestial ? 1 : 0);
+    std::tie(deltm, odm) = std::tuple(v.deltm, v.match);
 }
 
 void StOrbDetDialog::obs1Slot()
@@ -105,30 +120,14 @@ void StOrbDetDialog::obs2Slot()
 
 void StOrbDetDialog::revSlot()
 {
-    const QString az1 = az1Edit->text();
-    const QString el1 = el1Edit->text();
-    const bool obs1 = obs1Box->isChecked();
-    az1Edit->setText(az2Edit->text());
-    el1Edit->setText(el2Edit->text());
-    obs1Box->setChecked(obs2Box->isChecked());
-    az2Edit->setText(az1);
-    el2Edit->setText(el1);
-    obs2Box->setChecked(obs1);
+    const Values v = values();
+    showSightings(v.second, v.first);
 }
 
 void StOrbDetDialog::picSlot()
 {
-    double ra1 = 0;
-    double dec1 = 0;
-    double ra2 = 0;
-    double dec2 = 0;
-    vsGetPict(ra1, dec1, ra2, dec2);
-    form::setNumber(az1Edit, ra1);
-    form::setNumber(el1Edit, dec1);
-    form::setNumber(az2Edit, ra2);
-    form::setNumber(el2Edit, dec2);
-    obs1Box->setChecked(true);
-    obs2Box->setChecked(true);
-    obs1Slot();
-    obs2Slot();
+    Sighting first{0, 0, true};
+    Sighting second{0, 0, true};
+    vsGetPict(first.az, first.el, second.az, second.el);
+    showSightings(first, second);
 }

@@ -3,9 +3,9 @@
 
 #include <QDialog>
 
+class Field;
 class QCheckBox;
 class QFormLayout;
-class QLineEdit;
 class QPushButton;
 
 class StOrbDetDialog : public QDialog
@@ -15,15 +15,34 @@ class StOrbDetDialog : public QDialog
 public:
     explicit StOrbDetDialog(QWidget* parent = nullptr);
 
+    /// Where a satellite was seen.
+    struct Sighting
+    {
+        double az = 0, el = 0;   // degrees; with `celestial` packed HH.MMSS and DD.MMSS
+        bool celestial = false;  // the position is right ascension and declination
+    };
+
+    /// Two sightings, and whether catalogue satellites are compared with them.
+    struct Values
+    {
+        Sighting first, second;
+        double deltm = 0;  // seconds from the first to the second
+        bool match = false;
+    };
+
+    /// `picture`: a picture has two trail ends to offer.
+    void setValues(const Values& values, bool picture);
+    Values values() const;
+
 public Q_SLOTS:
-    /// Each position is azimuth and elevation in degrees or, with its flag, packed HH.MMSS and DD.MMSS; `deltm` is
-    /// seconds. `odp`: a picture has two trail ends to offer.
+    /// `setValues` and `values` one by one.
     virtual void setParams(double az1, double el1, double az2, double el2, double deltm, int az1flg, int az2flg,
                            bool odm, bool odp);
 
     virtual void getParams(double& az1, double& el1, double& az2, double& el2, double& deltm, int& az1flg,
                            int& az2flg, bool& odm);
 
+    /// The labels of a position follow its form.
     virtual void obs1Slot();
     virtual void obs2Slot();
 
@@ -34,13 +53,14 @@ public Q_SLOTS:
     virtual void picSlot();
 
 private:
+    void showSightings(const Sighting& first, const Sighting& second);
     void addBoxes(QFormLayout* rows);
 
-    QLineEdit* az1Edit = nullptr;
-    QLineEdit* el1Edit = nullptr;
-    QLineEdit* az2Edit = nullptr;
-    QLineEdit* el2Edit = nullptr;
-    QLineEdit* deltmEdit = nullptr;
+    Field* az1Edit = nullptr;
+    Field* el1Edit = nullptr;
+    Field* az2Edit = nullptr;
+    Field* el2Edit = nullptr;
+    Field* deltmEdit = nullptr;
     QCheckBox* obs1Box = nullptr;
     QCheckBox* obs2Box = nullptr;
     QCheckBox* matchBox = nullptr;

@@ -1,7 +1,6 @@
 #include "dialogs/st_pass_dialog.h"
 
 #include <QHBoxLayout>
-#include <QMessageBox>
 #include <QPushButton>
 #include <QTextEdit>
 #include <QVBoxLayout>
@@ -34,7 +33,7 @@ StPassDialog::StPassDialog(QWidget* parent) : QDialog(parent)
     setWindowTitle(tr("Pass Details"));
     auto* column = new QVBoxLayout;
     passEdit = form::addTextView(
-        column, "passEdit",
+        column, "passEdit", tr("Pass Details"),
         {tr("The pass step by step: where the satellite stands at each time, and the apparent pole of its track.")});
     passEdit->setLineWrapMode(QTextEdit::NoWrap);
     auto* buttons = new QHBoxLayout;
@@ -82,5 +81,5 @@ void StPassDialog::gtrackSlot()
 void StPassDialog::save(int mode)
 {
     if (vsSavePassDt(mode))
-        QMessageBox::information(this, tr("Vorlix"), tr("Saved on File ") + fieldQString(indata->savename));
+        form::say(this, tr("Saved on File ") + fieldQString(indata->savename));
 }

@@ -12,7 +12,7 @@ StQuickDialog::StQuickDialog(QWidget* parent) : QDialog(parent)
 {
     setWindowTitle(tr("Quick Help"));
     auto* content = new QVBoxLayout;
-    textEdit1 = form::addTextView(content, "textEdit1", {tr("The manual of Vorlix.")});
+    textEdit1 = form::addTextView(content, "textEdit1", tr("Quick Help"), {tr("The manual of Vorlix.")});
     textEdit1->setMinimumSize(520, 340);
     auto* buttons = new QHBoxLayout;
     QPushButton* ok = form::addButton(buttons, "okButton", tr("&OK"), "Alt+O", {tr("Closes the window.")});

@@ -1,8 +1,9 @@
 #include "dialogs/st_rem_sat_dialog.h"
 
+#include <algorithm>
+
 #include <QCheckBox>
 #include <QGridLayout>
-#include <QLineEdit>
 #include <QPushButton>
 #include <QVBoxLayout>
 
@@ -36,9 +37,10 @@ void StRemSatDialog::addRow(QVBoxLayout* column, int i)
     auto* row = new QHBoxLayout;
     auto* box = form::addBox(row, qPrintable(QString("satBox%1").arg(i + 1)), digit, shortcut.constData(), help);
     box->setMinimumWidth(box->fontMetrics().horizontalAdvance("00") + box->sizeHint().height() + 12);
-    auto* name = new QLineEdit;
+    auto* name = new Field(Field::Kind::text);
     name->setObjectName(QString("satEdit%1").arg(i + 1));
     name->setWhatsThis(help.whatsThis);
+    name->setAccessibleName(tr("Satellite %1").arg(i + 1));
     name->setReadOnly(true);
     row->addWidget(name);
     column->addLayout(row);
@@ -49,19 +51,28 @@ void StRemSatDialog::addRow(QVBoxLayout* column, int i)
 void StRemSatDialog::setParams(int satnr)
 {
     const int rows = static_cast<int>(boxes.size());
-    nboxes = satnr < 0 ? 0 : satnr > rows ? rows : satnr;
+    nboxes = std::clamp(satnr, 0, rows);
     for (int i = 0; i < rows; ++i) {
         const auto k = static_cast<std::size_t>(i);
+        const QString name = i < nboxes ? vsSatName(i + 1) : QString();
         form::setShown(boxes[k], i < nboxes);
         form::setShown(names[k], i < nboxes);
-        names[k]->setText(i < nboxes ? vsSatName(i + 1) : QString());
+        names[k]->setText(name);
+        boxes[k]->setAccessibleName(name.trimmed());
     }
+}
+
+std::array<bool, 10> StRemSatDialog::values() const
+{
+    std::array<bool, 10> marked{};
+    for (std::size_t k = 0; k < boxes.size(); ++k)
+        marked[k] = static_cast<int>(k) < nboxes && boxes[k]->isChecked();
+    return marked;
 }
 
 void StRemSatDialog::getParams(bool* sats)
 {
-    for (std::size_t k = 0; k < boxes.size(); ++k)
-        sats[k] = static_cast<int>(k) < nboxes && boxes[k]->isChecked();
+    std::ranges::copy(values(), sats);
 }
 
 void StRemSatDialog::alldlt()

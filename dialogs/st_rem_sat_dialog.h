@@ -5,8 +5,8 @@
 
 #include <array>
 
+class Field;
 class QCheckBox;
-class QLineEdit;
 class QVBoxLayout;
 
 /// The rows in use of the dialog on show.
@@ -19,10 +19,14 @@ class StRemSatDialog : public QDialog
 public:
     explicit StRemSatDialog(QWidget* parent = nullptr);
 
+    /// Which of the ten slots are marked; those beyond the rows in use never are.
+    std::array<bool, 10> values() const;
+
 public Q_SLOTS:
+    /// Shows the first `satnr` satellites of the record.
     virtual void setParams(int satnr);
 
-    /// @param sats  ten flags, all of them written
+    /// `values` as ten flags, all of them written.
     virtual void getParams(bool* sats);
 
     /// Marks all satellites; nothing is removed before OK.
@@ -32,5 +36,5 @@ private:
     void addRow(QVBoxLayout* column, int i);
 
     std::array<QCheckBox*, 10> boxes{};
-    std::array<QLineEdit*, 10> names{};
+    std::array<Field*, 10> names{};
 };

@@ -4,7 +4,6 @@
 #include <QFormLayout>
 #include <QHBoxLayout>
 #include <QLabel>
-#include <QLineEdit>
 #include <QPushButton>
 #include <QTextEdit>
 #include <QVBoxLayout>
@@ -15,7 +14,7 @@
 namespace {
 
 /// The search text for its field. A record that has not searched yet holds blanks; the field is then empty, so that
-/// what is typed behind a click does not begin with them.
+/// what is typed after a click does not begin with them.
 QString searchText(const QString& recorded)
 {
     return recorded.trimmed().isEmpty() ? QString() : recorded;
@@ -27,7 +26,7 @@ StSelSatDialog::StSelSatDialog(QWidget* parent) : QDialog(parent)
 {
     setWindowTitle(tr("Select Satellite"));
     auto* column = new QVBoxLayout;
-    satinfEdit = form::addTextView(column, "satinfEdit",
+    satinfEdit = form::addTextView(column, "satinfEdit", tr("Satellites"),
                                    {tr("The selected satellites or, after a search, the elements of the satellite "
                                        "found.")});
     // with this distance the colons of a report stand below each other
@@ -48,17 +47,19 @@ StSelSatDialog::StSelSatDialog(QWidget* parent) : QDialog(parent)
 void StSelSatDialog::addSearch(QVBoxLayout* column)
 {
     auto* rows = new QFormLayout;
-    satnameEdit = form::addEdit(rows, "satnameEdit", tr("Satellite &Name:"),
-                                {tr("The beginning of the name is enough, and small letters match capitals. A launch "
-                                    "designator is given in full or from its beginning, for example 1998-067A."),
-                                 tr("Name to search for. '*' for all satellites.")});
+    satnameEdit =
+        form::addTextEdit(rows, "satnameEdit", tr("Satellite &Name:"),
+                          {tr("The beginning of the name is enough, and small letters match capitals. A launch "
+                              "designator is given in full or from its beginning, for example 1998-067A."),
+                           tr("Name to search for. '*' for all satellites.")});
     idsnBox = form::addBox(rows, "idsnBox", tr("Select Int.&Launch #"), "Alt+L",
                            {tr("If marked, the text above is an international launch designator instead of a name."),
                             tr("Select via International Launch Designator")});
-    noradEdit = form::addEdit(rows, "noradEdit", tr("NORA&D#:"),
-                              {tr("The number of the satellite in the catalogue. After a search it is that of the "
-                                  "satellite found."),
-                               tr("NORAD catalogue number.")});
+    noradEdit =
+        form::addWholeEdit(rows, "noradEdit", tr("NORA&D#:"),
+                           {tr("The number of the satellite in the catalogue. After a search it is that of the "
+                               "satellite found."),
+                            tr("NORAD catalogue number.")});
     noradBox =
         form::addBox(rows, "noradBox", tr("Select NO&RAD#"), "Alt+R",
                      {tr("If marked, the satellite is searched by its catalogue number and not by its name.")});
@@ -207,7 +208,7 @@ void StSelSatDialog::lowSlot()
     vsLowRecent(lowBox->isChecked() ? 1 : 0, recentBox->isChecked() ? 1 : 0);
 }
 
-// NOLINTNEXTLINE(performance-unnecessary-value-param): the signature is fixed
+// NOLINTNEXTLINE(performance-unnecessary-value-param): a slot takes its text by value
 void StSelSatDialog::dSatInfo(QString s1)
 {
     showLastSearch();

@@ -3,10 +3,10 @@
 
 #include <QDialog>
 
+class Field;
 class QBoxLayout;
 class QCheckBox;
 class QLabel;
-class QLineEdit;
 class QPushButton;
 class QTextEdit;
 class QVBoxLayout;
@@ -63,8 +63,8 @@ private:
     QPushButton* findButton = nullptr;
     QPushButton* moreButton = nullptr;
     QPushButton* selectButton = nullptr;
-    QLineEdit* noradEdit = nullptr;
-    QLineEdit* satnameEdit = nullptr;
+    Field* noradEdit = nullptr;
+    Field* satnameEdit = nullptr;
     QCheckBox* noradBox = nullptr;
     QCheckBox* lowBox = nullptr;
     QCheckBox* recentBox = nullptr;

@@ -1,21 +1,35 @@
 #include "dialogs/st_state_dialog.h"
 
+#include <algorithm>
+#include <tuple>
+
 #include <QCheckBox>
 #include <QFormLayout>
 #include <QGroupBox>
 #include <QHBoxLayout>
-#include <QLineEdit>
 #include <QPushButton>
 #include <QRadioButton>
 #include <QVBoxLayout>
 
 #include "astro/calendar.h"
+#include "design/satellite_slots.h"
 #include "dialogs/epoch_edit.h"
 #include "dialogs/form.h"
-#include "orbit/conversions.h"
+#include "record/winp_data.h"
 
 int stdtmje = frame::meanOfDate;
 bool stdnmflg = false;
+
+namespace {
+
+StStateDialog::State turned(StStateDialog::State s, int from, int to, double mjd)
+{
+    if (from != to)
+        vsRefState(from, to, mjd, s[0], s[1], s[2], s[3], s[4], s[5]);
+    return s;
+}
+
+}  // namespace
 
 StStateDialog::StStateDialog(QWidget* parent) : QDialog(parent)
 {
@@ -52,6 +66,7 @@ void StStateDialog::addEpoch(QFormLayout* rows)
     dayEdit = form::addEdit(
         rows, "dayEdit", tr("Day of Year. &Fraction of day:"),
         {tr("The day of the year with its fraction in UTC; 1.0 is the start of January 1."), tr("Day of the year")});
+    doubtEpoch({yearEdit, dayEdit});
 }
 
 void StStateDialog::addState(QFormLayout* rows)
@@ -125,52 +140,70 @@ void StStateDialog::addForces(QVBoxLayout* column)
     column->addLayout(rows);
 }
 
+void StStateDialog::setValues(const Values& values)
+{
+    const bool known = values.frame >= frame::trueOfDate && values.frame <= frame::earthFixed;
+    given = values;
+    state = values.state;
+    stdnmflg = values.numeric;
+    stdtmje = known ? values.frame : frame::trueOfDate;
+    showForces(values);
+    cstateBox->setChecked(values.reset);
+    form::setNumber(yearEdit, values.epoch.year);
+    form::setPrinted(dayEdit, dayFormat, values.epoch.day);
+    showState();
+    frameButtons[static_cast<std::size_t>(stdtmje)]->setChecked(true);
+}
+
+StStateDialog::Values StStateDialog::values() const
+{
+    const Forces forces{form::number(f107Edit), form::number(fb107Edit), form::number(kpEdit),
+                        form::number(crEdit),   form::number(cdEdit),    form::number(amEdit)};
+    return {stdnmflg,    {truncToInt(form::number(yearEdit)), form::number(dayEdit)},
+            meanState(), forces,
+            stdtmje,     cstateBox->isChecked()};
+}
+
+bool StStateDialog::isEdited() const
+{
+    const Values now = values();
+    return now.epoch != given.epoch || now.state != given.state || now.forces != given.forces;
+}
+
+void StStateDialog::storeUnedited() const
+{
+    indata->stref = stdtmje;
+    if (stdnmflg && cstateBox->isChecked() && hasState(*indata, indata->prs))
+        returnToEpoch(indata, indata->prs);
+}
+
 void StStateDialog::setParams(bool nmflg, double year, double day, double r0, double r1, double r2, double v0,
                               double v1, double v2, double ecc)
 {
-    stdnmflg = nmflg;
-    State state{r0, r1, r2, v0, v1, v2};
-    double f107 = 0, fb107 = 0, kp = 0, cr = 0, cd = 0, am = 0, storedEpoch = 0;
-    vsGetState(nmflg, f107, fb107, kp, stdtmje, cr, cd, am, state.x, state.y, state.z, state.vx, state.vy, state.vz,
+    Values v{nmflg, {truncToInt(year), day}, {r0, r1, r2, v0, v1, v2}, {}, stdtmje, true};
+    State& s = v.state;
+    Forces& f = v.forces;
+    double storedEpoch = 0;
+    const bool stored = nmflg && hasState(*indata, indata->prs);
+    vsGetState(stored, f.F107, f.FB107, f.Kp, v.frame, f.Cr, f.Cd, f.Am, s[0], s[1], s[2], s[3], s[4], s[5],
                storedEpoch);
-    if (stdtmje < frame::trueOfDate || stdtmje > frame::earthFixed)
-        stdtmje = frame::trueOfDate;
-    form::setNumber(f107Edit, f107);
-    form::setNumber(fb107Edit, fb107);
-    form::setNumber(kpEdit, kp);
-    form::setNumber(crEdit, cr);
-    form::setNumber(cdEdit, cd);
-    form::setNumber(amEdit, am);
-    cstateBox->setChecked(true);
-    showForces(nmflg);
-
-    form::setNumber(yearEdit, truncToInt(year));
-    form::setPrinted(dayEdit, dayFormat, day);
-    if (nmflg && ecc >= 1.0)
-        showEpoch({yearEdit, dayEdit}, storedEpoch, dayFormat);
-    if (stdtmje != frame::meanOfDate)
-        vsRefState(frame::meanOfDate, stdtmje, epoch(), state.x, state.y, state.z, state.vx, state.vy, state.vz);
-    showState(state);
-    frameButtons[static_cast<std::size_t>(stdtmje)]->setChecked(true);
+    if (stored && ecc >= 1.0)
+        v.epoch = editor::yearDay(storedEpoch);
+    setValues(v);
 }
 
 void StStateDialog::getParams(double& year, double& day, double& r0, double& r1, double& r2, double& v0, double& v1,
                               double& v2)
 {
-    State state = typedState();
-    if (stdtmje != frame::meanOfDate)
-        vsRefState(stdtmje, frame::meanOfDate, epoch(), state.x, state.y, state.z, state.vx, state.vy, state.vz);
-    year = form::number(yearEdit);
-    day = form::number(dayEdit);
-    vsPutState(stdnmflg, truncToInt(year), day, form::number(f107Edit), form::number(fb107Edit), form::number(kpEdit),
-               stdtmje, form::number(crEdit), form::number(cdEdit), form::number(amEdit), state.x, state.y, state.z,
-               state.vx, state.vy, state.vz, cstateBox->isChecked());
-    r0 = state.x;
-    r1 = state.y;
-    r2 = state.z;
-    v0 = state.vx;
-    v1 = state.vy;
-    v2 = state.vz;
+    const Values v = values();
+    const State& s = v.state;
+    const Forces& f = v.forces;
+    const bool reset = v.reset || !hasState(*indata, indata->prs);
+    vsPutState(v.numeric, v.epoch.year, v.epoch.day, f.F107, f.FB107, f.Kp, v.frame, f.Cr, f.Cd, f.Am, s[0], s[1],
+               s[2], s[3], s[4], s[5], reset);
+    indata->sgpsat = noSlot;
+    std::tie(year, day) = std::tuple(v.epoch.year, v.epoch.day);
+    std::tie(r0, r1, r2, v0, v1, v2) = std::tuple(s[0], s[1], s[2], s[3], s[4], s[5]);
 }
 
 void StStateDialog::timeSlot()
@@ -180,20 +213,40 @@ void StStateDialog::timeSlot()
 
 void StStateDialog::refSlot()
 {
-    const int before = stdtmje;
-    stdtmje = checkedFrame();
-    if (stdtmje == before || !cstateBox->isChecked())
+    const int chosen = checkedFrame();
+    if (chosen == stdtmje)
         return;
-    State state = typedState();
-    vsRefState(before, stdtmje, epoch(), state.x, state.y, state.z, state.vx, state.vy, state.vz);
-    showState(state);
+    if (cstateBox->isChecked()) {
+        state = meanState();
+        stdtmje = chosen;
+        showState();
+        return;
+    }
+    stdtmje = chosen;
+    shownState = typedState();
+    shownEpoch = epoch();
+    state = turned(shownState, stdtmje, frame::meanOfDate, shownEpoch);
 }
 
-void StStateDialog::showForces(bool shown)
+void StStateDialog::showForces(const Values& values)
 {
-    form::setShown(cstateBox, shown);
-    for (QLineEdit* edit : {f107Edit, fb107Edit, kpEdit, amEdit, cdEdit, crEdit})
-        form::setShown(edit, shown);
+    form::setNumber(f107Edit, values.forces.F107);
+    form::setNumber(fb107Edit, values.forces.FB107);
+    form::setNumber(kpEdit, values.forces.Kp);
+    form::setNumber(crEdit, values.forces.Cr);
+    form::setNumber(cdEdit, values.forces.Cd);
+    form::setNumber(amEdit, values.forces.Am);
+    form::setShown(cstateBox, values.numeric);
+    for (Field* edit : {f107Edit, fb107Edit, kpEdit, amEdit, cdEdit, crEdit})
+        form::setShown(edit, values.numeric);
+}
+
+void StStateDialog::showState()
+{
+    shownEpoch = epoch();
+    shownState = turned(state, frame::meanOfDate, stdtmje, shownEpoch);
+    for (std::size_t i = 0; i < stateEdits.size(); ++i)
+        form::setPrinted(stateEdits[i], "%20.12le", shownState[i]);
 }
 
 double StStateDialog::epoch() const
@@ -211,13 +264,15 @@ int StStateDialog::checkedFrame() const
 
 StStateDialog::State StStateDialog::typedState() const
 {
-    return {form::number(stateEdits[0]), form::number(stateEdits[1]), form::number(stateEdits[2]),
-            form::number(stateEdits[3]), form::number(stateEdits[4]), form::number(stateEdits[5])};
+    State typed{};
+    std::ranges::transform(stateEdits, typed.begin(), form::number);
+    return typed;
 }
 
-void StStateDialog::showState(const State& state)
+/// The state in the mean equator of date: to the last bit as it was while nobody has typed over it.
+StStateDialog::State StStateDialog::meanState() const
 {
-    const double values[] = {state.x, state.y, state.z, state.vx, state.vy, state.vz};
-    for (std::size_t i = 0; i < stateEdits.size(); ++i)
-        form::setPrinted(stateEdits[i], "%20.12le", values[i]);
+    if (typedState() == shownState && epoch() == shownEpoch)
+        return state;
+    return turned(typedState(), stdtmje, frame::meanOfDate, epoch());
 }

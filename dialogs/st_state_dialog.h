@@ -5,9 +5,12 @@
 
 #include <array>
 
+#include "design/editor_rules.h"
+#include "orbit/conversions.h"
+
+class Field;
 class QCheckBox;
 class QFormLayout;
-class QLineEdit;
 class QRadioButton;
 class QVBoxLayout;
 
@@ -24,8 +27,45 @@ class StStateDialog : public QDialog
 public:
     explicit StStateDialog(QWidget* parent = nullptr);
 
+    /// x, y, z in km, then the velocity in km/s.
+    using State = std::array<double, 6>;
+
+    /// Properties of a numeric satellite and of the space around it.
+    struct Forces
+    {
+        double F107 = 0;   // daily solar flux at 10.7 cm
+        double FB107 = 0;  // its average
+        double Kp = 0;     // geomagnetic index
+        double Cr = 0;     // radiation pressure coefficient
+        double Cd = 0;     // drag coefficient
+        double Am = 0;     // area/mass ratio, m^2/kg
+
+        bool operator==(const Forces&) const = default;
+    };
+
+    /// A state vector at its epoch.
+    struct Values
+    {
+        bool numeric = false;  // the forces count
+        editor::YearDay epoch;
+        State state{};  // mean equator of date
+        Forces forces;
+        int frame = frame::meanOfDate;  // in which the numbers are shown, a code of `vsRefState`
+        bool reset = true;              // the current state becomes that of the epoch
+    };
+    void setValues(const Values& values);
+    Values values() const;
+
+    /// Whether epoch, state or forces are no longer those of `setValues`.
+    bool isEdited() const;
+
+    /// Stores what is to be kept of a dialog without an edit: the frame and, of a numeric satellite with the box
+    /// marked, the return to its epoch state.
+    void storeUnedited() const;
+
 public Q_SLOTS:
-    /// km and km/s in the mean equator of date; with `nmflg` the stored epoch state is shown in place of it.
+    /// `setValues` one by one: km and km/s in the mean equator of date. With `nmflg` the epoch state of the prime
+    /// satellite is shown in place of it, if there is one.
     virtual void setParams(bool nmflg, double year, double day, double r0, double r1, double r2, double v0, double v1,
                            double v2, double ecc);
 
@@ -33,9 +73,10 @@ public Q_SLOTS:
     virtual void getParams(double& year, double& day, double& r0, double& r1, double& r2, double& v0, double& v1,
                            double& v2);
 
+    /// The date dialog on the epoch.
     virtual void timeSlot();
 
-    /// Turns the numbers into the frame just chosen, if the current state follows them.
+    /// Turns the numbers into the frame just chosen, if the current state follows them; otherwise they stay.
     virtual void refSlot();
 
 private:
@@ -43,25 +84,27 @@ private:
     void addState(QFormLayout* rows);
     void addFrames(QVBoxLayout* column);
     void addForces(QVBoxLayout* column);
-    void showForces(bool shown);
+    void showForces(const Values& values);
+    void showState();
     double epoch() const;
     int checkedFrame() const;
-    struct State
-    {
-        double x = 0, y = 0, z = 0, vx = 0, vy = 0, vz = 0;  // km, km/s
-    };
     State typedState() const;
-    void showState(const State& state);
+    State meanState() const;
 
-    QLineEdit* yearEdit = nullptr;
-    QLineEdit* dayEdit = nullptr;
-    std::array<QLineEdit*, 6> stateEdits{};       // x, y, z, vx, vy, vz
+    Values given;           // by the caller
+    State state{};          // that on show, mean equator of date,
+    State shownState{};     // in the frame of the dialog,
+    double shownEpoch = 0;  // at this MJD
+
+    Field* yearEdit = nullptr;
+    Field* dayEdit = nullptr;
+    std::array<Field*, 6> stateEdits{};           // x, y, z, vx, vy, vz
     std::array<QRadioButton*, 4> frameButtons{};  // in the order of the frame codes
     QCheckBox* cstateBox = nullptr;
-    QLineEdit* f107Edit = nullptr;
-    QLineEdit* fb107Edit = nullptr;
-    QLineEdit* kpEdit = nullptr;
-    QLineEdit* amEdit = nullptr;
-    QLineEdit* cdEdit = nullptr;
-    QLineEdit* crEdit = nullptr;
+    Field* f107Edit = nullptr;
+    Field* fb107Edit = nullptr;
+    Field* kpEdit = nullptr;
+    Field* amEdit = nullptr;
+    Field* cdEdit = nullptr;
+    Field* crEdit = nullptr;
 };

@@ -3,7 +3,7 @@
 
 #include <QDialog>
 
-class QLineEdit;
+class Field;
 
 class StStepDialog : public QDialog
 {
@@ -12,12 +12,22 @@ class StStepDialog : public QDialog
 public:
     explicit StStepDialog(QWidget* parent = nullptr);
 
+    /// The two parts add up.
+    struct Values
+    {
+        int minutes = 0;
+        double seconds = 0;
+    };
+    void setValues(const Values& values);
+    Values values() const;
+
 public Q_SLOTS:
+    /// `setValues` and `values` one by one.
     virtual void setParams(int min, double sec);
 
     virtual void getParams(int& min, double& sec);
 
 private:
-    QLineEdit* minEdit = nullptr;
-    QLineEdit* secEdit = nullptr;
+    Field* minEdit = nullptr;
+    Field* secEdit = nullptr;
 };

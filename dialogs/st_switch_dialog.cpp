@@ -1,5 +1,8 @@
 #include "dialogs/st_switch_dialog.h"
 
+#include <algorithm>
+#include <tuple>
+
 #include <QCheckBox>
 #include <QHBoxLayout>
 #include <QRadioButton>
@@ -29,25 +32,33 @@ StSwitchDialog::StSwitchDialog(QWidget* parent) : QDialog(parent)
     form::finish(this, column, buttons);
 }
 
-void StSwitchDialog::setParams(int prs, int rlm, int satn)
+void StSwitchDialog::setValues(const Values& values, int count)
 {
-    relativeBox->setChecked(rlm == 1);
+    relativeBox->setChecked(values.relative);
     for (int i = 0; i < static_cast<int>(satButtons.size()); ++i) {
         QRadioButton* button = satButtons[static_cast<std::size_t>(i)];
-        button->setChecked(i == prs);
-        form::setShown(button, i < satn);
-        if (i < satn) {
+        button->setChecked(i == values.prime);
+        form::setShown(button, i < count);
+        if (i < count) {
             const QString digit = i < 9 ? QString("&%1 ").arg(i + 1) : QString("1&0 ");
             button->setText(digit + vsSatName(i + 1).replace('&', "&&"));
         }
     }
 }
 
+StSwitchDialog::Values StSwitchDialog::values() const
+{
+    const auto chosen = std::ranges::find_if(satButtons, &QRadioButton::isChecked);
+    const int prime = chosen == satButtons.end() ? 0 : static_cast<int>(chosen - satButtons.begin());
+    return {prime, relativeBox->isChecked()};
+}
+
+void StSwitchDialog::setParams(int prs, int rlm, int satn)
+{
+    setValues({prs, rlm == 1}, satn);
+}
+
 void StSwitchDialog::getParams(int& prs, int& rlm)
 {
-    prs = 0;
-    for (int i = 0; i < static_cast<int>(satButtons.size()); ++i)
-        if (satButtons[static_cast<std::size_t>(i)]->isChecked())
-            prs = i;
-    rlm = relativeBox->isChecked() ? 1 : 0;
+    std::tie(prs, rlm) = std::tuple(values().prime, values().relative ? 1 : 0);
 }

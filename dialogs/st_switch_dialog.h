@@ -15,8 +15,19 @@ class StSwitchDialog : public QDialog
 public:
     explicit StSwitchDialog(QWidget* parent = nullptr);
 
+    /// The prime satellite, counted from 0, and whether the others are shown relative to it.
+    struct Values
+    {
+        int prime = 0;
+        bool relative = false;
+    };
+
+    /// Offers the first `count` satellites of the record.
+    void setValues(const Values& values, int count);
+    Values values() const;
+
 public Q_SLOTS:
-    /// `prs` counts from 0; buttons above `satn` are hidden.
+    /// `setValues` and `values` one by one; `rlm` is 1 in relative mode.
     virtual void setParams(int prs, int rlm, int satn);
 
     virtual void getParams(int& prs, int& rlm);

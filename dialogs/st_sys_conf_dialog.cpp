@@ -1,8 +1,9 @@
 #include "dialogs/st_sys_conf_dialog.h"
 
+#include <tuple>
+
 #include <QCheckBox>
 #include <QFormLayout>
-#include <QLineEdit>
 #include <QVBoxLayout>
 
 #include "dialogs/form.h"
@@ -27,10 +28,10 @@ void StSysConfDialog::addIntegration(QVBoxLayout* column)
                           "gives a more precise and slower propagation. A typical value is 1e-10."),
                        tr("Integration Tolerance.")});
     mxiEdit =
-        form::addEdit(rows, "mxiEdit", tr("&Maximum Number of Iterations:"),
-                      {tr("How often a single integration step is tried with a smaller width before it is taken "
-                          "as it is. 0 means no limit."),
-                       tr("Maximum number of iterations for one integration step.")});
+        form::addWholeEdit(rows, "mxiEdit", tr("&Maximum Number of Iterations:"),
+                           {tr("How often a single integration step is tried with a smaller width before it is taken "
+                               "as it is. 0 means no limit."),
+                            tr("Maximum number of iterations for one integration step.")});
     liftEdit = form::addEdit(rows, "liftEdit", tr("L&ift/Drag Ratio"),
                              {tr("The aerodynamic lift of a satellite as a fraction of its drag. 0 means no lift."),
                               tr("Lift to Drag Ratio")});
@@ -89,39 +90,43 @@ void StSysConfDialog::addCorrections(QVBoxLayout* column)
     column->addLayout(form::columns(left, right));
 }
 
+void StSysConfDialog::setValues(const Values& values)
+{
+    form::setNumber(tolEdit, values.tolerance);
+    form::setNumber(mxiEdit, values.maxIterations);
+    form::setNumber(liftEdit, values.lift);
+    form::setNumber(f107Edit, values.F107);
+    form::setNumber(fb107Edit, values.FB107);
+    form::setNumber(kpEdit, values.Kp);
+    form::setNumber(dragEdit, values.Cd);
+    form::setNumber(crEdit, values.Cr);
+    form::setNumber(amEdit, values.Am);
+    sunBox->setChecked(values.sun);
+    moonBox->setChecked(values.moon);
+    refractBox->setChecked(values.refraction);
+    atxBox->setChecked(values.extinction);
+}
+
+StSysConfDialog::Values StSysConfDialog::values() const
+{
+    return {form::number(tolEdit),   form::integer(mxiEdit), form::number(liftEdit), form::number(f107Edit),
+            form::number(fb107Edit), form::number(kpEdit),   form::number(dragEdit), form::number(crEdit),
+            form::number(amEdit),    sunBox->isChecked(),    moonBox->isChecked(),   refractBox->isChecked(),
+            atxBox->isChecked()};
+}
+
 void StSysConfDialog::setParams(double RKFtol, double dF107, double dFB107, double dKp, double dCd, double dCr,
                                 double dAm, double lift, bool sunf, bool moonf, bool refrc, int mxit, bool atmx)
 {
-    form::setNumber(tolEdit, RKFtol);
-    form::setNumber(f107Edit, dF107);
-    form::setNumber(fb107Edit, dFB107);
-    form::setNumber(kpEdit, dKp);
-    form::setNumber(dragEdit, dCd);
-    form::setNumber(crEdit, dCr);
-    form::setNumber(amEdit, dAm);
-    form::setNumber(liftEdit, lift);
-    form::setNumber(mxiEdit, mxit);
-    sunBox->setChecked(sunf);
-    moonBox->setChecked(moonf);
-    refractBox->setChecked(refrc);
-    atxBox->setChecked(atmx);
+    setValues({RKFtol, mxit, lift, dF107, dFB107, dKp, dCd, dCr, dAm, sunf, moonf, refrc, atmx});
 }
 
 void StSysConfDialog::getParams(double& RKFtol, double& dF107, double& dFB107, double& dKp, double& dCd, double& dCr,
                                 double& dAm, double& lift, bool& sunf, bool& moonf, bool& refrc, int& mxit,
                                 bool& atmx)
 {
-    RKFtol = form::number(tolEdit);
-    dF107 = form::number(f107Edit);
-    dFB107 = form::number(fb107Edit);
-    dKp = form::number(kpEdit);
-    dCd = form::number(dragEdit);
-    dCr = form::number(crEdit);
-    dAm = form::number(amEdit);
-    lift = form::number(liftEdit);
-    mxit = form::integer(mxiEdit);
-    sunf = sunBox->isChecked();
-    moonf = moonBox->isChecked();
-    refrc = refractBox->isChecked();
-    atmx = atxBox->isChecked();
+    const Values v = values();
+    std::tie(RKFtol, mxit, lift) = std::tuple(v.tolerance, v.maxIterations, v.lift);
+    std::tie(dF107, dFB107, dKp, dCd, dCr, dAm) = std::tuple(v.F107, v.FB107, v.Kp, v.Cd, v.Cr, v.Am);
+    std::tie(sunf, moonf, refrc, atmx) = std::tuple(v.sun, v.moon, v.refraction, v.extinction);
 }

@@ -1,14 +1,14 @@
 #include "dialogs/st_vis_dialog.h"
 
+#include <tuple>
+
 #include <QCheckBox>
 #include <QFormLayout>
 #include <QGroupBox>
 #include <QLabel>
-#include <QLineEdit>
 #include <QRadioButton>
 #include <QVBoxLayout>
 
-#include "design/visibility_rules.h"
 #include "dialogs/form.h"
 
 StVisDialog::StVisDialog(QWidget* parent) : QDialog(parent)
@@ -140,28 +140,36 @@ void StVisDialog::connectSlots()
         connect(button, &QAbstractButton::toggled, this, &StVisDialog::showSlot);
 }
 
+void StVisDialog::setConditions(const Conditions& values)
+{
+    form::setNumber(sunelEdit, values.sunel);
+    form::setNumber(satelEdit, values.satel);
+    form::setNumber(epochEdit, values.yrepoch);
+    form::setNumber(yawEdit, values.angle1);
+    form::setNumber(pitchEdit, values.angle2);
+    visBox->setChecked(values.visible);
+    moonBox->setChecked(values.moonlight);
+}
+
+StVisDialog::Conditions StVisDialog::conditions() const
+{
+    return {form::number(sunelEdit), form::number(satelEdit), form::number(epochEdit), form::number(yawEdit),
+            form::number(pitchEdit), visBox->isChecked(),     moonBox->isChecked()};
+}
+
 void StVisDialog::setParams(double sunel, double satel, double yrepoch, double occra, double occdec, int visflg,
                             int moonflg)
 {
-    form::setNumber(sunelEdit, sunel);
-    form::setNumber(satelEdit, satel);
-    form::setNumber(epochEdit, yrepoch);
-    form::setNumber(yawEdit, occra);
-    form::setNumber(pitchEdit, occdec);
-    visBox->setChecked(visflg != 0);
-    moonBox->setChecked(moonflg != 0);
+    setConditions({sunel, satel, yrepoch, occra, occdec, visflg != 0, moonflg != 0});
 }
 
 void StVisDialog::getParams(double& sunel, double& satel, double& yrepoch, double& occra, double& occdec, int& visflg,
                             int& moonflg)
 {
-    sunel = form::number(sunelEdit);
-    satel = form::number(satelEdit);
-    yrepoch = form::number(epochEdit);
-    occra = form::number(yawEdit);
-    occdec = form::number(pitchEdit);
-    visflg = visBox->isChecked() ? 1 : 0;
-    moonflg = moonBox->isChecked() ? 1 : 0;
+    const Conditions c = conditions();
+    std::tie(sunel, satel, yrepoch) = std::tuple(c.sunel, c.satel, c.yrepoch);
+    std::tie(occra, occdec) = std::tuple(c.angle1, c.angle2);
+    std::tie(visflg, moonflg) = std::tuple(c.visible ? 1 : 0, c.moonlight ? 1 : 0);
 }
 
 void StVisDialog::showSlot()
@@ -206,41 +214,55 @@ void StVisDialog::showAngles()
     form::labelOf(pitchEdit)->setText(inTheSky ? tr("Dec.(DDD.MMSS):") : tr("Pitch (deg):"));
 }
 
+void StVisDialog::setModes(const Modes& values)
+{
+    smplotBox->setChecked(values.diskPlot);
+    occBox->setChecked(values.occflg >= 1);
+    (values.occflg == 3 ? radecButton : values.occflg == 2 ? moonButton : sunButton)->setChecked(true);
+    iridBox->setChecked(values.iridium);
+    flarBox->setChecked(values.flares);
+    knownBox->setChecked(values.variant.knownSurface);
+    localBox->setChecked(values.variant.localAttitude);
+    ystBox->setChecked(values.yawSteering);
+    eclBox->setChecked(values.eclipse);
+    solfBox->setChecked(values.solarPanels);
+    flrmagBox->setChecked(values.flareMagnitude);
+    form::setNumber(flrmxEdit, values.brightest);
+    cylBox->setChecked(values.cylinder);
+    showSlot();
+}
+
+StVisDialog::Modes StVisDialog::modes() const
+{
+    const int body = radecButton->isChecked() ? 3 : moonButton->isChecked() ? 2 : 1;
+    return {smplotBox->isChecked(),
+            occBox->isChecked() ? body : 0,
+            iridBox->isChecked(),
+            flarBox->isChecked(),
+            {knownBox->isChecked(), localBox->isChecked()},
+            ystBox->isChecked(),
+            eclBox->isChecked(),
+            solfBox->isChecked(),
+            flrmagBox->isChecked(),
+            form::number(flrmxEdit),
+            cylBox->isChecked() && !solfBox->isChecked()};
+}
+
 void StVisDialog::setParam2(int sunmplt, int occflg, int iridflg, int flarflg, int flarmod, int flaryst, bool eclflg,
                             bool solflar, bool flrmgf, double flrmgx, bool cylflg)
 {
-    const FlareVariant variant = flareVariant(flarmod);
-    smplotBox->setChecked(sunmplt != 0);
-    occBox->setChecked(occflg >= 1);
-    (occflg == 3 ? radecButton : occflg == 2 ? moonButton : sunButton)->setChecked(true);
-    iridBox->setChecked(iridflg == 3);
-    flarBox->setChecked(flarflg != 0);
-    knownBox->setChecked(variant.knownSurface);
-    localBox->setChecked(variant.localAttitude);
-    ystBox->setChecked(flaryst != 0);
-    eclBox->setChecked(eclflg);
-    solfBox->setChecked(solflar);
-    flrmagBox->setChecked(flrmgf);
-    form::setNumber(flrmxEdit, flrmgx);
-    cylBox->setChecked(cylflg);
-    showSlot();
+    setModes({sunmplt != 0, occflg, iridflg == 3, flarflg != 0, flareVariant(flarmod), flaryst != 0, eclflg, solflar,
+              flrmgf, flrmgx, cylflg});
 }
 
 void StVisDialog::getParam2(int& sunmplt, int& occflg, int& iridflg, int& flarflg, int& flarmod, int& flaryst,
                             bool& eclflg, bool& solflar, bool& flrmgf, double& flrmgx, bool& cylflg)
 {
-    const int body = radecButton->isChecked() ? 3 : moonButton->isChecked() ? 2 : 1;
-    sunmplt = smplotBox->isChecked() ? 1 : 0;
-    occflg = occBox->isChecked() ? body : 0;
-    iridflg = iridBox->isChecked() ? 3 : 0;
-    flarflg = flarBox->isChecked() ? 1 : 0;
-    flarmod = flareMode({knownBox->isChecked(), localBox->isChecked()});
-    flaryst = ystBox->isChecked() ? 1 : 0;
-    eclflg = eclBox->isChecked();
-    solflar = solfBox->isChecked();
-    flrmgf = flrmagBox->isChecked();
-    flrmgx = form::number(flrmxEdit);
-    cylflg = cylBox->isChecked() && !solfBox->isChecked();
+    const Modes m = modes();
+    std::tie(sunmplt, occflg, iridflg) = std::tuple(m.diskPlot ? 1 : 0, m.occflg, m.iridium ? 3 : 0);
+    std::tie(flarflg, flarmod, flaryst) = std::tuple(m.flares ? 1 : 0, flareMode(m.variant), m.yawSteering ? 1 : 0);
+    std::tie(eclflg, solflar, flrmgf, flrmgx) = std::tuple(m.eclipse, m.solarPanels, m.flareMagnitude, m.brightest);
+    cylflg = m.cylinder;
 }
 
 void StVisDialog::modeChecked(QCheckBox* mode)

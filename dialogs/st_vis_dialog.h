@@ -4,9 +4,11 @@
 
 #include <QDialog>
 
+#include "design/visibility_rules.h"
+
+class Field;
 class QCheckBox;
 class QGroupBox;
-class QLineEdit;
 class QRadioButton;
 class QVBoxLayout;
 
@@ -17,9 +19,40 @@ class StVisDialog : public QDialog
 public:
     explicit StVisDialog(QWidget* parent = nullptr);
 
+    /// When a pass counts. The two angles are packed R.A. and Dec., or degrees of yaw and pitch.
+    struct Conditions
+    {
+        double sunel = 0, satel = 0;    // highest Sun, lowest satellite; degrees
+        double yrepoch = 0;             // equinox of sky coordinates, a year; 0 for that of date
+        double angle1 = 0, angle2 = 0;  // of an occultation, a surface or a cylinder
+        bool visible = false;           // in the light only
+        bool moonlight = false;         // the Moon's instead of the Sun's
+    };
+
+    /// The special modes, in the codes of the record.
+    struct Modes
+    {
+        bool diskPlot = false;  // plots show Sun or Moon
+        int occflg = 0;         // 0 off, in front of: 1 the Sun, 2 the Moon, 3 the two angles
+        bool iridium = false;
+        bool flares = false;
+        FlareVariant variant;
+        bool yawSteering = false;
+        bool eclipse = false;
+        bool solarPanels = false;
+        bool flareMagnitude = false;  // shown in place of the flare's angle
+        double brightest = 0;         // magnitude in the centre of a flare
+        bool cylinder = false;        // of `modes` false with `solarPanels`
+    };
+    void setConditions(const Conditions& values);
+    Conditions conditions() const;
+
+    /// Comes last: the angles are shown only where a mode uses them.
+    void setModes(const Modes& values);
+    Modes modes() const;
+
 public Q_SLOTS:
-    /// Elevations in degrees; `yrepoch` is a year, 0 for coordinates of date. The two angles are packed R.A. and Dec. or
-    /// degrees of yaw and pitch.
+    /// `setConditions` and `conditions` one by one.
     virtual void setParams(double sunel, double satel, double yrepoch, double occra, double occdec, int visflg,
                            int moonflg);
 
@@ -29,10 +62,10 @@ public Q_SLOTS:
     /// Shows what makes sense with the boxes as they are and hides the rest. A hidden box keeps its check.
     virtual void showSlot();
 
+    /// `setModes` and `modes` one by one; `flarmod` packs the variant of the flares, `iridflg` is 3 or 0.
     virtual void setParam2(int sunmplt, int occflg, int iridflg, int flarflg, int flarmod, int flaryst, bool eclflg,
                            bool solflar, bool flrmgf, double flrmgx, bool cylflg);
 
-    /// `iridflg` is 3 or 0. `cylflg` comes out false while solar panel flares are checked.
     virtual void getParam2(int& sunmplt, int& occflg, int& iridflg, int& flarflg, int& flarmod, int& flaryst,
                            bool& eclflg, bool& solflar, bool& flrmgf, double& flrmgx, bool& cylflg);
 
@@ -53,12 +86,12 @@ private:
     void showFlareOptions();
     void showAngles();
 
-    QLineEdit* sunelEdit = nullptr;
-    QLineEdit* satelEdit = nullptr;
-    QLineEdit* epochEdit = nullptr;
-    QLineEdit* flrmxEdit = nullptr;
-    QLineEdit* yawEdit = nullptr;
-    QLineEdit* pitchEdit = nullptr;
+    Field* sunelEdit = nullptr;
+    Field* satelEdit = nullptr;
+    Field* epochEdit = nullptr;
+    Field* flrmxEdit = nullptr;
+    Field* yawEdit = nullptr;
+    Field* pitchEdit = nullptr;
     QCheckBox* visBox = nullptr;
     QCheckBox* moonBox = nullptr;
     QCheckBox* occBox = nullptr;

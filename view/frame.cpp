@@ -74,6 +74,7 @@ void VorlixView::update()
     else
         viewport()->repaint();
     unseen.reset();
+    tellNextClick();
 }
 
 const QPixmap& VorlixView::pixmapOnShow() const

@@ -31,7 +31,8 @@ bool askNumber(QWidget* parent, const QString& title, const QString& label, doub
 {
     bool accepted = false;
     const double entered = QInputDialog::getDouble(parent, title, label, value, 0.0, most, decimals, &accepted);
-    if (accepted)
+    const bool untouched = entered == QString::number(value, 'f', decimals).toDouble();
+    if (accepted && !untouched)
         value = entered;
     return accepted;
 }

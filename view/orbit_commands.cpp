@@ -15,7 +15,6 @@
 #include "dialogs/st_edit_orb_dialog.h"
 #include "dialogs/st_launch_dialog.h"
 #include "dialogs/st_orb_det_dialog.h"
-#include "engine/epoch_state.h"
 #include "record/keep.h"
 #include "record/numbers.h"
 #include "record/text.h"
@@ -50,14 +49,13 @@ bool storeEdited(StEditOrbDialog& dialog, WinpData* in)
     QsToChar(name, in->fsname[i], nameLength);
     QsToChar(designator, in->ldsn[i], designatorLength);
     if (in->lcflg != 1) {
-        if (in->numflg[i] == 0 || in->ecc[i] < 1.0)
+        if (in->numflg[i] == 0 || in->ecc[i] < 1.0 || !hasState(*in, i))
             in->mjdep[i] = editor::mjdOf(editor::YearDay{truncToInt(year), day});
         in->ra[i] = ra;
         in->aper[i] = aper;
         in->m0[i] = m0;
     }
-    if (in->numflg[i] == 0)
-        EpochState(in, i, false);
+    followElements(in, i);
     in->satn = in->satn == 0 ? 1 : in->satn;
     return further;
 }
@@ -133,17 +131,17 @@ void VorlixView::vEditOrb()
 }
 
 /// The date of a maneuver, a launch or a sighting into `mjd`. @return  false if the user cancelled
-bool VorlixView::askEventDate()
+bool VorlixView::askEventDate(const QString& event)
 {
-    const Keep event(indata->lcflg, 1);
-    return vInputDate() == 0;
+    const Keep single(indata->lcflg, 1);
+    return askDate(event) == 0;
 }
 
 void VorlixView::vDeltaV()
 {
     if (indata->satn < 1)
         return sayNoSatellite(this);
-    if (!indata->ionf[indata->prs] && !askEventDate())
+    if (!indata->ionf[indata->prs] && !askEventDate(tr("Maneuver")))
         return;
     Maneuver maneuver = lastManeuver(*indata);
     if (askManeuver(this, maneuver) && perform(maneuver, indata) != 0)
@@ -154,7 +152,7 @@ void VorlixView::vLaunch()
 {
     {
         const Keep launch(indata->lcflg, 1);
-        if (vInputDate() != 0)
+        if (askDate(tr("Launch")) != 0)
             return;
         vEditOrb();
     }
@@ -184,7 +182,7 @@ void VorlixView::vRendz()
 
 void VorlixView::vOrbDet()
 {
-    if (!askEventDate() || !askSightings(this, indata))
+    if (!askEventDate(tr("First Sighting")) || !askSightings(this, indata))
         return;
     indata->txtrdy = 0;
     OrbitDet(indata);

@@ -76,7 +76,28 @@ void drawFlareAngles(QPainter& painter, const QPoint& origin, double yaw, double
     painter.drawText(origin + QPoint(secondFlareAngleX, 0), flareAngle('P', pitch));
 }
 
+QString meaningOfClick(int step)
+{
+    if (step == astrometry::noPicture)
+        return {};
+    if (step <= astrometry::lastStar)
+        return VorlixView::tr("Next click: star %1 of %2").arg(step).arg(int{astrometry::lastStar});
+    if (step == astrometry::firstTrailEnd)
+        return VorlixView::tr("Next click: first point of the trail");
+    return step == astrometry::furtherTrailPoint ? VorlixView::tr("Next click: a further point of the trail")
+                                                 : VorlixView::tr("Next click: second point of the trail");
+}
+
 }  // namespace
+
+void VorlixView::tellNextClick()
+{
+    const int step = indata->picflg && indata->dspmd > 0 ? indata->picstep : astrometry::noPicture;
+    if (step == toldStep)
+        return;
+    toldStep = step;
+    Q_EMIT nextClickMeans(meaningOfClick(step));
+}
 
 void VorlixView::vPicture(const QImage& image)
 {
@@ -120,7 +141,9 @@ bool VorlixView::markStar(int x, int y)
     WinpData& in = *indata;
     const int k = std::max(in.picstep - 1, 0);
     StAstDialog dialog(this);
-    dialog.setParams(DegFDms(in.astra[k] / radPerHour), DegFDms(in.astdec[k] / radPerDeg));
+    const StAstDialog::Values before{DegFDms(in.astra[k] / radPerHour), DegFDms(in.astdec[k] / radPerDeg)};
+    dialog.setStar(k + 1, astrometry::lastStar);
+    dialog.setValues(before);
     if (dialog.exec() != QDialog::Accepted)
         return false;
     double ra = 0;
@@ -131,10 +154,13 @@ bool VorlixView::markStar(int x, int y)
         QMessageBox::information(this, tr("PicAst: "), tr("Astrometry aborted."));
         in.picstep = astrometry::firstStar;
         forgetStars(&in);
+        tellNextClick();
         return false;
     }
-    in.astra[k] = DmsDegF(ra) * radPerHour;
-    in.astdec[k] = DmsDegF(dec) * radPerDeg;
+    if (ra != before.ra)  // the way through the packed form costs the last bit
+        in.astra[k] = DmsDegF(ra) * radPerHour;
+    if (dec != before.dec)
+        in.astdec[k] = DmsDegF(dec) * radPerDeg;
     in.astx[k] = x;
     in.asty[k] = y;
     if (in.picstep == astrometry::lastStar)

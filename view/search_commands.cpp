@@ -97,7 +97,7 @@ void VorlixView::CmIridium()
 void VorlixView::vMatch()
 {
     WinpData& in = *indata;
-    if (!askEventDate())
+    if (!askEventDate(tr("Sighting")))
         return;
     const Keep kind(in.iridflg, in.iridflg == event::iridium ? event::plain : in.iridflg);
     in.odm = false;

@@ -39,8 +39,16 @@ int sizeOf(int n)
 
 int VorlixView::vInputDate()
 {
+    return askDate({});
+}
+
+/// The date of what is named, or the start of predictions if nothing is. @return  1 if the user cancelled
+int VorlixView::askDate(const QString& event)
+{
     WinpData& in = *indata;
     StDateDialog dialog(this);
+    if (!event.isEmpty())
+        dialog.setPurpose(event);
     const double shownSpan = in.lcflg == 1 ? -in.dur : in.dur;
     dialog.setParams(in.year, in.month, in.day, in.hour, in.minute, in.second, in.tzone, in.tzauto, shownSpan,
                      in.rtoff);

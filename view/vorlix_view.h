@@ -209,6 +209,10 @@ public:
     const QPixmap& displayPixmap() const { return dspPix; }
     const QPixmap& picturePixmap() const { return picDsp; }
 
+Q_SIGNALS:
+    /// What the next click on a picture that is measured means; empty where none is awaited.
+    void nextClickMeans(const QString& text);
+
 protected:
     void mousePressEvent(QMouseEvent* event) override;
     void keyPressEvent(QKeyEvent* event) override;
@@ -225,6 +229,9 @@ private:
     void copyMapToDisplay();
     const QPixmap& pixmapOnShow() const;
 
+    // settings
+    int askDate(const QString& event);
+
     // text display
     void paintReport(bool fixed, std::size_t first);
     void openPassDetails();
@@ -234,7 +241,7 @@ private:
     void listMatches();
 
     // orbits
-    bool askEventDate();
+    bool askEventDate(const QString& event);
 
     // plot clock
     void showMapIfText();
@@ -266,6 +273,7 @@ private:
     void drawObserver(QPainter& painter);
 
     // picture
+    void tellNextClick();
     bool markStar(int x, int y);
     void markTrailPoint(int x, int y);
     /// Where the first line of text stands: at the top of the part of the picture that is in sight.
@@ -278,6 +286,7 @@ private:
     double xscale = 0;  // scale of the current map
     double yscale = 0;
     double dtend = 0;       // MJD at which the running delta plot ends
+    int toldStep = 0;       // of the measurement, when `nextClickMeans` was sent last
     bool pickbusy = false;  // a pick dialog is open: timer ticks must not plot
     int lastx[10] = {};     // pixel of the last marker of each satellite
     int lasty[10] = {};

@@ -11,18 +11,18 @@
 namespace {
 
 using editor::Edits;
-using editor::Orbit;
+using editor::Shape;
 using editor::Setting;
-using Values = std::vector<std::pair<double Orbit::*, double>>;
+using Values = std::vector<std::pair<double Shape::*, double>>;
 
-constexpr auto n0 = &Orbit::n0, a = &Orbit::a, ecc = &Orbit::ecc, ndot = &Orbit::ndot, adot = &Orbit::adot,
-               perigee = &Orbit::perigee, apogee = &Orbit::apogee;
+constexpr auto n0 = &Shape::n0, a = &Shape::a, ecc = &Shape::ecc, ndot = &Shape::ndot, adot = &Shape::adot,
+               perigee = &Shape::perigee, apogee = &Shape::apogee;
 constexpr double incDeg = 51.6;
 constexpr Setting simple{incDeg, false, false}, sgp4{incDeg, false, true}, heights{incDeg, true, false};
 
 /// The orbit before an edit, like that of a space station; its forms do not belong together, so that each shows
 /// whether it was computed anew.
-constexpr Orbit station{15.5, 7000.0, 0.01, 0.0003, -0.5, 400.0, 800.0};
+constexpr Shape station{15.5, 7000.0, 0.01, 0.0003, -0.5, 400.0, 800.0};
 
 const double axis = getsax(0, 15.5, 0.01, incDeg);
 
@@ -66,9 +66,9 @@ const Rule rules[] = {
     {"adot beyond all numbers", {0, 2, 0}, simple, {{adot, 1e308}}, {{ndot, 0}}},
 };
 
-Orbit changed(const Values& values)
+Shape changed(const Values& values)
 {
-    Orbit orbit = station;
+    Shape orbit = station;
     for (const auto& [form, value] : values)
         orbit.*form = value;
     return orbit;
@@ -78,7 +78,7 @@ TEST(EditorRules, TheFormEditedLastIsTheMaster)
 {
     for (const Rule& rule : rules) {
         SCOPED_TRACE(rule.what);
-        const Orbit orbit = refreshed(station, changed(rule.typed), rule.edits, rule.setting);
+        const Shape orbit = refreshed(station, changed(rule.typed), rule.edits, rule.setting);
         for (std::size_t k = 0; k < rule.wanted.size(); ++k) {
             const auto& [form, value] = rule.wanted[k];
             EXPECT_NEAR(orbit.*form, value, 1e-12 * std::abs(value)) << k;

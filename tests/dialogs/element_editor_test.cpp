@@ -10,11 +10,6 @@
 
 namespace {
 
-struct Elements
-{
-    double a = 0, ra = 0, aper = 0, inc = 0, ecc = 0, m0 = 0, n0 = 0, adot = 0, ndot = 0, n6dot = 0, bstar = 0;
-};
-
 Elements read(StEditOrbDialog& dialog)
 {
     Elements e;
@@ -22,7 +17,7 @@ Elements read(StEditOrbDialog& dialog)
     return e;
 }
 
-constexpr double epoch = 58138.25;  // 20 January 2018, 6 h
+constexpr double epoch = 58138.25 + 1e-9;  // 20 January 2018, 6 h
 constexpr int sgp4 = 1;
 constexpr int kepler = 0;
 
@@ -37,13 +32,13 @@ void fill(StEditOrbDialog& dialog, const Elements& e, int model, int byHeights =
 Elements station(int model)
 {
     Elements e;
-    e.n0 = 15.54212345;
-    e.ecc = 0.0102345;
-    e.inc = 51.6412;
+    e.n0 = 15.5421234567;
+    e.ecc = 0.01023456789;
+    e.inc = 51.64123456;
     e.a = getsax(model, e.n0, e.ecc, e.inc);
-    e.ra = 123.4567;
+    e.ra = 123.45671234;
     e.aper = 200.1234;
-    e.m0 = 12.3456;
+    e.m0 = 12.34561234;
     e.ndot = 0.00012345;
     e.adot = -4.0 / 3.0 * e.a * e.ndot / e.n0;
     e.n6dot = 1.5e-6;
@@ -65,6 +60,15 @@ double shownValue(const QDialog& dialog, const char* name)
     return text(dialog, name).trimmed().toDouble();
 }
 
+/// All but the epoch.
+bool sameElements(const Elements& x, const Elements& y)
+{
+    const auto numbers = [](const Elements& e) {
+        return std::array{e.a, e.ra, e.aper, e.inc, e.ecc, e.m0, e.n0, e.adot, e.ndot, e.n6dot, e.bstar};
+    };
+    return numbers(x) == numbers(y);
+}
+
 bool near(double x, double y, double tolerance)
 {
     if (std::abs(x - y) <= tolerance)
@@ -80,34 +84,51 @@ class ElementEditorTest : public QObject
     Q_OBJECT
 
 private Q_SLOTS:
-    void init() { setDefaults(indata); }
-    void okWithoutAnEditKeepsTheElements()
+    void init()
     {
-        for (const auto& [e, model, n0Digit] :
-             {std::tuple{station(sgp4), sgp4, 1e-8}, {station(kepler), kepler, 1e-8}, {flyby(), kepler, 1e-4}}) {
+        *indata = {};
+        setDefaults(indata);
+    }
+
+    void whatIsNotTouchedKeepsEveryBit()
+    {
+        const struct
+        {
+            Elements elements;
+            int model, byHeights;
+        } cases[] = {{station(sgp4), sgp4, 0},
+                     {station(kepler), kepler, 0},
+                     {station(kepler), kepler, 1},
+                     {flyby(), kepler, 0}};
+        for (const auto& c : cases) {
             StEditOrbDialog dialog;
-            fill(dialog, e, model);
-            const Elements back = read(dialog);
-            const struct
-            {
-                double now, then, digit;  // the last one on show
-            } fields[] = {{back.n0, e.n0, n0Digit},     {back.a, e.a, 1e-4},        {back.ecc, e.ecc, 1e-7},
-                          {back.inc, e.inc, 1e-4},      {back.ra, e.ra, 1e-4},      {back.aper, e.aper, 1e-4},
-                          {back.m0, e.m0, 1e-4},        {back.ndot, e.ndot, 1e-8},  {back.adot, e.adot, 1e-4},
-                          {back.n6dot, e.n6dot, 1e-10}, {back.bstar, e.bstar, 1e-9}};
-            for (const auto& f : fields)
-                QVERIFY(near(f.now, f.then, 0.5 * f.digit));
+            fill(dialog, c.elements, c.model, c.byHeights);
+            QVERIFY(opened(dialog));
+            click(dialog, "refreshButton");
+            QVERIFY(sameElements(read(dialog), c.elements));
+            type(dialog, "nameEdit", "OTHER");
+            type(dialog, "m0Edit", "33.5");
+            Elements wanted = c.elements;
+            wanted.m0 = 33.5;
+            QVERIFY(sameElements(read(dialog), wanted));
             QString name, designator;
             int norad = 0, aflg = -1, paflg = -1, numflg = -1;
             double year = 0, day = 0;
             bool further = true;
             dialog.getParam1(name, norad, aflg, paflg, year, day);
             dialog.getParam3(designator, numflg, further);
-            QCOMPARE(name + designator, QString("ISS (ZARYA)   1998-067A"));
-            QCOMPARE((std::array{norad, aflg, paflg, numflg, int(further)}), (std::array{25544, model, 0, 0, 0}));
-            QCOMPARE(year, 2018.0);
-            QVERIFY(near(day, 20.25, 0.5e-10));
+            QCOMPARE(name + designator, QString("OTHER1998-067A"));
+            QCOMPARE((std::array{norad, aflg, paflg, numflg, int(further)}),
+                     (std::array{25544, c.model, c.byHeights, 0, 0}));
+            QVERIFY(editor::mjdOf({static_cast<int>(year), day}) == epoch);
         }
+    }
+
+    void anEmptyOrbitGetsNumbersToWorkWith()
+    {
+        StEditOrbDialog dialog;
+        fill(dialog, {}, kepler);
+        QCOMPARE(read(dialog).n0, 100.0);  // the most that the record takes, for an axis of 0
     }
 
     void refreshFollowsTheLastEdit()
@@ -275,29 +296,83 @@ private Q_SLOTS:
     void stateReturnsTheElementsFromEveryFrame()
     {
         for (const char* name : {"todButton", "mdateButton", "j2000Button", "efixButton"}) {
-            Elements e = station(kepler);
-            e.a = 7000.0;
+            for (const bool edited : {false, true}) {
+                Elements e = station(kepler);
+                e.a = 7000.0;
+                indata->epr0[0] = 1.0;
+                StEditOrbDialog dialog;
+                fill(dialog, e, kepler);
+                QVERIFY(opened(dialog));
+                whenDialogOpens([=](const QDialog& state) {
+                    click(state, name);
+                    if (edited)  // a millimetre
+                        type(state, "rxEdit", QString::number(shownValue(state, "rxEdit") + 1e-6, 'g', 17));
+                    click(state, "okButton");
+                });
+                click(dialog, "stateButton");
+                const Elements back = read(dialog);
+                if (!edited) {
+                    QVERIFY(sameElements(back, e));
+                    QCOMPARE(indata->epr0[0], 1.0);
+                    continue;
+                }
+                QVERIFY(near(back.a, e.a, 0.5e-4));
+                QVERIFY(near(back.ecc, e.ecc, 0.5e-7));
+                QVERIFY(near(back.inc, e.inc, 0.5e-4));
+                QVERIFY(near(back.ra, e.ra, 0.5e-4));
+                QVERIFY(near(back.aper, e.aper, 1e-4));
+                QVERIFY(near(back.m0, e.m0, 1e-4));
+                QVERIFY(near(back.n0, getn0(e.a, e.ecc, e.inc), 1e-6));
+                const double radius = std::hypot(indata->epr0[0], indata->epr1[0], indata->epr2[0]);
+                QVERIFY(near(radius, 7000e3 * (1.0 - e.ecc * std::cos(12.3456 * 0.0174533)), 5e3));
+                QVERIFY(near(indata->mjdep[0], epoch, 1e-8));
+            }
+        }
+        QCOMPARE(indata->stref, int(frame::earthFixed));
+    }
+
+    // The same numbers in other axes are another state.
+    void aFrameThatTurnsTheStateIsAnEdit()
+    {
+        StStateDialog dialog;
+        dialog.setValues({true, {2018, 20.25}, {7000, 0, 0, 0, 5, 5}, {}, frame::meanOfDate, true});
+        QVERIFY(opened(dialog));
+        click(dialog, "j2000Button");
+        click(dialog, "mdateButton");
+        QVERIFY(!dialog.isEdited());
+        click(dialog, "cstateBox");
+        click(dialog, "efixButton");
+        QVERIFY(dialog.isEdited());
+        QVERIFY(near(shownValue(dialog, "rxEdit"), 7000.0, 0.0));
+        QVERIFY(std::abs(dialog.values().state[0] - 7000.0) > 1.0);
+    }
+
+    void anUneditedNumericStateOnlyReturnsToItsEpoch()
+    {
+        indata->epr0[0] = 8000e3 / 3.0;
+        indata->csr0[0] = 1.0;
+        for (const bool reset : {false, true}) {
             StEditOrbDialog dialog;
-            fill(dialog, e, kepler);
+            fill(dialog, station(kepler), kepler, 0, 1);
             QVERIFY(opened(dialog));
-            whenDialogOpens([name](const QDialog& state) {
-                click(state, name);
+            whenDialogOpens([reset](const QDialog& state) {
+                if (!reset)
+                    click(state, "cstateBox");
                 click(state, "okButton");
             });
             click(dialog, "stateButton");
-            const Elements back = read(dialog);
-            QVERIFY(near(back.a, e.a, 0.5e-4));
-            QVERIFY(near(back.ecc, e.ecc, 0.5e-7));
-            QVERIFY(near(back.inc, e.inc, 0.5e-4));
-            QVERIFY(near(back.ra, e.ra, 0.5e-4));
-            QVERIFY(near(back.aper, e.aper, 1e-4));
-            QVERIFY(near(back.m0, e.m0, 1e-4));
-            QVERIFY(near(back.n0, getn0(e.a, e.ecc, e.inc), 1e-6));
-            const double radius = std::hypot(indata->epr0[0], indata->epr1[0], indata->epr2[0]);
-            QVERIFY(near(radius, 7000e3 * (1.0 - e.ecc * std::cos(12.3456 * 0.0174533)), 5e3));
-            QVERIFY(near(indata->mjdep[0], epoch, 1e-8));
+            QVERIFY(indata->epr0[0] == 8000e3 / 3.0);
+            QCOMPARE(indata->csr0[0], reset ? 8000e3 / 3.0 : 1.0);
         }
-        QCOMPARE(indata->stref, int(frame::earthFixed));
+    }
+
+    void aNumericSatelliteWithoutAStateShowsThatOfItsElements()
+    {
+        StEditOrbDialog dialog;
+        fill(dialog, station(kepler), kepler, 0, 1);
+        QVERIFY(opened(dialog));
+        whenDialogOpens([](const QDialog& state) { QVERIFY(std::abs(shownValue(state, "rzEdit")) > 1000.0); });
+        click(dialog, "stateButton");
     }
 
     void stateOfANumericSatelliteIsTheStoredOne()

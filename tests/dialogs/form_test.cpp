@@ -1,17 +1,22 @@
 // What all dialogs have in common.
 
+#include <algorithm>
 #include <memory>
+#include <tuple>
 
+#include <QAccessible>
 #include <QCheckBox>
 #include <QComboBox>
 #include <QDir>
 #include <QGroupBox>
 #include <QMap>
+#include <QMessageBox>
 #include <QPushButton>
 #include <QRadioButton>
 #include <QTextEdit>
 
 #include "dialogs/dialog_helper.h"
+#include "dialogs/form.h"
 #include "dialogs/st_adj_dialog.h"
 #include "dialogs/st_ast_dialog.h"
 #include "dialogs/st_date_dialog.h"
@@ -34,6 +39,8 @@
 #include "dialogs/st_switch_dialog.h"
 #include "dialogs/st_sys_conf_dialog.h"
 #include "dialogs/st_vis_dialog.h"
+#include "record/text.h"
+#include "record/winp_data.h"
 
 namespace {
 
@@ -52,23 +59,26 @@ struct DialogCase
     const char* sharedKeys;  // keys that two widgets share because their texts are given so
     const char* ok;          // buttons that accept and reject, if any
     const char* cancel;
+    const char* whole = "";  // fields that take a whole number
+    const char* texts = "";  // fields that take any text
 };
 
 const DialogCase dialogCases[] = {
-    {"Date, Time and Timezone", make<StDateDialog>, "Alt+M Alt+Y", "okButton", "cancelButton"},
-    {"Observer's Location", make<StObsDialog>, "Alt+O", "okButton", "cancelButton"},
-    {"IERS Parameters", make<StIersDialog>, "", "okButton", "cancelButton"},
-    {"Time Step", make<StStepDialog>, "", "okButton", "cancelButton"},
+    {"Date, Time and Timezone", make<StDateDialog>, "Alt+M Alt+Y", "okButton", "cancelButton",
+     "yearEdit monthEdit dayEdit hourEdit minEdit secEdit"},
+    {"Observer's Location", make<StObsDialog>, "Alt+O", "okButton", "cancelButton", "", "locEdit"},
+    {"IERS Parameters", make<StIersDialog>, "", "okButton", "cancelButton", "taiEdit"},
+    {"Time Step", make<StStepDialog>, "", "okButton", "cancelButton", "minEdit"},
     {"Visibility Settings", make<StVisDialog>, "", "okButton", "cancelButton"},
     {"Map Settings", make<StMapDialog>, "Alt+T", "okButton", "cancelButton"},
     {"Select Prime Satellite", make<StSwitchDialog>, "", "closeButton", nullptr},
-    {"Configure System Parameters", make<StSysConfDialog>, "", "okButton", "cancelButton"},
+    {"Configure System Parameters", make<StSysConfDialog>, "", "okButton", "cancelButton", "mxiEdit"},
     {"Iridium Flares", make<StIridiumDialog>, "", "okButton", "cancelButton"},
     {"Local Details", make<StLocalDialog>, "", "closeButton", nullptr},
-    {"Select Satellite", make<StSelSatDialog>, "", "closeButton", nullptr},
+    {"Select Satellite", make<StSelSatDialog>, "", "closeButton", nullptr, "noradEdit", "satnameEdit"},
     {"Remove Satellites", make<StRemSatDialog>, "", "okButton", "cancelButton"},
     {"Find Matching Satellites", make<StMatchDialog>, "", "okButton", "cancelButton"},
-    {"Edit Orbit Elements", make<StEditOrbDialog>, "", "okButton", "cancelButton"},
+    {"Edit Orbit Elements", make<StEditOrbDialog>, "", "okButton", "cancelButton", "noradEdit", "nameEdit idsnEdit"},
     {"Adjust Orbit Elements", make<StAdjDialog>, "", "okButton", "cancelButton"},
     {"State Vector", make<StStateDialog>, "", "okButton", "cancelButton"},
     {"Delta-V Maneuver", make<StDeltaDialog>, "", "executeButton", "cancelButton"},
@@ -88,6 +98,19 @@ QList<QWidget*> controls(const QDialog& dialog)
             qobject_cast<QGroupBox*>(widget) || qobject_cast<QTextEdit*>(widget) || qobject_cast<QComboBox*>(widget))
             found.append(widget);
     return found;
+}
+
+/// What a screen reader calls a widget.
+QString spokenName(QWidget* widget)
+{
+    return QAccessible::queryAccessibleInterface(widget)->text(QAccessible::Name);
+}
+
+bool isMarked(const Field* field)
+{
+    const QPalette usual = QApplication::palette(field);
+    const bool coloured = field->palette().color(QPalette::Base) != usual.color(QPalette::Base);
+    return coloured && !field->toolTip().isEmpty() && field->toolTip() == field->accessibleDescription();
 }
 
 /// The key of a widget: its shortcut, or the mnemonic of its text.
@@ -149,11 +172,13 @@ private Q_SLOTS:
             const QList<QWidget*> widgets = controls(*dialog);
             QVERIFY2(widgets.size() >= 2, c.title);
             QSet<QString> names;
-            for (const QWidget* widget : widgets) {
+            for (QWidget* widget : widgets) {
                 QVERIFY2(!widget->objectName().isEmpty(), c.title);
                 QVERIFY2(!names.contains(widget->objectName()), qPrintable(widget->objectName()));
                 names.insert(widget->objectName());
                 QVERIFY2(widget->whatsThis().size() > 10, qPrintable(widget->objectName()));
+                QVERIFY2(!spokenName(widget).isEmpty() || c.maker == Maker(make<StSwitchDialog>),
+                         qPrintable(widget->objectName()));
             }
         }
     }
@@ -189,6 +214,164 @@ private Q_SLOTS:
                 QCOMPARE(where + strayLabels(*dialog), where);
             }
         }
+    }
+
+    void aTextThatIsNoNumberIsMarkedWhileItStands()
+    {
+        const struct
+        {
+            const char* text;
+            bool number, whole;
+        } texts[] = {{"1205", true, true}, {" -3", true, true},   {"5.5", true, false},
+                     {"5.0", true, false}, {"1e3", true, false},  {"5,5", false, false},
+                     {"", false, false},   {"abc", false, false}, {"inf", false, false}};
+        for (const DialogCase& c : dialogCases) {
+            const std::unique_ptr<QDialog> dialog(c.maker());
+            for (Field* field : dialog->findChildren<Field*>()) {
+                if (field->isReadOnly())
+                    continue;
+                const bool whole = QString(c.whole).split(' ').contains(field->objectName());
+                const bool any = QString(c.texts).split(' ').contains(field->objectName());
+                field->setDoubt({});
+                field->setText("x");
+                for (const auto& t : texts) {
+                    field->setText(t.text);
+                    QVERIFY2(isMarked(field) == !(any || (whole ? t.whole : t.number)),
+                             qPrintable(c.title + (": " + field->objectName()) + ": " + t.text));
+                }
+                field->setText("7");
+                QCOMPARE(field->toolTip(), form::labelOf(field)->toolTip());
+            }
+        }
+    }
+
+    void aDayThatDoesNotExistIsMarked()
+    {
+        const struct
+        {
+            int year, month, day;
+            const char* marked;
+        } dates[] = {{2018, 1, 31, ""},
+                     {2018, 4, 31, "dayEdit"},
+                     {2016, 2, 29, ""},
+                     {2018, 2, 29, "dayEdit"},
+                     {2018, 1, 0, "dayEdit"},
+                     {2018, 13, 1, "monthEdit dayEdit"},
+                     {1000, 5, 5, ""},
+                     {999, 5, 5, "yearEdit"},
+                     {3000, 5, 5, ""},
+                     {3001, 5, 5, "yearEdit"},
+                     {1582, 10, 4, ""},
+                     {1582, 10, 14, "dayEdit"},
+                     {20262018, 1, 1, "yearEdit"}};
+        for (const auto& d : dates) {
+            StDateDialog dialog;
+            dialog.setParams(d.year, d.month, d.day, 0, 0, 0, 0, 0, 1, 0);
+            QStringList marked;
+            for (const char* name : {"yearEdit", "monthEdit", "dayEdit"})
+                if (isMarked(child<Field>(dialog, name)))
+                    marked += name;
+            QCOMPARE(QString::number(d.year) + ": " + marked.join(' '), QString::number(d.year) + ": " + d.marked);
+        }
+        for (const auto& [year, day, marked] :
+             {std::tuple{"2018", "366.9", 0}, {"999", "1", 1}, {"3001", "0.9", 2}}) {
+            StStateDialog dialog;
+            child<Field>(dialog, "yearEdit")->setText(year);
+            child<Field>(dialog, "dayEdit")->setText(day);
+            QCOMPARE(isMarked(child<Field>(dialog, "yearEdit")) + isMarked(child<Field>(dialog, "dayEdit")), marked);
+        }
+    }
+
+    void theFieldWithTheKeyboardIsReplacedByWhatIsTyped()
+    {
+        for (const DialogCase& c : dialogCases) {
+            const std::unique_ptr<QDialog> dialog(c.maker());
+            const auto fields = dialog->findChildren<Field*>();
+            for (Field* field : fields)
+                field->setText("77");
+            QVERIFY2(opened(*dialog), c.title);
+            for (int i = 0; i < 40; ++i) {
+                if (auto* field = qobject_cast<Field*>(dialog->focusWidget()); field && !field->isReadOnly()) {
+                    QTest::keyClicks(field, "2018");
+                    QCOMPARE(c.title + (": " + field->text()), QString(c.title) + ": 2018");
+                    field->setText("77");
+                }
+                QTest::keyClick(dialog->focusWidget(), Qt::Key_Tab);
+            }
+        }
+    }
+
+    void aKeyThatTwoWidgetsShareOnlyMovesTheKeyboard()
+    {
+        const struct
+        {
+            const char* title;
+            Qt::Key key;
+            QStringList stops;
+        } cases[] = {{"Date, Time and Timezone", Qt::Key_Y, {"yearEdit", "systemBox"}},
+                     {"Date, Time and Timezone", Qt::Key_M, {"monthEdit", "minEdit"}},
+                     {"Observer's Location", Qt::Key_O, {"lngEdit", "okButton"}},
+                     {"Launch Data", Qt::Key_S, {"siteBox", "southButton"}},
+                     {"Launch Data", Qt::Key_O, {"lngEdit", "okButton"}}};
+        for (const auto& c : cases) {
+            const auto* row = std::ranges::find_if(
+                dialogCases, [&](const DialogCase& d) { return qstrcmp(d.title, c.title) == 0; });
+            const std::unique_ptr<QDialog> dialog(row->maker());
+            QVERIFY(opened(*dialog));
+            QStringList reached;
+            for (int i = 0; i < 4; ++i) {
+                QTest::keyClick(dialog->focusWidget(), c.key, Qt::AltModifier);
+                reached += dialog->focusWidget()->objectName();
+            }
+            for (const QString& stop : c.stops)
+                QCOMPARE(c.title + stop + QString::number(reached.count(stop)), c.title + stop + "2");
+            for (const QAbstractButton* box : dialog->findChildren<QAbstractButton*>())
+                QVERIFY2(!box->isChecked() || box->objectName() == "northButton", qPrintable(box->objectName()));
+            QVERIFY(dialog->isVisible());
+        }
+    }
+
+    void foreignTextIsPlain()
+    {
+        constexpr const char* foreign = "<h1>x<img src=y>";
+        *indata = {};
+        setDefaults(indata);
+        indata->satn = maxSatellites;
+        for (auto& name : indata->fsname)
+            assignField(name, foreign);
+        for (char* field : {indata->geoname, indata->tlename, indata->savename})
+            qstrncpy(field, foreign, 30);
+        StSwitchDialog prime;
+        prime.setParams(0, 0, maxSatellites);
+        StRemSatDialog removal;
+        removal.setParams(maxSatellites);
+        StSelSatDialog selection;
+        selection.setParams();
+        StObsDialog place;
+        place.setParams(0, 0, 0, indata->geoname, false);
+        StEditOrbDialog editor;
+        editor.setParam1(foreign, 1, 0, 0, 58000, 0);
+        StLocalDialog local;
+        local.setParams(foreign, 10);
+        StQuickDialog help;
+        help.setHelpLine(foreign);
+        for (const QDialog* dialog :
+             std::initializer_list<const QDialog*>{&prime, &removal, &selection, &place, &editor, &local, &help}) {
+            for (const auto* view : dialog->findChildren<QTextEdit*>())
+                QVERIFY(view->toPlainText().contains(foreign));
+            for (const auto* widget : dialog->findChildren<QWidget*>())
+                QVERIFY(!Qt::mightBeRichText(widget->toolTip()) && !Qt::mightBeRichText(widget->whatsThis()));
+        }
+        for (const DialogCase& c : dialogCases) {
+            const std::unique_ptr<QDialog> dialog(c.maker());
+            for (const auto* label : dialog->findChildren<QLabel*>())
+                QCOMPARE(label->textFormat(), Qt::PlainText);
+        }
+        whenDialogOpens([](QDialog& box) {
+            QCOMPARE(qobject_cast<QMessageBox*>(&box)->textFormat(), Qt::PlainText);
+            box.accept();
+        });
+        form::say(&prime, foreign);
     }
 
     void okIsTheDefaultAndAcceptsAndCancelRejects()

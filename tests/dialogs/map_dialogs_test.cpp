@@ -98,9 +98,10 @@ private Q_SLOTS:
         }
     }
 
-    void whatIsShownComesBack()
+    void whatIsNotTouchedKeepsEveryBit()
     {
-        for (const Map& m : {Map{2, 1, 5, 1, 1, 1, 12, 3, 33.25, 12.5, 4.37e8, true, true}, Map{}}) {
+        for (const Map& m :
+             {Map{2, 1, 5, 1, 1, 1, 12, 3, 33 + 1.0 / 3.0, 12 + 1.0 / 3.0, 145987500.1234567, true, true}, Map{}}) {
             StMapDialog dialog;
             fill(dialog, m, true);
             QVERIFY(read(dialog) == m);

@@ -34,7 +34,7 @@ Modes plain()
     Modes m;
     m.sunmplt = m.occflg = m.iridflg = m.flarflg = m.flaryst = 0;
     m.flarmod = 1;
-    m.flrmgx = -7.5;
+    m.flrmgx = -7.0 - 1.0 / 3.0;
     return m;
 }
 
