@@ -1,13 +1,13 @@
-// What reaches the main window while a scan has the program to itself.
+// What reaches the main window while a long calculation has the program to itself.
 #pragma once
 
 #include <QObject>
 
 class QWidget;
 
-/// Lets a scan look whether its window has been closed, and keeps the window painted.
+/// Lets a calculation look whether Escape was pressed or the main window closed, and keeps the window painted.
 ///
-/// What a person types or clicks meanwhile is dropped, for it was not meant for what the window shows afterwards.
+/// What else a person types or clicks meanwhile is dropped, for it was not meant for what the window shows afterwards.
 /// Timers wait, and no command starts.
 class ScanWatch : public QObject
 {
@@ -18,7 +18,7 @@ public:
 
     /// Handles the events that have come.
     ///
-    /// @return  false if the window is to be closed; it closes when the command has returned
+    /// @return  false if the calculation is to end; a closed window closes when the command has returned
     bool look();
 
     bool isLooking() const { return looking; }
@@ -30,4 +30,5 @@ private:
     QWidget* window;
     bool looking = false;
     bool closed = false;
+    bool escaped = false;
 };

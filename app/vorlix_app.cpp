@@ -66,6 +66,9 @@ VorlixApp::VorlixApp()
     connect(download, &Download::finished, this, &VorlixApp::httpDone);
 
     scanWatch = new ScanWatch(this);
+    afterCalculation = new QTimer(scanWatch);
+    afterCalculation->setSingleShot(true);
+    connect(afterCalculation, &QTimer::timeout, this, &VorlixApp::calculationOver);
 
     initActions();
     initMenuBar();
@@ -172,7 +175,7 @@ void VorlixApp::initToolBar()
 void VorlixApp::initStatusBar()
 {
     statusBar()->showMessage(tr("Ready."), readyMilliseconds);
-    setProgressListener([this](std::string_view name) { return scanGoesOn(textQString(name).trimmed()); });
+    setProgressListener([this](std::string_view name) { return calculationGoesOn(textQString(name).trimmed()); });
 }
 
 void VorlixApp::initView()
@@ -197,14 +200,34 @@ void VorlixApp::showStatus(const QString& message)
     statusBar()->showMessage(message);
 }
 
-/// The line is painted at once: nothing waits for it.
-bool VorlixApp::scanGoesOn(const QString& satellite)
+/// A calculation that is over by the second time it tells has shown nothing and dropped no input.
+bool VorlixApp::calculationGoesOn(const QString& what)
 {
-    if (!satellite.isEmpty()) {
-        showStatus(tr("Searching: ") + satellite);
-        statusBar()->repaint();
+    if (!what.isEmpty() || timesTold == 0)
+        showStatus(tr("Calculating: %1   (Escape ends it)").arg(what.isEmpty() ? tr("please wait") : what));
+    afterCalculation->start(0);  // not before the command returns, or shows a dialog: timers wait
+    if (++timesTold == 1)
+        return true;
+    if (statusBar()->isHidden()) {
+        statusBar()->show();
+        barShownMeanwhile = true;
     }
-    return scanWatch->look();
+    statusBar()->repaint();
+    endedByHand = !scanWatch->look();
+    return !endedByHand;
+}
+
+void VorlixApp::calculationOver()
+{
+    timesTold = 0;
+    if (barShownMeanwhile)
+        statusBar()->hide();
+    barShownMeanwhile = false;
+    if (endedByHand) {
+        slotStopTime();
+        showStatus(tr("Ended before it was done. Nothing has changed."));
+    }
+    endedByHand = false;
 }
 
 /// Assistive programs reach an action past all input events.

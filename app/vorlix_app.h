@@ -127,7 +127,8 @@ private:
     void makeAction(const ActionRow& row);
     QMenu* makeMenu(const char* name, const QString& title, std::initializer_list<QAction*> actions);
     void showStatus(const QString& message);
-    bool scanGoesOn(const QString& satellite);
+    bool calculationGoesOn(const QString& what);
+    void calculationOver();
     void run(void (VorlixApp::*slot)());
     QString askForElementSaveName();
     void startOrStop(int mode, int milliseconds);
@@ -206,6 +207,10 @@ private:
     QAction* whatsThis = nullptr;
 
     ScanWatch* scanWatch = nullptr;
+    QTimer* afterCalculation = nullptr;
+    int timesTold = 0;  // of the calculation under way
+    bool barShownMeanwhile = false;
+    bool endedByHand = false;
     QTimer* timer = nullptr;
     Download* download = nullptr;
     int tmmode = 0;  // 0 no timer, 1 real time, 2 delta time

@@ -7,6 +7,7 @@
 #include "record/files.h"
 #include "record/keep.h"
 #include "record/numbers.h"
+#include "record/progress.h"
 #include "record/text.h"
 #include "record/winp_data.h"
 #include "record/wout_data.h"
@@ -131,7 +132,7 @@ void putPasses(WinpData* in, WoutData* out, bool automatic)
     Pass pass;
     while (t <= end) {
         const int result = nextpass(in, in->prs, t, end, pass.tm, pass.a, pass.b);
-        if (result == 0)
+        if (result == 0 || !tellProgress(fieldText(in->fsname[in->prs]), pass.tm[2]))
             return;
         char text[192];
         TextWriter line(text);
@@ -232,6 +233,6 @@ void aospass(WinpData* in, WoutData* out)
                        " (and don't forget to press the SELECT button)", ""});
         return;
     }
-    if (composeList(in, out) && in->tofile == 1)
+    if (composeList(in, out) && in->tofile == 1 && !calculationEnded())
         writeList(in, *out);
 }

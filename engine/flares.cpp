@@ -6,6 +6,8 @@
 #include "astro/angles.h"
 #include "engine/position.h"
 #include "engine/satpos_data.h"
+#include "record/progress.h"
+#include "record/text.h"
 
 namespace {
 
@@ -59,7 +61,8 @@ void tryAll(Search& search, double t, double& latitude)
 
 void coarseScan(Search& search, double from, double to, double& latitude)
 {
-    for (double t = from; t < to && t + minuteDays > t; t += minuteDays)
+    const std::string_view name = fieldText(search.in->fsname[search.isat]);
+    for (double t = from; t < to && t + minuteDays > t && tellProgress(name, t); t += minuteDays)
         tryAll(search, t, latitude);
     tryAll(search, to, latitude);
 }

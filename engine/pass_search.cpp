@@ -6,6 +6,8 @@
 #include "engine/pass_bounds.h"
 #include "engine/position.h"
 #include "engine/satpos_data.h"
+#include "record/progress.h"
+#include "record/text.h"
 #include "record/vector_registers.h"
 #include "record/winp_data.h"
 
@@ -24,6 +26,7 @@ constexpr double highestSunDeg = 90.001;  // no Sun stands higher, roundings inc
 constexpr double sunFarAboveDeg = 15.0;   // above the limit of the Sun
 constexpr double horizonRadiusKm = 6378.137;
 constexpr int bisectionRounds = 6;
+constexpr unsigned instantsPerTelling = 64;
 constexpr int secondsPerMinute = 60;
 
 double horizonAngle(double heightKm)
@@ -308,6 +311,7 @@ void Walk::noteInside()
 bool Walk::findPass(double t, double limit)
 {
     bool inside = false;
+    unsigned instants = 0;
     while (!beyond(t, limit)) {
         double stepThere = oneMinuteDays;
         if (inside ? holdsBelowBest(t) : failsAt(t, stepThere)) {
@@ -327,6 +331,8 @@ bool Walk::findPass(double t, double limit)
         if (!beyond(next, t))  // a time too far off for steps of a minute, or no number
             break;
         t = next;
+        if (++instants % instantsPerTelling == 0 && !tellProgress(fieldText(in->fsname[isat]), t))
+            return false;
     }
     if (!found)
         goTo(now);
@@ -444,7 +450,7 @@ double leavePass(WinpData* in, SatPosData* sp, int isat, double t, double limit,
 {
     while (!(sign * t > sign * limit)) {
         GetSatPos(t, in, sp, isat, 0);
-        if (!cksatok(in, sp, isat))
+        if (!cksatok(in, sp, isat) || !tellProgress(fieldText(in->fsname[isat]), t))
             return t;
         const double next = t + sign * oneMinuteDays;
         if (!(sign * next > sign * t))

@@ -36,5 +36,9 @@ private:
 /// @return  false from the moment when the listener ended the calculation to the end of its scope, on all threads
 bool tellProgress(std::string_view what = {});
 
+/// The same with the date that the calculation has reached, MJD; it stands behind `what`, which is cut at 100
+/// characters.
+bool tellProgress(std::string_view what, double reached);
+
 /// Whether the listener has ended the calculation of the present scope; false outside of one.
 bool calculationEnded();

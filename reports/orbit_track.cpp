@@ -4,10 +4,15 @@
 #include "engine/position.h"
 #include "engine/report_lines.h"
 #include "record/clock.h"
-#include "record/files.h"
 #include "record/numbers.h"
+#include "record/progress.h"
+#include "record/text.h"
 #include "reports/step_lines.h"
+#include "scan/records_before.h"
+#include "scan/save_lines.h"
 
+#include <cmath>
+#include <memory>
 #include <string>
 
 namespace {
@@ -15,7 +20,7 @@ namespace {
 constexpr int lineRoom = 512;  // holds a field of any double
 constexpr std::size_t dateAndSeconds = 16;
 
-void writeHeading(const WinpData& in)
+std::string headingOf(const WinpData& in)
 {
     char text[lineRoom];
     TextWriter heading(text);
@@ -24,10 +29,10 @@ void writeHeading(const WinpData& in)
         heading.add("\n");
     heading.add(std::string(21, ' '));
     heading.add(groundPointWanted(in) ? " Ctr.Line  long.    lat.\n" : "\n").add("\n");
-    std::fputs(text, outptr);
+    return text;
 }
 
-void writeStep(WinpData* in, double t)
+std::string stepAt(double t, WinpData* in)
 {
     GetSatPos(t, in, satpos, in->prs, 0);
     char text[lineRoom];
@@ -41,25 +46,46 @@ void writeStep(WinpData* in, double t)
         addSubPoint(line, in->prs);
     }
     line.add("\n");
-    std::fputs(text, outptr);
+    return text;
 }
 
-}  // namespace
-
-int saveOrbitTrack(WinpData* in)
+/// Heading and lines; cut short where the listener ends it.
+std::string trackOf(WinpData* in)
 {
-    const ReportFile file(in->savename, "w");
-    if (!file)
-        return 1;
-    writeHeading(*in);
+    std::string track = headingOf(*in);
     double t = startMjd(in);
     const double end = t + heldSpan(in->dur);
-    while (t < end) {
-        writeStep(in, t);
+    while (t < end && tellProgress(fieldText(in->fsname[in->prs]), t)) {
+        track += stepAt(t, in);
         const double next = t + in->tmstep;
         if (!(next > t))
             break;
         t = next;
     }
-    return 0;
+    return track;
+}
+
+}  // namespace
+
+double trackLines(const WinpData& in)
+{
+    const double span = heldSpan(in.dur);
+    const double t = startMjd(&in);
+    if (!(t < t + span))
+        return 0;
+    return t + in.tmstep > t ? std::ceil(span / in.tmstep) : 1;
+}
+
+int saveOrbitTrack(WinpData* in)
+{
+    if (!mayBeWritten(in->savename) || trackLines(*in) > mostTrackLines)
+        return 1;
+    const LongCalculation calculation;
+    const auto before = std::make_unique<RecordsBefore>(*in);
+    const std::string track = trackOf(in);
+    if (calculationEnded()) {
+        before->putBack(in);
+        return calculationCancelled;
+    }
+    return replaceFile(in->savename, track) ? 0 : 1;
 }

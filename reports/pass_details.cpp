@@ -11,11 +11,14 @@
 #include "record/files.h"
 #include "record/keep.h"
 #include "record/numbers.h"
+#include "record/progress.h"
 #include "record/text.h"
 #include "record/winp_data.h"
 #include "reports/step_lines.h"
+#include "scan/records_before.h"
 
 #include <QString>
+#include <memory>
 #include <string>
 
 namespace {
@@ -157,6 +160,8 @@ void addColumns(TextWriter& text, WinpData* in, int mode)
 /// The step behind its heading; false if the satellite does not fulfil the conditions any more.
 bool addStep(TextWriter& text, WinpData* in, double t, int mode)
 {
+    if (!tellProgress(fieldText(in->fsname[in->prs]), t))
+        return false;
     GetSatPos(t, in, satpos, in->prs, 0);
     if (!cksatok(in, satpos, in->prs))
         return false;
@@ -196,18 +201,20 @@ void addPole(TextWriter& text, const WinpData& in, double az, double el, const V
 }
 
 /// The listing from its second step on.
-void writeFurtherSteps(WinpData* in, double t, int mode)
+std::string furtherSteps(WinpData* in, double t, int mode)
 {
     char text[passDetailsRoom];
-    int written = 1;
-    while (written < mostSavedSteps && GetPassDTxt(in, t, text, mode) == 1) {
-        std::fputs(text, outptr);
-        ++written;
+    std::string steps;
+    int listed = 1;
+    while (listed < mostSavedSteps && GetPassDTxt(in, t, text, mode) == 1) {
+        steps += text;
+        ++listed;
     }
-    if (mode != passform::save || written < 2)
-        return;
-    GetPoleTxt(in, text);
-    std::fputs(text, outptr);
+    if (mode == passform::save && listed > 1) {
+        GetPoleTxt(in, text);
+        steps += text;
+    }
+    return steps;
 }
 
 }  // namespace
@@ -267,19 +274,24 @@ int vsGetPassDTxt(double& t, QString& text, bool pole)
 
 bool vsSavePassDt(int mode)
 {
+    const LongCalculation calculation;
+    const auto before = std::make_unique<RecordsBefore>(*indata);
     char first[passDetailsRoom];
     double t = 0.0;
     const bool listed = GetPassDTxt(indata, t, first, mode) == 1;
+    const std::string text = listed ? first + furtherSteps(indata, t, mode) : std::string();
+    if (calculationEnded()) {
+        before->putBack(indata);
+        return false;
+    }
     if (indata->newsave)
         vsFileName(indata->savename);
     // an old file is given up only for something new
     const ReportFile file(indata->savename, indata->newsave && listed ? "w" : "a");
     if (!file)
         return false;
-    if (!listed)
-        return true;
-    indata->newsave = 0;
-    std::fputs(first, outptr);
-    writeFurtherSteps(indata, t, mode);
+    if (listed)
+        indata->newsave = 0;
+    std::fputs(text.c_str(), outptr);
     return true;
 }

@@ -6,6 +6,7 @@
 #include "engine/sun_moon_transit.h"
 #include "record/clock.h"
 #include "record/numbers.h"
+#include "record/progress.h"
 #include "record/text.h"
 
 namespace {
@@ -95,7 +96,7 @@ void EntrySearch::round(WinpData* in, EntryLines& lines) const
     while (t <= end) {
         lines.searched = true;
         const int result = nextpass(in, in->prs, t, end, pass.tm, pass.a, pass.b);
-        if (result == 0)
+        if (result == 0 || !tellProgress(fieldText(in->fsname[in->prs]), pass.tm[2]))
             return;
         char text[lineRoom];
         TextWriter line(text);

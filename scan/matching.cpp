@@ -218,7 +218,7 @@ bool matches(WinpData* in, Target& target, int slot)
     if (in->vis && !isBrighter(*in, slot))
         return false;
     const double step = searchStep(*in, slot);
-    for (double t = tm[0]; t <= tm[2]; t += step) {
+    for (double t = tm[0]; t <= tm[2] && tellProgress(fieldText(in->fsname[slot]), t); t += step) {
         if (target.met(t, slot, step))
             return true;
         if (!(t + step > t))

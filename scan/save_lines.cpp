@@ -3,6 +3,7 @@
 #include "record/files.h"
 
 #include <QFile>
+#include <QFileInfo>
 #include <QSaveFile>
 #include <filesystem>
 #include <system_error>
@@ -55,6 +56,12 @@ std::optional<std::string> contentOfFile(const char* name)
     if (std::ferror(file.get()))
         return std::nullopt;
     return content;
+}
+
+bool mayBeWritten(const char* name)
+{
+    const QFileInfo file(QFile::decodeName(name));
+    return !file.isDir() && (file.exists() ? file : QFileInfo(file.absolutePath())).isWritable();
 }
 
 bool replaceFile(const char* name, std::string_view content)

@@ -18,6 +18,9 @@ bool nextSaveLine(std::FILE* file, std::string& line);
 /// All that a file holds; nothing if it cannot be read twice, as a pipe or a device.
 std::optional<std::string> contentOfFile(const char* name);
 
+/// Whether `replaceFile` can be expected to succeed, for a look before a long search.
+bool mayBeWritten(const char* name);
+
 /// Gives a file another content. It holds the old one until the new one is whole on the disk, also if the program ends
 /// meanwhile; pipes and devices are just written to.
 ///

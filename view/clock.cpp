@@ -7,6 +7,7 @@
 #include "engine/pass_search.h"
 #include "record/clock.h"
 #include "record/keep.h"
+#include "view/calculation.h"
 #include "view/message_boxes.h"
 
 namespace {
@@ -119,8 +120,10 @@ void VorlixView::jumpToPass(bool forward)
     const double sense = forward ? 1.0 : -1.0;
     const double from = indata->mjd + sense * indata->tmstep;
     const double to = from + sense * heldSpan(indata->dur);
-    const int found = forward ? nextpass(indata, indata->prs, from, to, tm, a, b)
-                              : lastpass(indata, indata->prs, from, to, tm, a, b);
+    int found = 0;
+    const auto search = [&] { found = (forward ? nextpass : lastpass)(indata, indata->prs, from, to, tm, a, b); };
+    if (!calculated(search))
+        return;
     if (found == 0) {
         if (indata->dspmd != 0)
             SatPlot(indata->mjd, 1);

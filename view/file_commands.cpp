@@ -11,6 +11,7 @@
 #include "elements/selection.h"
 #include "elements/writer.h"
 #include "record/keep.h"
+#include "record/progress.h"
 #include "record/text.h"
 #include "reports/orbit_track.h"
 #include "view/message_boxes.h"
@@ -33,6 +34,24 @@ bool agreesToShorten(QWidget* parent, const std::vector<int>& slotNumbers)
                        "Save them with the last five digits only? Otherwise these satellites are left "
                        "out. A file of the form OMM CSV holds them whole.");
     return QMessageBox::question(parent, VorlixView::tr("TLE File Save"), text.arg(namesOf(slotNumbers)),
+                                 QMessageBox::Yes | QMessageBox::No, QMessageBox::No) == QMessageBox::Yes;
+}
+
+/// Whether a track of so many lines is to be written: a long one is asked about, too long a one refused.
+bool agreesToLength(QWidget* parent, double lines)
+{
+    constexpr double manyLines = 100'000;
+    const QString title = VorlixView::tr("Save Orbit Track");
+    const QString length = VorlixView::tr("The track would have %1 lines.").arg(lines, 0, 'f', 0);
+    if (lines > mostTrackLines) {
+        const QString text =
+            VorlixView::tr("%1\n\nNo more than %2 are written. Choose a longer time step or a shorter "
+                           "time interval.");
+        QMessageBox::information(parent, title, text.arg(length).arg(mostTrackLines, 0, 'f', 0));
+        return false;
+    }
+    return lines <= manyLines ||
+           QMessageBox::question(parent, title, VorlixView::tr("%1\n\nWrite it?").arg(length),
                                  QMessageBox::Yes | QMessageBox::No, QMessageBox::No) == QMessageBox::Yes;
 }
 
@@ -101,7 +120,8 @@ void VorlixView::vFileSave()
         CmIridium();
         return;
     }
-    vCalcAOS();
+    if (!listPasses())
+        return;
     QMessageBox::information(this, tr("Vorlix"), tr("Saved on File ") + fieldQString(indata->savename));
 }
 
@@ -110,11 +130,15 @@ void VorlixView::vOrbitTrack()
     if (indata->satn < 1)
         return sayNoSatellite(this);
     vsFileName(indata->savename);
+    if (!agreesToLength(this, trackLines(*indata)))
+        return;
     int result = 0;
     {
         const WaitCursor wait;
         result = saveOrbitTrack(indata);
     }
+    if (result == calculationCancelled)
+        return;
     if (result != 0)
         QMessageBox::information(this, tr("Save Orbit Track"), tr("*** Problems with the output file"));
     else if (indata->iridflg != event::iridium)

@@ -18,6 +18,7 @@
 #include "record/keep.h"
 #include "record/numbers.h"
 #include "record/text.h"
+#include "view/calculation.h"
 #include "view/message_boxes.h"
 
 namespace {
@@ -144,7 +145,8 @@ void VorlixView::vDeltaV()
     if (!indata->ionf[indata->prs] && !askEventDate(tr("Maneuver")))
         return;
     Maneuver maneuver = lastManeuver(*indata);
-    if (askManeuver(this, maneuver) && perform(maneuver, indata) != 0)
+    int failed = 0;
+    if (askManeuver(this, maneuver) && calculated([&] { failed = perform(maneuver, indata); }) && failed != 0)
         QMessageBox::information(this, tr("Vorlix"), tr("Delta-V resulted in a hyperbolic orbit"));
 }
 

@@ -11,7 +11,7 @@
 #include "record/keep.h"
 #include "record/text.h"
 #include "reports/local_details.h"
-#include "view/message_boxes.h"
+#include "view/calculation.h"
 
 namespace {
 
@@ -90,9 +90,6 @@ void VorlixView::vLocalPass()
 void VorlixView::openPassDetails()
 {
     StPassDialog dialog(this);
-    {
-        const WaitCursor wait;
-        dialog.setParams(fsz);
-    }
-    dialog.exec();
+    if (calculated([&] { dialog.setParams(fsz); }))
+        dialog.exec();
 }

@@ -10,6 +10,7 @@
 #include "engine/pass_search.h"
 #include "engine/position.h"
 #include "record/keep.h"
+#include "view/calculation.h"
 
 namespace {
 
@@ -34,6 +35,8 @@ double oldSkyDays(const WinpData& in)
 
 void VorlixView::SatPlot(double t, int circles)
 {
+    if (!flownAhead(t))
+        return;
     if (indata->picflg) {
         PicPlot(t);
         return;

@@ -17,6 +17,7 @@
 #include "scan/all_satellites.h"
 #include "scan/iridium_scan.h"
 #include "scan/matching.h"
+#include "view/calculation.h"
 #include "view/message_boxes.h"
 
 /// Asks for the largest distance of a transit or flare line. @return  false if the user cancelled
@@ -27,39 +28,50 @@ bool VorlixView::askDistance()
 
 void VorlixView::vCalcAOS()
 {
+    listPasses();
+}
+
+/// @return  false if the search was ended
+bool VorlixView::listPasses()
+{
     const Keep kind(indata->iridflg);
     const Keep flareMagnitude(indata->flrmgf, false);
     if (indata->iridflg == event::iridium) {
         const ScratchSaveFile scratch(indata);
         CmIridium();
-        return;
+        return true;
     }
     if (chooseEventKind(indata) && !askDistance())
-        return;
-    {
-        const WaitCursor wait;
-        aospass(indata, outdata);
-    }
+        return true;
+    if (!calculated([] { aospass(indata, outdata); }))
+        return false;
     if (indata->tofile)
-        return;
+        return true;
     indata->dspmd = -1;
     showSattxt();
+    return true;
 }
 
 bool VorlixView::vAllSat()
+{
+    return listAll() == 0;
+}
+
+/// What AllSatAos returns; also `calculationCancelled` if the user cancelled.
+int VorlixView::listAll()
 {
     vsFileName(indata->savename);
     const Keep kind(indata->iridflg);
     const Keep flareMagnitude(indata->flrmgf, false);
     if (indata->iridflg != event::iridium && chooseEventKind(indata) && !askDistance())
-        return false;
+        return calculationCancelled;
     int result = 0;
     {
         const WaitCursor wait;
         result = AllSatAos(indata);
     }
     if (result == calculationCancelled)
-        return false;
+        return result;
     if (result == 1)
         QMessageBox::information(this, tr("All Passes"), tr("*** Problems with the output file"));
     else if (result != 0)
@@ -67,7 +79,7 @@ bool VorlixView::vAllSat()
     else if (indata->iridflg != event::iridium)
         QMessageBox::information(this, tr("Vorlix"),
                                  tr("List of passes saved on file ") + fieldQString(indata->savename));
-    return result == 0;
+    return result;
 }
 
 void VorlixView::vIridium()
@@ -88,8 +100,11 @@ void VorlixView::CmIridium()
     bool solarPanels = false;
     dialog.getParams(magnitude, operational, solarPanels);
     search.accept(magnitude, operational, solarPanels);
+    const int result = listAll();
+    if (result == calculationCancelled)
+        return;
     outdata->nlines = 0;
-    if (vAllSat())  // otherwise the file holds the flares of an earlier search
+    if (result == 0)  // otherwise the file holds the flares of an earlier search
         Iriddspy(indata, outdata);
     showtxt(true);
 }
@@ -115,11 +130,7 @@ void VorlixView::vMatch()
 void VorlixView::listMatches()
 {
     int failed = 0;
-    {
-        const WaitCursor wait;
-        failed = SatMatch(indata, outdata);
-    }
-    if (failed == calculationCancelled)
+    if (!calculated([&] { failed = SatMatch(indata, outdata); }))
         return;
     if (failed != 0)
         QMessageBox::information(this, tr("Find Matching Sats"), tr("*** Unable to open TLE file ***"));

@@ -238,6 +238,8 @@ private:
 
     // searches and tables
     bool askDistance();
+    bool listPasses();
+    int listAll();
     void listMatches();
 
     // orbits
