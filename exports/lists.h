@@ -1,0 +1,46 @@
+// The lists that leave the program: their columns, and what a calendar makes of their rows.
+#pragma once
+
+#include "exports/calendar_form.h"
+#include "exports/rows.h"
+
+/// How a satellite is called in a list.
+struct SatelliteName
+{
+    std::string name;  // UTF-8, without blanks at its end
+    long long number = 0;
+    std::string designator;  // "1998-067A", or empty
+};
+
+/// Where an observer stands: degrees, metres.
+struct ListSite
+{
+    std::string name;
+    double latitude = 0, longitude = 0, height = 0;
+};
+
+/// Three instants of a pass: start, maximum and end. Times are MJD UTC, angles degrees.
+struct PassTimes
+{
+    double time[3], elevation[3], azimuth[3];
+};
+
+Columns passColumns();
+Row passRow(const SatelliteName& satellite, const PassTimes& pass);
+
+/// Events: transits, occultations and flares.
+Columns eventColumns();
+/// Times in which two satellites see each other.
+Columns contactColumns();
+/// Places in the sky.
+Columns lookColumns();
+/// Sub-satellite points.
+Columns trackColumns();
+/// Positions and velocities.
+Columns stateColumns();
+/// Satellites that fit a sighting.
+Columns matchColumns();
+
+/// The calendar's entry for a row of passes, events or contacts. Its identifier is made of kind, satellite, minute of
+/// the maximum (or of the start) and place.
+CalendarEvent calendarEventOf(Columns columns, const Row& row, const char* kind, const ListSite& site);
