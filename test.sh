@@ -5,6 +5,7 @@ set -euo pipefail
 cd "$(dirname "$0")"
 . tools/packages.sh
 
-need_packages "${build_packages[@]}" desktop-file-utils appstream groff-base
+need_packages "${build_packages[@]}" desktop-file-utils appstream groff-base \
+    python3-jsonschema python3-icalendar
 build_preset release
 ctest --preset release -j "$(nproc)" "$@"

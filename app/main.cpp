@@ -1,13 +1,22 @@
-// The process: application, font, working directory, window.
+// The process: a window, or an answer on standard output if the first word names a task.
 
 #include <QApplication>
 #include <QDir>
 #include <QFont>
+#include <algorithm>
+#include <string>
+#include <vector>
 
 #include "app/vorlix_app.h"
+#include "cli/command.h"
 
 int main(int argc, char* argv[])
 {
+    const std::vector<std::string> words(argv + 1, argv + std::max(argc, 1));
+    if (isCommand(words)) {
+        const QCoreApplication command(argc, argv);
+        return runCommand(words, processChannels(QCoreApplication::applicationDirPath()));
+    }
     const QApplication application(argc, argv);
     QApplication::setFont(QFont("helvetica", 10));
     // Relative names, that of the configuration first of all, refer to the directory of the executable.

@@ -193,19 +193,6 @@ Line lineTwo(const WinpData& in, int i, const Line& lineOne)
     return line;
 }
 
-void writeEntry(std::FILE* file, WinpData* in, int i)
-{
-    std::fprintf(file, "%s\n", nameLine(fieldText(in->fsname[i])).c_str());
-    Line lineOne = startOfLineOne(in, i);
-    if (in->numflg[i]) {
-        writeStateVector(file, *in, i, lineOne);
-        return;
-    }
-    finishLineOne(lineOne, *in, i);
-    lineOne.write(file);
-    lineTwo(*in, i, lineOne).write(file);
-}
-
 /// The mantissa of 0.ddddd, and the exponent held to one digit.
 struct ExponentField
 {
@@ -229,6 +216,19 @@ struct ExponentField
     bool small;
 };
 }  // namespace
+
+void writeTwoLines(std::FILE* file, WinpData* in, int i)
+{
+    std::fprintf(file, "%s\n", nameLine(fieldText(in->fsname[i])).c_str());
+    Line lineOne = startOfLineOne(in, i);
+    if (in->numflg[i]) {
+        writeStateVector(file, *in, i, lineOne);
+        return;
+    }
+    finishLineOne(lineOne, *in, i);
+    lineOne.write(file);
+    lineTwo(*in, i, lineOne).write(file);
+}
 
 void cvtlef(char* out, double value)
 {
@@ -295,7 +295,7 @@ int SaveTle(WinpData* in, bool shorten)
         if (messages && !in->numflg[i])
             writeOmmLine(file.get(), *in, i);
         if (!messages && (shorten || in->norad[i] <= greatestColumnNumber))
-            writeEntry(file.get(), in, i);
+            writeTwoLines(file.get(), in, i);
     }
     return 0;
 }

@@ -3,6 +3,7 @@
 
 #include "record/winp_data.h"
 
+#include <cstdio>
 #include <vector>
 
 /// What of the selection a file of the chosen form cannot hold.
@@ -28,6 +29,10 @@ LeftOut leftOut(const WinpData& in);
 ///                 is left out
 /// @return         0 done, 1 no satellite selected or none that such a file can hold, 2 the file cannot be opened
 [[nodiscard]] int SaveTle(WinpData* in, bool shorten = false);
+
+/// Writes one satellite with its name as Two Line Elements, or as a record of its state if it is numeric. Uses `ldraw`
+/// and `ldfull`.
+void writeTwoLines(std::FILE* file, WinpData* in, int slot);
 
 /// The exponent field of a Two Line Element: 0.5e-3 gives " 50000-3". A value too large for the field becomes the
 /// largest that fits; one that is no number becomes 0.

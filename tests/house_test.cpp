@@ -27,10 +27,13 @@ const std::map<std::string, std::set<std::string>>& mayInclude()
             t[side].insert(side);
         }
         below.insert({"reports", "design"});
+        t["cli"] = below;
+        t["cli"].insert("cli");
         for (const char* floor : {"dialogs", "view", "app"}) {
             below.insert(floor);
             t[floor] = below;
         }
+        t["app"].insert("cli");
         return t;
     }();
     return table;

@@ -1,0 +1,76 @@
+// The answer of a task on its way out: form, order, limit.
+#pragma once
+
+#include "cli/channels.h"
+#include "cli/session.h"
+#include "cli/sorter.h"
+#include "exports/lists.h"
+
+#include <memory>
+#include <string>
+#include <vector>
+
+/// What a list is called and how its rows look.
+struct ListKind
+{
+    const char* key;  // in JSON: "passes"
+    Columns columns;
+    const char* single;  // in calendars: "pass"
+};
+
+/// Where the elements of a satellite come from.
+struct UsedElements
+{
+    SatelliteName satellite;
+    double epoch;  // MJD UTC
+};
+
+class Answer
+{
+public:
+    Answer(const Session& session, const Channels& channels, const ListKind& kind);
+
+    /// A row with the time that it is sorted by.
+    void add(double time, const Row& row);
+
+    /// A piece of the answer that is in its form already.
+    void addText(double time, std::string text);
+
+    /// A text of its own, out of order and outside the limit.
+    void put(std::string_view text);
+
+    /// Tells whose elements an answer in JSON names.
+    void use(const UsedElements& elements);
+
+    /// Whether no more rows are wanted: the limit is reached, or nobody reads.
+    bool full() const;
+
+    /// Writes what is left, unless there was a problem before anything came out.
+    ///
+    /// @return  the problem, or what went wrong with the output
+    Problem end(const Problem& before);
+
+    long long count() const { return taken; }
+
+private:
+    void begin();
+    std::string head() const;
+    std::string tail() const;
+    std::string textOf(const Row& row) const;
+    bool joined() const;
+    bool give(const std::string& item);
+    bool write(std::string_view text);
+
+    const Session& session;
+    Channels channels;
+    ListKind kind;
+    Sorter sorter;
+    bool sorts;
+    bool begun = false;   // the output is open
+    bool closed = false;  // nobody reads
+    long long taken = 0;  // rows that came
+    long long given = 0;  // rows that went out
+    std::string pending;  // a joined item that waits for its separator
+    std::vector<UsedElements> used;
+    FilePtr file;
+};

@@ -1,0 +1,149 @@
+// Passes, contacts, and what rises next.
+
+#include "cli/entry_walk.h"
+#include "cli/tasks.h"
+#include "engine/aos_list.h"
+#include "engine/pass_search.h"
+#include "record/slot_copy.h"
+
+#include <array>
+#include <functional>
+#include <memory>
+#include <optional>
+
+namespace {
+
+constexpr int primeSlot = 0, otherSlot = 1;
+constexpr double secondsPerDay = 86400.0;
+constexpr double leastLeadDays = 0.0018;  // what begins sooner has begun, for one who asks what comes next
+
+/// Calls `take` for each pass of the prime slot in the interval until it returns false.
+void eachPass(WinpData& in, const Session& session, const std::function<bool(const Pass&)>& take)
+{
+    double t = session.from;
+    while (t <= session.to) {
+        Pass pass;
+        if (nextpass(&in, primeSlot, t, session.to, pass.tm, pass.a, pass.b) == 0)
+            return;
+        const bool longEnough = (pass.tm[2] - pass.tm[0]) * secondsPerDay >= session.request.minDuration;
+        if (longEnough && !take(pass))
+            return;
+        const double next = timeAfterPass(in, primeSlot, pass);
+        if (!(next > t))  // a time too far off for steps of a minute
+            return;
+        t = next;
+    }
+}
+
+PassTimes timesOf(const Pass& pass)
+{
+    PassTimes times{};
+    for (int k = 0; k < 3; ++k) {
+        times.time[k] = pass.tm[k];
+        times.elevation[k] = pass.a[k];
+        times.azimuth[k] = pass.b[k];
+    }
+    return times;
+}
+
+void handOver(const EntryRows& entry, Answer& answer)
+{
+    if (entry.rows.empty())
+        return;
+    answer.use({nameOf(entry.in, primeSlot), entry.in.mjdep[primeSlot]});
+    for (const auto& [time, row] : entry.rows)
+        answer.add(time, row);
+}
+
+/// The passes of all wanted satellites that `take` makes rows of.
+Problem searchPasses(const Session& session, const Channels& channels, Answer& answer,
+                     const std::function<void(EntryRows&)>& search)
+{
+    EntryWalk walk(session, channels, [&] { return answer.full(); });
+    const Problem problem =
+        walk.shared(*session.record, search, [&](const EntryRows& entry) { handOver(entry, answer); });
+    channels.err(walk.missing());
+    return problem;
+}
+
+/// The two satellites of a request, in the first two slots.
+Problem findPair(const Session& session, const Channels& channels, WinpData& pair)
+{
+    std::array<bool, 2> found{};
+    std::array<Wanted, 2> wanted{Wanted({session.request.satellites[0]}), Wanted({session.request.satellites[1]})};
+    EntryWalk walk(session, channels, [&] { return found[0] && found[1]; });
+    const Problem problem = walk.oneByOne(*session.record, [&](const WinpData& in) {
+        for (int slot : {primeSlot, otherSlot}) {
+            if (found[slot] || !wanted[slot].fits(in, primeSlot))
+                continue;
+            copySlot(&pair, slot, in, primeSlot);
+            found[slot] = true;
+        }
+    });
+    if (problem)
+        return problem;
+    channels.err(walk.missing());
+    return {found[0] && found[1] ? status::found : status::nothingFound, {}};
+}
+
+Row contactRow(const WinpData& in, const Pass& pass)
+{
+    const SatelliteName one = nameOf(in, primeSlot);
+    const SatelliteName other = nameOf(in, otherSlot);
+    return {one.name,
+            one.number,
+            one.designator.empty() ? Value() : Value(one.designator),
+            other.name,
+            other.number,
+            Instant{pass.tm[0]},
+            Instant{pass.tm[2]},
+            (pass.tm[2] - pass.tm[0]) * secondsPerDay,
+            pass.a[0],
+            pass.b[0],
+            pass.a[2],
+            pass.b[2]};
+}
+
+}  // namespace
+
+Problem findPasses(const Session& session, const Channels& channels, Answer& answer)
+{
+    return searchPasses(session, channels, answer, [&](EntryRows& entry) {
+        entry.searched = true;
+        const SatelliteName name = nameOf(entry.in, primeSlot);
+        eachPass(entry.in, session, [&](const Pass& pass) {
+            entry.rows.emplace_back(pass.tm[0], passRow(name, timesOf(pass)));
+            return true;
+        });
+    });
+}
+
+Problem findNext(const Session& session, const Channels& channels, Answer& answer)
+{
+    return searchPasses(session, channels, answer, [&](EntryRows& entry) {
+        entry.searched = true;
+        eachPass(entry.in, session, [&](const Pass& pass) {
+            if (pass.tm[0] > session.from + leastLeadDays)
+                entry.rows.emplace_back(pass.tm[0], passRow(nameOf(entry.in, primeSlot), timesOf(pass)));
+            return entry.rows.empty();
+        });
+    });
+}
+
+Problem findContacts(const Session& session, const Channels& channels, Answer& answer)
+{
+    const auto in = std::make_unique<WinpData>(*session.record);
+    if (const Problem problem = findPair(session, channels, *in))
+        return problem;
+    in->satn = 2;
+    in->prs = primeSlot;
+    in->rlm = 1;
+    in->sgpsat = noSlot;
+    for (const int slot : {primeSlot, otherSlot})
+        answer.use({nameOf(*in, slot), in->mjdep[slot]});
+    eachPass(*in, session, [&](const Pass& pass) {
+        answer.add(pass.tm[0], contactRow(*in, pass));
+        return !answer.full();
+    });
+    return {};
+}

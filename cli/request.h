@@ -1,0 +1,113 @@
+// What a command line asks for, as values; nothing of it has been looked up yet.
+#pragma once
+
+#include "exports/lists.h"
+
+#include <optional>
+#include <string>
+#include <vector>
+
+/// The first word of a command line.
+enum class Task
+{
+    passes,
+    events,
+    contacts,
+    look,
+    track,
+    state,
+    match,
+    convert,
+    next,
+    now
+};
+
+/// The form of an answer.
+enum class Form
+{
+    table,
+    csv,
+    json,
+    ndjson,
+    ics,
+    geojson,
+    oem,
+    tle,
+    xml,
+    kvn
+};
+
+/// How a command line ends.
+namespace status {
+enum Code
+{
+    found = 0,
+    nothingFound = 1,
+    wrongWords = 2,
+    unreadable = 3  // an input that cannot be read, or an output that cannot be written
+};
+}
+
+/// Which light a pass needs.
+enum class Light
+{
+    asSaved,  // by the saved configuration
+    any,
+    sunlit,
+    moonlit  // in the light of the Moon, and not of the Sun
+};
+
+/// Two angles in degrees: azimuth and elevation, or right ascension and declination, or yaw and pitch.
+struct Angles
+{
+    double first = 0, second = 0;
+};
+
+struct Request
+{
+    Task task = Task::passes;
+    Form form = Form::table;
+    std::vector<std::string> files;       // "-" is standard input; none: that of the saved configuration
+    std::vector<std::string> satellites;  // names, numbers, designators; none: all of the files
+    std::optional<ListSite> site;
+    std::string siteName;
+    std::string from, to, zone, clock;  // texts of times; empty for none
+    std::optional<double> days;
+    std::optional<long long> limit;
+    std::optional<int> workers;
+    std::string output;          // a file; empty: standard output
+    bool entryOrder = false;     // as the files have them, each printed when it is ready
+    bool withoutConfig = false;  // the saved configuration is not read
+
+    Light light = Light::asSaved;
+    std::optional<double> minElevation, maxSun;  // degrees
+    double minDuration = 0;                      // seconds
+
+    std::vector<std::string> kinds;      // of events
+    std::optional<Angles> place;         // in the sky, for occultations; J2000
+    std::optional<Angles> mirror;        // yaw and pitch of a known surface
+    std::optional<Angles> normal;        // direction of a surface that stands still among the stars
+    std::optional<double> maxDistance;   // km
+    std::optional<double> maxMagnitude;  // of the flares of three mirrors
+    double step = 60;                    // seconds
+    std::optional<double> frequency;     // Hz
+    std::optional<double> length;        // metres, for magnitudes
+    std::string frame = "true-of-date";  // of states
+    bool numeric = false;                // states by numerical flight
+    std::string at;                      // time of a sighting
+    std::optional<Angles> azel, radec;   // place of a sighting
+    double radius = 2;                   // degrees
+    double window = 1;                   // minutes to both sides
+    std::optional<double> direction;     // degrees
+};
+
+/// The outcome of reading a command line.
+struct ReadWords
+{
+    Request request;
+    std::string complaint;  // one line that says what was expected; empty if the words are good
+    std::string answer;     // a help text that was asked for
+};
+
+/// Reads the words behind the name of the program.
+ReadWords readWords(const std::vector<std::string>& words);

@@ -1,0 +1,24 @@
+#include "cli/tasks.h"
+
+ListKind listOf(Task task)
+{
+    switch (task) {
+    case Task::events:
+        return {"events", eventColumns(), "event"};
+    case Task::contacts:
+        return {"contacts", contactColumns(), "contact"};
+    case Task::look:
+    case Task::now:
+        return {"positions", lookColumns(), ""};
+    case Task::track:
+        return {"points", trackColumns(), ""};
+    case Task::state:
+        return {"states", stateColumns(), ""};
+    case Task::match:
+        return {"matches", matchColumns(), ""};
+    case Task::convert:
+        return {"", {}, ""};
+    default:
+        return {"passes", passColumns(), "pass"};
+    }
+}

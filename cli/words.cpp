@@ -1,0 +1,203 @@
+#include "cli/words.h"
+
+#include <algorithm>
+#include <array>
+#include <cctype>
+#include <numeric>
+#include <utility>
+
+namespace {
+
+constexpr const char* listForms = "table csv json ndjson";
+
+// clang-format off
+constexpr std::array tasks{
+    TaskWords{Task::passes, "passes", "", "passes over the site, in time order",
+     "table csv json ndjson ics",
+     {"passes --satellite 25544 --site 48.2,16.4 --from tonight",
+      "passes --visible --min-elevation 30 --days 3 --format ics --output passes.ics"}},
+    TaskWords{Task::events, "events", "",
+     "flares, transits of Sun and Moon, occultations of a place in the sky, with width and ground point",
+     "table csv json ndjson ics geojson",
+     {"events --kind sun --kind moon --satellite ISS --days 14",
+      "events --kind place --place 68.98,16.51 --max-distance 20 --format csv"}},
+    TaskWords{Task::contacts, "contacts", "A B", "when two satellites see each other",
+     "table csv json ndjson ics",
+     {"contacts 25544 20580 --days 1", "contacts \"HST\" \"ISS\" --visible --format json"}},
+    TaskWords{Task::look, "look", "",
+     "azimuth, elevation, range, rate, Doppler, right ascension, declination, light and magnitude", listForms,
+     {"look --satellite ISS --from now --days 0.01 --step 10",
+      "look --satellite 25544 --from 2018-01-20T17:04Z --frequency 145800000 --format csv"}},
+    TaskWords{Task::track, "track", "", "points below the satellites",
+     "table csv json ndjson geojson",
+     {"track --satellite ISS --format geojson --output track.geojson",
+      "track --satellite 25544 --from 2018-01-20 --days 1 --step 30 --format csv"}},
+    TaskWords{Task::state, "state", "", "positions and velocities, by SGP4 or by numerical flight",
+     "table csv json ndjson oem",
+     {"state --satellite 25544 --frame j2000 --format oem --output iss.oem",
+      "state --satellite ISS --numeric --frame earth-fixed --days 1 --step 600 --format csv"}},
+    TaskWords{Task::match, "match", "", "satellites that fit a sighting", listForms,
+     {"match --at 2018-01-20T17:06:30Z --azel 205,38 --radius 5",
+      "match --at now --radec 68.98,16.51 --direction 90 --window 2"}},
+    TaskWords{Task::convert, "convert", "", "element sets in another form",
+     "tle csv json xml kvn",
+     {"convert --elements visual.txt --format json --output visual.json",
+      "convert --elements - --satellite ISS --format kvn"}},
+    TaskWords{Task::next, "next", "", "which satellites rise next",
+     "table csv json ndjson ics",
+     {"next --limit 5", "next --visible --min-elevation 20 --format json"}},
+    TaskWords{Task::now, "now", "", "which satellites are up now", listForms,
+     {"now", "now --visible --format csv"}},
+};
+
+constexpr unsigned everyTask = (1u << tasks.size()) - 1;
+constexpr unsigned lists = everyTask & ~bitOf(Task::convert);
+constexpr unsigned stepped = bitOf(Task::look) | bitOf(Task::track) | bitOf(Task::state);
+constexpr unsigned searched = bitOf(Task::passes) | bitOf(Task::events) | bitOf(Task::next);
+constexpr unsigned conditions = searched | bitOf(Task::match) | bitOf(Task::now);
+
+constexpr std::array options{
+    OptionWords{"elements", "FILE", everyTask, "element file of any form, - for standard input; may come again"},
+    OptionWords{"satellite", "WHICH", everyTask & ~bitOf(Task::contacts),
+                "start of a name, catalogue number or designator (1998-067A); may come again"},
+    OptionWords{"site", "LAT,LON[,HEIGHT]", lists, "the observer, degrees (north and east positive) and metres"},
+    OptionWords{"site-name", "NAME", lists, "the observer by the name of a saved or a launch site"},
+    OptionWords{"from", "TIME", lists & ~bitOf(Task::match),
+                "ISO 8601, now (as without it) or tonight: from sunset to sunrise at the site"},
+    OptionWords{"to", "TIME", lists & ~bitOf(Task::match) & ~bitOf(Task::now), "ISO 8601 or now"},
+    OptionWords{"days", "NUMBER", lists & ~bitOf(Task::match) & ~bitOf(Task::now), "length of the interval"},
+    OptionWords{"zone", "ZONE", lists,
+                "zone of times without one and of those in tables: Z, +01:00, 1, local, Europe/Vienna"},
+    OptionWords{"limit", "NUMBER", everyTask, "no more rows than this"},
+    OptionWords{"workers", "NUMBER", everyTask, "threads; as many as there are cores without it"},
+    OptionWords{"format", "FORM", everyTask, "form of the answer"},
+    OptionWords{"output", "FILE", everyTask, "where the answer goes instead of standard output"},
+    OptionWords{"order", "ORDER", searched | bitOf(Task::match),
+                "time, or entry: as the file has the satellites, each printed when it is ready"},
+    OptionWords{"visible", nullptr, conditions | bitOf(Task::contacts), "only with the satellite in sunlight"},
+    OptionWords{"moonshine", nullptr, conditions, "only with the satellite in moonlight alone"},
+    OptionWords{"all", nullptr, conditions | bitOf(Task::contacts), "in any light, by day as well"},
+    OptionWords{"min-elevation", "DEGREES", conditions, "lowest elevation of the satellite"},
+    OptionWords{"max-sun", "DEGREES", conditions, "highest elevation of the Sun"},
+    OptionWords{"min-duration", "SECONDS", bitOf(Task::passes) | bitOf(Task::contacts), "shorter ones are left out"},
+    OptionWords{"kind", "KIND", bitOf(Task::events), "sun, moon, place, flare or iridium; may come again"},
+    OptionWords{"place", "RA,DEC", bitOf(Task::events), "what is occulted: degrees, J2000"},
+    OptionWords{"mirror", "YAW,PITCH", bitOf(Task::events), "flares of a surface fixed to the satellite, degrees"},
+    OptionWords{"normal", "RA,DEC", bitOf(Task::events), "flares of a surface fixed among the stars, degrees"},
+    OptionWords{"max-distance", "KM", bitOf(Task::events), "from the site to the ground point of the event"},
+    OptionWords{"max-magnitude", "NUMBER", bitOf(Task::events), "faintest flare of kind iridium"},
+    OptionWords{"step", "SECONDS", stepped, "between two rows; 60 without it"},
+    OptionWords{"frequency", "HZ", bitOf(Task::look), "transmitter, for the Doppler shift"},
+    OptionWords{"length", "METRES", bitOf(Task::look) | bitOf(Task::now), "size of the satellite, for magnitudes"},
+    OptionWords{"frame", "FRAME", bitOf(Task::state), "true-of-date, mean-of-date, j2000 or earth-fixed"},
+    OptionWords{"numeric", nullptr, bitOf(Task::state), "by numerical flight from the state at epoch"},
+    OptionWords{"at", "TIME", bitOf(Task::match), "when it was seen"},
+    OptionWords{"azel", "AZ,EL", bitOf(Task::match), "where it was seen, degrees"},
+    OptionWords{"radec", "RA,DEC", bitOf(Task::match), "where it was seen, degrees of date"},
+    OptionWords{"radius", "DEGREES", bitOf(Task::match), "how far off it may be; 2 without it"},
+    OptionWords{"window", "MINUTES", bitOf(Task::match), "how much earlier or later; 1 without it"},
+    OptionWords{"direction", "DEGREES", bitOf(Task::match), "where it moved: 0 up, 90 right; within 45 degrees"},
+    OptionWords{"no-config", nullptr, everyTask, "as if no configuration were saved"},
+    OptionWords{"clock", "TIME", everyTask, "the instant that counts as now, for answers that can be repeated"},
+    OptionWords{"help", nullptr, everyTask, "this text"},
+};
+// clang-format on
+
+/// The number of letters to be changed, added or left out (Levenshtein).
+std::size_t distanceOf(std::string_view one, std::string_view other)
+{
+    std::vector<std::size_t> row(other.size() + 1);
+    std::iota(row.begin(), row.end(), std::size_t{0});
+    for (std::size_t i = 0; i < one.size(); ++i) {
+        std::size_t diagonal = std::exchange(row[0], i + 1);
+        for (std::size_t k = 0; k < other.size(); ++k) {
+            const bool same = std::tolower(static_cast<unsigned char>(one[i])) ==
+                              std::tolower(static_cast<unsigned char>(other[k]));
+            const std::size_t changed = diagonal + (same ? 0 : 1);
+            diagonal = std::exchange(row[k + 1], std::min({changed, row[k] + 1, row[k + 1] + 1}));
+        }
+    }
+    return row.back();
+}
+
+std::string padded(std::string text, std::size_t width)
+{
+    text.resize(std::max(width, text.size() + 1), ' ');
+    return text;
+}
+
+std::string optionHelp(const OptionWords& option)
+{
+    const std::string value = option.value ? std::string(" ") + option.value : std::string();
+    return "  " + padded(std::string("--") + option.name + value, 25) + option.does + '\n';
+}
+
+}  // namespace
+
+std::span<const TaskWords> allTasks()
+{
+    return tasks;
+}
+
+std::span<const OptionWords> allOptions()
+{
+    return options;
+}
+
+const TaskWords& wordsOf(Task task)
+{
+    return tasks[static_cast<std::size_t>(task)];
+}
+
+std::vector<std::string> splitWords(std::string_view text)
+{
+    std::vector<std::string> words;
+    while (!text.empty()) {
+        const std::string_view word = text.substr(0, text.find(' '));
+        words.emplace_back(word);
+        text.remove_prefix(std::min(word.size() + 1, text.size()));
+    }
+    return words;
+}
+
+std::string listed(const std::vector<std::string>& words)
+{
+    std::string text;
+    for (std::size_t i = 0; i < words.size(); ++i)
+        text += (i == 0 ? "" : i + 1 < words.size() ? ", " : " or ") + words[i];
+    return text;
+}
+
+std::string nearestOf(std::string_view word, const std::vector<std::string>& candidates)
+{
+    const auto nearest =
+        std::min_element(candidates.begin(), candidates.end(), [&](const auto& one, const auto& other) {
+            return distanceOf(word, one) < distanceOf(word, other);
+        });
+    return nearest == candidates.end() ? std::string() : *nearest;
+}
+
+std::string commandHelp()
+{
+    std::string text = "Usage: vorlix                       opens the window\n"
+                       "       vorlix TASK [OPTION...]      answers on standard output\n\nTasks:\n";
+    for (const TaskWords& task : tasks)
+        text += "  " + padded(task.name + std::string(*task.arguments ? " " : "") + task.arguments, 14) + task.does +
+                '\n';
+    return text + "\nvorlix TASK --help tells the options of a task, man vorlix tells all.\n"
+                  "Without options a task takes place, conditions and element file of the saved configuration.\n"
+                  "Exit status: 0 found, 1 nothing found, 2 wrong words, 3 unreadable input.\n";
+}
+
+std::string taskHelp(const TaskWords& task)
+{
+    std::string text = std::string("Usage: vorlix ") + task.name + (*task.arguments ? " " : "") + task.arguments +
+                       " [OPTION...]\nPrints " + task.does + ".\n\n";
+    for (const OptionWords& option : options)
+        if (option.tasks & bitOf(task.task))
+            text += optionHelp(option);
+    text += "\nForms: " + listed(splitWords(task.forms)) + ". The first one is the default.\n\nExamples:\n";
+    for (const char* example : task.examples)
+        text += std::string("  vorlix ") + example + '\n';
+    return text;
+}

@@ -1,0 +1,192 @@
+// The command as a whole: what the README and a list of lines show comes out, and what must be so for any line.
+
+#include "cli/command.h"
+#include "cli/words.h"
+
+#include "cli/transcript_helper.h"
+#include "record_fields.h"
+#include "scratch_dir.h"
+
+#include "cli/sorter.h"
+#include "cli/times.h"
+#include "record/text.h"
+#include "scan/all_satellites.h"
+
+#include <QDir>
+#include <QRegularExpression>
+#include <QTime>
+#include <algorithm>
+#include <array>
+#include <optional>
+#include <tuple>
+
+#include <gtest/gtest.h>
+
+namespace {
+
+const QString samples = QStringLiteral(SOURCE_DIR "/resources/elements");  // no configuration lies there
+/// With a site and a clock.
+CommandRun runEvening(std::vector<std::string> words, std::FILE* input = nullptr)
+{
+    words.insert(words.end(), {"--clock", "2018-01-20T12:00:00Z", "--site", "48.2,16.4,200"});
+    return runWords(words, samples, input);
+}
+
+std::vector<std::string> linesOf(const std::string& text)
+{
+    std::vector<std::string> lines;
+    for (std::size_t at = 0; at < text.size();) {
+        const std::size_t end = std::min(text.find('\n', at), text.size());
+        lines.push_back(text.substr(at, end - at));
+        at = end + 1;
+    }
+    return lines;
+}
+
+/// The samples lie in the working directory as well.
+class Command : public testing::Test
+{
+    void SetUp() override { QDir::setCurrent(samples); }
+    void TearDown() override { QDir::setCurrent(before); }
+    const QString before = QDir::currentPath();
+};
+
+TEST_F(Command, AnswersLines)
+{
+    const std::vector<Transcript> lines = transcriptsOf(ScratchDir::read(TEST_DATA "/cli/commands.txt"));
+    EXPECT_GE(lines.size(), 30);
+    for (const Transcript& t : lines)
+        EXPECT_TRUE(sameOutcome(outcomeOf(t.command, samples), t.expected))
+            << t.command << "\n"
+            << outcomeOf(t.command, samples) << "instead of\n"
+            << t.expected;
+}
+
+/// Start, maximum and end of a pass, each as its time of the day, and the name.
+struct ListedPass
+{
+    std::string name;
+    std::array<QTime, 3> times;
+};
+
+/// A line of a list of the window, or one of the command in CSV; nothing for any other line.
+std::optional<ListedPass> passOf(const std::string& line)
+{
+    static const QRegularExpression clock(QStringLiteral("[ T]([ 0-9][0-9]:[0-9]{2}:[0-9]{2}([.][0-9]+)?)"));
+    const QString text = QString::fromStdString(line);
+    ListedPass pass;
+    std::size_t count = 0;
+    qsizetype end = 0;
+    for (auto found = clock.globalMatch(text); found.hasNext() && count < 3;) {
+        const QRegularExpressionMatch match = found.next();
+        end = match.capturedEnd();
+        const QString time = match.captured(1).replace(QLatin1Char(' '), QLatin1Char('0'));
+        pass.times[count++] = QTime::fromString(time, Qt::ISODateWithMs);
+    }
+    if (count < 3)
+        return std::nullopt;
+    const bool csv = text.contains(QLatin1String("Z,"));
+    const QString name =
+        csv ? text.section(QLatin1Char(','), 0, 0) : text.mid(text.indexOf(QLatin1Char(')'), end) + 1);
+    pass.name = name.trimmed().toStdString();
+    return pass;
+}
+
+/// In order of their names and times of the day.
+std::vector<ListedPass> passesOf(const std::string& list)
+{
+    std::vector<ListedPass> passes;
+    for (const std::string& line : linesOf(list))
+        if (const auto pass = passOf(line))
+            passes.push_back(*pass);
+    std::sort(passes.begin(), passes.end(), [](const ListedPass& a, const ListedPass& b) {
+        return std::tie(a.name, a.times) < std::tie(b.name, b.times);
+    });
+    return passes;
+}
+
+/// The list that the window writes for two days of the sample file.
+std::string listOfWindow()
+{
+    const ScratchDir here;
+    WinpData in;
+    setDefaults(&in);
+    setFields(in, "visflg=1 satel=10 sunel=-6 dur=2 lat=48.2 lng=16.4 height=200 tzone=0 day=20 month=1 year=2018 "
+                  "hour=12 newsave=1");
+    assignField(in.tlename, SOURCE_DIR "/resources/elements/visual.txt");
+    assignField(in.savename, "list.txt");
+    EXPECT_EQ(AllSatAos(&in), 0);
+    return ScratchDir::read("list.txt");
+}
+
+TEST(Passes, AreThoseOfTheWindowToTheSecond)
+{
+    const std::vector<ListedPass> expected = passesOf(listOfWindow());
+    ASSERT_GT(expected.size(), 100);
+    const CommandRun run = runEvening({"passes", "--days", "2", "--format", "csv"});
+    const std::vector<ListedPass> found = passesOf(run.out);
+    ASSERT_EQ(found.size(), expected.size());
+    for (std::size_t i = 0; i < found.size(); ++i) {
+        EXPECT_EQ(found[i].name, expected[i].name);
+        for (std::size_t k = 0; k < 3; ++k)
+            EXPECT_LE(std::abs(found[i].times[k].msecsTo(expected[i].times[k])), 501) << found[i].name;
+    }
+}
+
+TEST_F(Command, ReadsStandardInputAndWritesFiles)
+{
+    const ScratchDir here;
+    const std::string elements = ScratchDir::read(SOURCE_DIR "/resources/elements/visual.txt");
+    ScratchDir::write("elements.txt", elements);
+    const FilePtr input(std::fopen("elements.txt", "r"));
+    const CommandRun typed = runEvening({"passes", "--elements", "-", "--format", "csv"}, input.get());
+    EXPECT_EQ(typed.status, 0) << typed.err;
+
+    ScratchDir::write("old.csv", "old");
+    EXPECT_EQ(runEvening({"passes", "--elements", "elements.txt", "--output", "./elements.txt"}).status, 2);
+    EXPECT_EQ(ScratchDir::read("elements.txt"), elements) << "an input is overwritten";
+    ScratchDir::write("empty.txt", "nothing\n");
+    EXPECT_EQ(runWords({"passes", "--elements", "empty.txt", "--output", "old.csv"}, samples).status, 2);
+    EXPECT_EQ(runEvening({"passes", "--elements", "empty.txt", "--output", "old.csv"}).status, 3);
+    EXPECT_EQ(ScratchDir::read("old.csv"), "old") << "a file is lost for nothing";
+    EXPECT_EQ(runEvening({"passes", "--output", "old.csv", "--format", "csv"}).status, 0);
+    EXPECT_EQ(passesOf(ScratchDir::read("old.csv")).size(), passesOf(typed.out).size());
+}
+
+TEST(Sorter, GivesTextsByTimeFromMemoryAndFiles)
+{
+    Sorter sorter(300);  // bytes: a few of these items
+    std::vector<std::string> expected;
+    for (int i = 0; i < 500; ++i) {
+        const int time = i * 7919 % 100;
+        sorter.add(time, std::to_string(1000 * time + i));
+        expected.push_back(std::to_string(1000 * time + i));
+    }
+    std::stable_sort(expected.begin(), expected.end(),
+                     [](const auto& a, const auto& b) { return std::stoi(a) < std::stoi(b); });
+    std::vector<std::string> given;
+    EXPECT_TRUE(sorter.giveAll([&](const std::string& text) {
+        given.push_back(text);
+        return true;
+    }));
+    EXPECT_EQ(given, expected);
+}
+
+/// Sunset and sunrise (centre of the Sun at -0.833 degrees) by the low-precision formulae of the Astronomical Almanac,
+/// page C24, which are good to 0.01 degrees: some six seconds here.
+TEST(Night, LastsFromSunsetToSunrise)
+{
+    const ListSite vienna{"Vienna", 48.2, 16.37, 200};
+    const double noon = *instantOf("2018-01-20T12:00Z", 0, 0);
+    const Night night = *nightAt(noon, vienna);
+    EXPECT_NEAR(night.sunset, *instantOf("2018-01-20T15:35:05Z", 0, 0), 8.0 / 86400);
+    EXPECT_NEAR(night.sunrise, *instantOf("2018-01-21T06:35:29Z", 0, 0), 8.0 / 86400);
+    const Night same = *nightAt(night.sunset + 0.3, vienna);
+    EXPECT_NEAR(same.sunset, night.sunset, 2.0 / 86400);
+    EXPECT_NEAR(same.sunrise, night.sunrise, 2.0 / 86400);
+    EXPECT_FALSE(nightAt(*instantOf("2018-06-20", 0, 0), {"", 75, 0, 0}));
+    const Night polar = *nightAt(*instantOf("2018-12-20", 0, 0), {"", 75, 0, 0});
+    EXPECT_EQ(polar.sunrise - polar.sunset, 1.0);
+}
+
+}  // namespace
