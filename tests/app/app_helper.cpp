@@ -56,7 +56,7 @@ QStringList look(QDialog* dialog, const QString& name)
     if (name == "title")
         return {dialog->windowTitle().trimmed()};
     auto* widget = child<QWidget>(dialog, name);
-    if (auto* edit = qobject_cast<QLineEdit*>(widget))
+    if (auto* edit = qobject_cast<Field*>(widget))
         return {(form::labelOf(edit)->text().remove('&').trimmed() + ' ' + edit->text().trimmed()).trimmed()};
     if (auto* text = qobject_cast<QTextEdit*>(widget))
         return text->toPlainText().replace('\t', ' ').split('\n');
