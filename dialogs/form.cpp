@@ -113,7 +113,7 @@ QComboBox* addChoice(QFormLayout* rows, const char* name, const QString& label, 
     return choice;
 }
 
-QLabel* labelOf(const Field* field)
+QLabel* labelOf(const QWidget* field)
 {
     const auto labels = field->parentWidget()->findChildren<QLabel*>(QString(), Qt::FindDirectChildrenOnly);
     for (QLabel* label : labels)

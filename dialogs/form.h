@@ -45,7 +45,7 @@ Field* addTextEdit(QFormLayout* rows, const char* name, const QString& label, co
 QComboBox* addChoice(QFormLayout* rows, const char* name, const QString& label, const Help& help);
 
 /// The label whose buddy is the field; null if it has none.
-QLabel* labelOf(const Field* field);
+QLabel* labelOf(const QWidget* field);
 
 /// The buttons below go to the end of the layout, each on a row of its own in a form. `shortcut` is set after the text
 /// and may be null: then the mnemonic of the text stands alone.

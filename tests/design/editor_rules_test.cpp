@@ -1,6 +1,7 @@
 #include "design/editor_rules.h"
 
 #include <cmath>
+#include <tuple>
 #include <utility>
 #include <vector>
 
@@ -11,8 +12,8 @@
 namespace {
 
 using editor::Edits;
-using editor::Shape;
 using editor::Setting;
+using editor::Shape;
 using Values = std::vector<std::pair<double Shape::*, double>>;
 
 constexpr auto n0 = &Shape::n0, a = &Shape::a, ecc = &Shape::ecc, ndot = &Shape::ndot, adot = &Shape::adot,
@@ -48,6 +49,11 @@ const Rule rules[] = {
     {"axis too large to move", {2, 0, 0}, simple, {{a, 1e300}}, {{n0, 0.01}, {a, 1e300}}},
     {"perigee and apogee", {0, 0, 1}, heights, {}, {{a, 6978.14}, {ecc, 200.0 / 6978.14}}},
     {"in the wrong order", {0, 0, 2}, heights, {{perigee, 800}, {apogee, 400}}, {{ecc, 200.0 / 6978.14}}},
+    {"nothing edited",
+     {0, 0, 0},
+     simple,
+     {{n0, 3}, {a, 9}, {ndot, 9}, {adot, 9}},
+     {{n0, 15.5}, {a, 7000}, {perigee, 551.86}}},
     {"heights without an edit", {0, 0, 0}, heights, {{perigee, 1}}, {{a, 7000}, {n0, 15.5}}},
     {"heights of no ellipse", {0, 0, 1}, heights, {{perigee, -1e5}, {apogee, 1e5}}, {{a, 6378.14}, {ecc, 0.9999999}}},
     {"heights below the centre", {0, 0, 1}, heights, {{perigee, -7e3}, {apogee, -7e3}}, {{a, 1}, {ecc, 0}}},
@@ -96,6 +102,20 @@ TEST(EditorRules, TheStoredMeanMotionStaysInItsRange)
     EXPECT_EQ(editor::storedMeanMotion(7000.0, 1.5), 7000.0);
 }
 
+TEST(EditorRules, KnowTheDaysOfTheCalendar)
+{
+    for (const auto& [year, month, day] : {std::tuple{2016, 2, 29}, {2000, 2, 29}, {2018, 12, 31}, {1582, 10, 15}})
+        EXPECT_TRUE(editor::isDate(year, month, day)) << year << ' ' << month << ' ' << day;
+    for (const auto& [year, month, day] : {std::tuple{2018, 2, 29},
+                                           {1900, 2, 29},
+                                           {2018, 4, 31},
+                                           {2018, 1, 0},
+                                           {2018, 0, 1},
+                                           {2018, 13, 1},
+                                           {1582, 10, 5}})
+        EXPECT_FALSE(editor::isDate(year, month, day)) << year << ' ' << month << ' ' << day;
+}
+
 TEST(EditorRules, AMomentKeepsItsWholeSecond)
 {
     const struct
@@ -113,6 +133,8 @@ TEST(EditorRules, AMomentKeepsItsWholeSecond)
         const editor::Moment m = editor::moment(58119.0 + c.seconds / 86400.0);
         EXPECT_EQ((std::vector{m.year, m.month, m.day, m.hour, m.minute, m.second}), c.shown) << c.what;
     }
+    for (const double mjd : {58138.0 + 1.0 / 3.0, -1e5 + 1.0 / 3.0, 1e6 + 1.0 / 3.0})
+        EXPECT_EQ(editor::mjdOf(editor::yearDay(mjd)), mjd);
     EXPECT_NEAR(editor::mjdOf(editor::Moment{2018, 1, 1, 14, 30, 0}, 2.0), 58119.0 + 12.5 / 24.0, 1e-9);
 }
 
