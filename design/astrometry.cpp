@@ -4,15 +4,14 @@
 #include <array>
 #include <cmath>
 #include <numbers>
+#include <tuple>
 
 #include "astro/angles.h"
 #include "astro/calendar.h"
-#include "record/winp_data.h"
 
 namespace {
 
-constexpr int rowLength = 4;
-constexpr int stars = 3;
+constexpr std::size_t rowLength = 4;
 
 /// x, with `least` in the place of what is nearly nothing.
 double guarded(double x, double least)
@@ -27,9 +26,17 @@ double divisor(double cosine)
 }
 
 /// Standard coordinates from pixels relative to the first star.
-double onPlate(const double (&constants)[3], double dx, double dy)
+double onPlate(const std::array<double, 3>& constants, double dx, double dy)
 {
     return constants[0] * dx + constants[1] * dy + constants[2];
+}
+
+/// Radians from 0 to a turn, for an angle less than a turn outside.
+double withinTurn(double angle)
+{
+    if (angle < 0.0)
+        return angle + twoPi;
+    return angle >= twoPi ? angle - twoPi : angle;
 }
 
 /// A distance in whole pixels.
@@ -43,15 +50,6 @@ int wholePixels(double distance)
 
 }  // namespace
 
-void vsGetPict(double& r1, double& d1, double& r2, double& d2)
-{
-    // behind the three stars
-    r1 = indata->astra[3];
-    d1 = indata->astdec[3];
-    r2 = indata->astra[4];
-    d2 = indata->astdec[4];
-}
-
 void equplt(double ra0, double dec0, double ra, double dec, double& x, double& y)
 {
     const double C = divisor(std::cos(dec0) * std::cos(dec) * std::cos(ra - ra0) + std::sin(dec0) * std::sin(dec));
@@ -59,7 +57,7 @@ void equplt(double ra0, double dec0, double ra, double dec, double& x, double& y
     y = -(std::cos(dec) * std::sin(dec0) * std::cos(ra - ra0) - std::sin(dec) * std::cos(dec0)) / C;
 }
 
-// NOLINTNEXTLINE(readability-non-const-parameter): the signature is fixed
+// NOLINTNEXTLINE(readability-non-const-parameter): rows and result are passed alike
 void lsqfit(double* rows, double* out)
 {
     constexpr double leastPixels = 1e-20;
@@ -74,53 +72,104 @@ void lsqfit(double* rows, double* out)
     out[0] = -(out[1] * wide[1] + a[3] + wide[3]) / guarded(wide[0], leastPixels);
 }
 
-void getPlateConst()
+namespace astrometry {
+
+Plate plateOf(const std::array<Star, lastStar>& stars)
 {
-    const WinpData& in = *indata;
-    std::array<double, stars * rowLength> rowsX{};
-    std::array<double, stars * rowLength> rowsY{};
-    for (int k = 0; k < stars; ++k) {
+    std::array<double, lastStar * rowLength> rowsX{};
+    std::array<double, lastStar * rowLength> rowsY{};
+    const Star& origin = stars[0];
+    for (std::size_t k = 0; k < stars.size(); ++k) {
+        const Star& star = stars[k];
         double X = 0;
         double Y = 0;
-        equplt(in.astra[0], in.astdec[0], in.astra[k], in.astdec[k], X, Y);
-        const double dx = in.astx[k] - in.astx[0];
-        const double dy = in.asty[k] - in.asty[0];
+        equplt(origin.ra, origin.dec, star.ra, star.dec, X, Y);
+        const double dx = star.x - origin.x;
+        const double dy = star.y - origin.y;
         std::ranges::copy(std::array{dx, dy, 1.0, -X}, rowsX.begin() + k * rowLength);
         std::ranges::copy(std::array{dx, dy, 1.0, -Y}, rowsY.begin() + k * rowLength);
     }
-    lsqfit(rowsX.data(), indata->pla);
-    lsqfit(rowsY.data(), indata->plb);
+    Plate plate{origin, {}, {}};
+    lsqfit(rowsX.data(), plate.a.data());
+    lsqfit(rowsY.data(), plate.b.data());
+    return plate;
+}
+
+Place placeOf(const Plate& plate, int x, int y)
+{
+    const double dx = x - plate.origin.x;
+    const double dy = y - plate.origin.y;
+    const double X = onPlate(plate.a, dx, dy);
+    const double Y = onPlate(plate.b, dx, dy);
+    const double dec0 = plate.origin.dec;
+    const double t = divisor(std::cos(dec0) - Y * std::sin(dec0));
+    const double alpha = withinTurn(plate.origin.ra + std::atan2(-X, t));
+    const double sine = (std::sin(dec0) + Y * std::cos(dec0)) / std::sqrt(1.0 + X * X + Y * Y);
+    const double delta = std::asin(std::clamp(sine, -1.0, 1.0));  // the pole itself may round to more than 1
+    return {DegFDms(alpha * 12.0 / std::numbers::pi), DegFDms(delta * 180.0 / std::numbers::pi)};
+}
+
+Pixel pixelOf(const Plate& plate, const Place& place)
+{
+    constexpr double leastScale = 1e-40;
+    const auto& a = plate.a;
+    const auto& b = plate.b;
+    double X = 0;
+    double Y = 0;
+    equplt(plate.origin.ra, plate.origin.dec, DmsDegF(place.ra) * radPerHour, DmsDegF(place.dec) * radPerDeg, X, Y);
+    const double e = guarded(a[0], leastScale);
+    const double g = guarded(b[1] - b[0] * a[1] / e, leastScale);
+    const double dy = (Y - (X - a[2]) * b[0] / e - b[2]) / g;
+    // both rows give the same figure; on a picture turned by 90 degrees the first would divide it by nothing
+    const double dx = std::abs(e) < std::abs(b[0]) ? (Y - b[1] * dy - b[2]) / b[0] : (X - a[1] * dy - a[2]) / e;
+    return {plate.origin.x + wholePixels(dx), plate.origin.y + wholePixels(dy)};
+}
+
+Star starOf(const WinpData& in, std::size_t k)
+{
+    return {in.astx[k], in.asty[k], in.astra[k], in.astdec[k]};
+}
+
+Plate plateOf(const WinpData& in)
+{
+    return {starOf(in, 0), std::to_array(in.pla), std::to_array(in.plb)};
+}
+
+void measure(WinpData* in)
+{
+    const Plate plate = plateOf({starOf(*in, 0), starOf(*in, 1), starOf(*in, 2)});
+    std::ranges::copy(plate.a, in->pla);
+    std::ranges::copy(plate.b, in->plb);
+}
+
+std::array<Place, 2> trailEnds(const WinpData& in)
+{
+    return {Place{in.astra[lastStar], in.astdec[lastStar]}, Place{in.astra[lastStar + 1], in.astdec[lastStar + 1]}};
+}
+
+}  // namespace astrometry
+
+// The record of the program stands behind these.
+
+void vsGetPict(double& r1, double& d1, double& r2, double& d2)
+{
+    const auto [first, second] = astrometry::trailEnds(*indata);
+    std::tie(r1, d1, r2, d2) = std::tuple(first.ra, first.dec, second.ra, second.dec);
+}
+
+void getPlateConst()
+{
+    astrometry::measure(indata);
 }
 
 void getRaDec(int x, int y, double& ra, double& dec)
 {
-    const WinpData& in = *indata;
-    const double dx = x - in.astx[0];
-    const double dy = y - in.asty[0];
-    const double X = onPlate(in.pla, dx, dy);
-    const double Y = onPlate(in.plb, dx, dy);
-    const double dec0 = in.astdec[0];
-    const double t = divisor(std::cos(dec0) - Y * std::sin(dec0));
-    const double alpha = in.astra[0] + std::atan2(-X, t);
-    const double sine = (std::sin(dec0) + Y * std::cos(dec0)) / std::sqrt(1.0 + X * X + Y * Y);
-    const double delta = std::asin(std::clamp(sine, -1.0, 1.0));  // the pole itself may round to more than 1
-    ra = DegFDms((alpha < 0.0 ? alpha + twoPi : alpha) * 12.0 / std::numbers::pi);
-    dec = DegFDms(delta * 180.0 / std::numbers::pi);
+    const astrometry::Place place = placeOf(astrometry::plateOf(*indata), x, y);
+    std::tie(ra, dec) = std::tuple(place.ra, place.dec);
 }
 
 void getPixel(double ra, double dec, int& x, int& y)
 {
-    constexpr double leastScale = 1e-40;
-    const WinpData& in = *indata;
-    double X = 0;
-    double Y = 0;
-    equplt(in.astra[0], in.astdec[0], DmsDegF(ra) * radPerHour, DmsDegF(dec) * radPerDeg, X, Y);
-    const double e = guarded(in.pla[0], leastScale);
-    const double g = guarded(in.plb[1] - in.plb[0] * in.pla[1] / e, leastScale);
-    const double dy = (Y - (X - in.pla[2]) * in.plb[0] / e - in.plb[2]) / g;
-    // both rows give the same figure; on a picture turned by 90 degrees the first would divide it by nothing
-    const double dx = std::abs(e) < std::abs(in.plb[0]) ? (Y - in.plb[1] * dy - in.plb[2]) / in.plb[0]
-                                                        : (X - in.pla[1] * dy - in.pla[2]) / e;
-    x = in.astx[0] + wholePixels(dx);
-    y = in.asty[0] + wholePixels(dy);
+    const astrometry::Pixel pixel = pixelOf(astrometry::plateOf(*indata), {ra, dec});
+    std::tie(x, y) = std::tuple(pixel.x, pixel.y);
 }

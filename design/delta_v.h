@@ -6,7 +6,7 @@
 /// Changes the velocity of the prime satellite at `mjd`; from then on its elements are those of the new orbit, with
 /// `mjd` as epoch (for an analytic hyperbola the time of perigee).
 ///
-/// @param dv          m/s, held to the speed of light either way
+/// @param dv          m/s, clamped to the speed of light either way
 /// @param yaw, pitch  degrees: the direction is that of flight, turned first to the right, then upward
 /// @return            1 if the new orbit is no ellipse, else 0
 ///

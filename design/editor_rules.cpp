@@ -11,7 +11,7 @@ namespace editor {
 namespace {
 
 constexpr double earthRadiusKm = 6378.14;
-constexpr double largestEccentricity = 0.9999999;  // of an ellipse that is given by its heights
+constexpr double largestEccentricity = 0.9999999;  // of an ellipse made from heights
 constexpr double leastTypedMeanMotion = 0.0001;    // rev/day; below it the axis decides
 constexpr double substituteMeanMotion = 0.01;      // in place of 0
 

@@ -55,6 +55,7 @@ struct YearDay
 
 /// From a Modified Julian Date and back, without the loss of a bit.
 YearDay yearDay(double mjd);
+/// The reverse of `yearDay`.
 double mjdOf(const YearDay& epoch);
 
 /// A moment to the second. Hours, minutes and seconds may count on beyond their range.

@@ -55,7 +55,7 @@ double geocentric(double latitude)
     return std::abs(latitude) < polarLatitudeRad ? std::atan(std::tan(latitude) / axesSquared) : latitude;
 }
 
-double heldShift(double days)
+double clampedShift(double days)
 {
     return std::clamp(finite(days), -longestShiftDays, longestShiftDays);
 }
@@ -63,7 +63,7 @@ double heldShift(double days)
 /// The part of the ascent after which the plane is fixed, in days.
 double ascentDays(const WinpData& in)
 {
-    return heldShift(ascentShare * std::min(in.tmeco, longestAscentMinutes) / minutesPerDay);
+    return clampedShift(ascentShare * std::min(in.tmeco, longestAscentMinutes) / minutesPerDay);
 }
 
 /// The launch seen from the centre of the Earth.
@@ -140,7 +140,7 @@ double launchDelay(const WinpData& in, int i)
     double delay = atan20(std::sin(apart), std::cos(apart)) / earthTurnRadPerDay;
     if (in.rztime != 0.0)
         delay = delay - (chaserNodeRate(in, i) - targetRate) * in.rztime / earthTurnRadPerDay - ascentDays(in);
-    return heldShift(delay);
+    return clampedShift(delay);
 }
 
 void moveIntoPlane(WinpData* in, int i, const Geometry& g)

@@ -13,7 +13,7 @@
 /// with 0 to the true equator of date.
 void OrbitDet(WinpData* in);
 
-/// Whether a circular orbit of radius R (km) is flown faster than two lines of sight ask for.
+/// Whether a circular orbit of radius R (km) is flown faster than two lines of sight require.
 ///
 /// @param p, d   an observer's place (km) and the unit vector of his line of sight, both in the same frame
 /// @param b, c   of that line: -(d . p), and b squared minus p squared

@@ -9,7 +9,9 @@ struct FlareVariant
     bool localAttitude = false;
 };
 
+/// A code above 0 means a known surface, 1 and -1 mean a local attitude; any other size counts as inertial.
 FlareVariant flareVariant(int flarmod);
+/// 1, 2, -1 or -2.
 int flareMode(FlareVariant variant);
 
 /// Whether the two angles of the visibility conditions are the axis of a cylinder (`cylra`, `cyldec`) and not

@@ -23,6 +23,7 @@ public:
     /// Says what is odd about a number that can be read; empty where nothing is.
     using Doubt = std::function<QString(double)>;
 
+    /// An empty field; only a field for numbers is ever marked.
     explicit Field(Kind kind, QWidget* parent = nullptr);
 
     /// Shows a number as `shown`. While that text stands, `value` gives the number back to its last bit.
@@ -44,10 +45,13 @@ public:
     void judge();
 
 protected:
+    /// Selects the text, unless a click has set the cursor.
     void focusInEvent(QFocusEvent* event) override;
 
 private:
+    /// Whether the text is of the kind of the field.
     bool isReadable() const;
+    /// What is wrong with the text, empty where nothing is.
     QString complaint() const;
 
     Kind kind;

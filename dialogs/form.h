@@ -50,7 +50,9 @@ QLabel* labelOf(const QWidget* field);
 /// The buttons below go to the end of the layout, each on a row of its own in a form. `shortcut` is set after the text
 /// and may be null: then the mnemonic of the text stands alone.
 QCheckBox* addBox(QLayout* to, const char* name, const QString& caption, const char* shortcut, const Help& help);
+/// The radio buttons of one layout exclude each other.
 QRadioButton* addRadio(QLayout* to, const char* name, const QString& caption, const char* shortcut, const Help& help);
+/// The slot is up to the caller.
 QPushButton* addButton(QLayout* to, const char* name, const QString& caption, const char* shortcut, const Help& help);
 
 /// Two halves beside each other.
@@ -94,6 +96,7 @@ void setName(Field* field, const QString& name);
 
 /// Shows a number with six significant digits.
 void setNumber(Field* field, double value);
+/// Shows a whole number.
 void setNumber(Field* field, int value);
 
 /// Shows a number by a printf format for one double.
@@ -102,6 +105,7 @@ void setPrinted(Field* field, const char* format, double value);
 /// The number behind a field: what it shows, to the last bit, as long as nobody has typed over it; 0 where a typed text
 /// is no number.
 double number(const Field* field);
+/// The same as a whole number; a typed fraction counts as 0.
 int integer(const Field* field);
 
 /// A message titled "Vorlix" in plain text, whatever stands in it.

@@ -10,6 +10,7 @@ class StAstDialog : public QDialog
     Q_OBJECT
 
 public:
+    /// Empty fields; `setValues` comes before the dialog is shown.
     explicit StAstDialog(QWidget* parent = nullptr);
 
     /// A place among the stars, packed.
@@ -21,6 +22,7 @@ public:
 
     /// Two zeros leave the fields empty.
     void setValues(const Values& values);
+    /// What the fields say now; a field left alone gives back its value to the last bit.
     Values values() const;
 
     /// Says in the title which star of how many is asked for; both count from 1.

@@ -11,6 +11,7 @@ class StDateDialog : public QDialog
     Q_OBJECT
 
 public:
+    /// Empty fields; `setValues` comes before the dialog is shown.
     explicit StDateDialog(QWidget* parent = nullptr);
 
     /// A date in civil time of a time zone, and how predictions go on from it.
@@ -27,6 +28,7 @@ public:
 
     /// `event`: the date is that of a single event, so duration and offset are locked.
     void setValues(const Values& values, bool event);
+    /// What the fields say now; a field left alone gives back its value to the last bit.
     Values values() const;
 
     /// What the date is for, in the title; for example "Maneuver".
@@ -45,6 +47,7 @@ public Q_SLOTS:
                            int& tzauto, double& dur, double& rtoff);
 
 private:
+    /// Has a year far away and a day that does not exist marked.
     void doubtImpossibleDates();
 
     Field* yearEdit = nullptr;

@@ -17,6 +17,7 @@ class StEditOrbDialog : public QDialog
     Q_OBJECT
 
 public:
+    /// Empty fields; `setValues` comes before the dialog is shown.
     explicit StEditOrbDialog(QWidget* parent = nullptr);
 
     /// One satellite as the editor knows it.
@@ -59,15 +60,22 @@ public Q_SLOTS:
 
     /// Each enables the fields that belong to its box.
     virtual void spgSlot();
+    /// Heights can be typed, or eccentricity, axis and mean motion.
     virtual void perapoSlot();
 
     /// Each notes which of several forms of a quantity was edited last.
     virtual void n0Slot();
+    /// The axis decides over the mean motion.
     virtual void smaxSlot();
+    /// The change of the mean motion decides over that of the axis.
     virtual void ndotSlot();
+    /// The reverse.
     virtual void adotSlot();
+    /// The heights decide.
     virtual void perSlot();
+    /// The heights decide.
     virtual void apoSlot();
+    /// Heights and rates follow; an edit of the mean motion before is dropped.
     virtual void eccincSlot();
 
     /// The state vector dialog. An edit in it is stored in the record at once and makes the elements here anew.
@@ -100,24 +108,40 @@ public Q_SLOTS:
 private:
     // the form, in a file of its own
     void addNames(QFormLayout* rows);
+    /// Orientation, anomaly and eccentricity.
     void addAngles(QFormLayout* rows);
+    /// Mean motion, axis and heights.
     void addShape(QFormLayout* rows);
+    /// Their changes, and the drag.
     void addRates(QFormLayout* rows);
+    /// How the orbit is flown and typed.
     void addModels(QBoxLayout* row);
+    /// From Refresh to New.
     void addCommands(QBoxLayout* row);
     QPushButton* addCommand(QBoxLayout* row, const char* name, const QString& text, const form::Help& help,
                             void (StEditOrbDialog::*slot)());
+    /// After all widgets exist.
     void connectEdits();
 
+    /// What setParam1 hands over.
     void showSatellite(const Values& values, bool launch);
+    /// Elements that nobody has edited yet.
     void showElements(const Elements& elements);
+    /// What setParam3 hands over.
     void showFlight(const Values& values);
+    /// The working values, with which the fields are in line again.
     void showShape();
+    /// The four angles.
     void showAngles(const Elements& elements);
+    /// The MJD in its two fields.
     void showEpoch(double mjd);
+    /// As they stand in the fields.
     Elements typedElements() const;
+    /// As it stands in the fields.
     editor::Shape typedShape() const;
+    /// Rates are for the simple model, BSTAR is for SGP4.
     void allowForModel();
+    /// Makes the elements anew from a state that was edited.
     void takeState(const editor::State& state, const editor::YearDay& epoch);
 
     editor::Shape shape;  // the working values

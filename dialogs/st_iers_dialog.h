@@ -11,6 +11,7 @@ class StIersDialog : public QDialog
     Q_OBJECT
 
 public:
+    /// Empty fields; `setValues` comes before the dialog is shown.
     explicit StIersDialog(QWidget* parent = nullptr);
 
     /// Published values of the Earth's rotation.
@@ -21,13 +22,16 @@ public:
         int utcTai = 0;         // seconds
         double ut1Utc = 0;      // seconds
     };
+    /// Fills the fields; what is locked or hidden follows.
     void setValues(const Values& values);
+    /// What the fields say now; a field left alone gives back its value to the last bit.
     Values values() const;
 
 public Q_SLOTS:
     /// `setValues` one by one.
     virtual void setParams(bool IERSflg, double IERSxp, double IERSyp, int UtcTai, double Ut1Utc);
 
+    /// `values` one by one.
     virtual void getParams(bool& IERSflg, double& IERSxp, double& IERSyp, int& UtcTai, double& Ut1Utc);
 
     /// The fields can be typed only without the defaults.

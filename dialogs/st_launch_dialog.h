@@ -16,6 +16,7 @@ class StLaunchDialog : public QDialog
     Q_OBJECT
 
 public:
+    /// Empty fields; `setValues` comes before the dialog is shown.
     explicit StLaunchDialog(QWidget* parent = nullptr);
 
     /// Where and how a satellite is launched.
@@ -29,18 +30,21 @@ public:
 
     /// An index outside the list counts as 0; a site of the list brings its own coordinates.
     void setValues(const Values& values);
+    /// What the fields say now; a field left alone gives back its value to the last bit.
     Values values() const;
 
 public Q_SLOTS:
     /// `setValues` one by one.
     virtual void setParams(int lsx, double lat, double lng, int lsouth, double tmeco);
 
+    /// `values` one by one.
     virtual void getParams(int& lsx, double& lat, double& lng, int& lsouth, double& tmeco);
 
     /// A site of the list brings its coordinates and locks them.
     virtual void siteSlot(int index);
 
 private:
+    /// The two directions that lead into the orbit.
     void addDirection(QVBoxLayout* column);
 
     QComboBox* siteBox = nullptr;

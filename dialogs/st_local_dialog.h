@@ -11,6 +11,7 @@ class StLocalDialog : public QDialog
     Q_OBJECT
 
 public:
+    /// `setParams` fills the window.
     explicit StLocalDialog(QWidget* parent = nullptr);
 
 public Q_SLOTS:

@@ -17,6 +17,7 @@ class StMapDialog : public QDialog
     Q_OBJECT
 
 public:
+    /// Empty fields; `setValues` comes before the dialog is shown.
     explicit StMapDialog(QWidget* parent = nullptr);
 
     /// What plots draw, in the codes of the record.
@@ -39,6 +40,7 @@ public:
 
     /// Without its picture (`physicalMap`) the physical map cannot be chosen. A code out of range counts as 0.
     void setValues(const Values& values, bool physicalMap);
+    /// What the fields say now; a field left alone gives back its value to the last bit.
     Values values() const;
 
 public Q_SLOTS:
@@ -52,6 +54,7 @@ public Q_SLOTS:
     virtual void setParams(int mgrid, int mgrey, int skyprj, int mpnight, int skymap, int ra4d, double skaz,
                            bool satsky);
 
+    /// `values` one by one.
     virtual void getParams(int& mgrid, int& mgrey, int& skyprj, int& mpnight, int& skymap, int& ra4d, double& skaz,
                            bool& satsky);
 
@@ -59,12 +62,19 @@ public Q_SLOTS:
     virtual void showSlot();
 
 private:
+    /// What setParams hands over.
     void showDisplay(const Values& values);
+    /// What setParamF hands over.
     void showWorld(const Values& values, bool physicalMap);
+    /// White, grey and black.
     void addBackground(QVBoxLayout* column);
+    /// Projections and grids.
     void addWorldMap(QVBoxLayout* column);
+    /// Directions of the sky map.
     void addSky(QVBoxLayout* column);
+    /// Fonts, night and digits.
     void addBoxes(QVBoxLayout* column);
+    /// Meridian, azimuth and frequency.
     void addNumbers(QVBoxLayout* column);
     /// The azimuth of the checked direction, degrees.
     double azimuthOfButtons() const;

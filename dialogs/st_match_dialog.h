@@ -12,6 +12,7 @@ class StMatchDialog : public QDialog
     Q_OBJECT
 
 public:
+    /// Empty fields; `setValues` comes before the dialog is shown.
     explicit StMatchDialog(QWidget* parent = nullptr);
 
     /// A sighting, and how near to it a satellite must come.
@@ -25,13 +26,16 @@ public:
         bool directed = false;   // `dra` counts
         bool majorOnly = false;  // fragments are left out
     };
+    /// Fills the fields; what is locked or hidden follows.
     void setValues(const Values& values);
+    /// What the fields say now; a field left alone gives back its value to the last bit.
     Values values() const;
 
 public Q_SLOTS:
     /// `setValues` and `values` one by one.
     virtual void setParams(double az, double el, double mxa, double dra, double tm, int rdf, int drf, bool vis);
 
+    /// `values` one by one.
     virtual void getParams(double& az, double& el, double& mxa, double& dra, double& tm, int& rdf, int& drf,
                            bool& vis);
 

@@ -11,6 +11,7 @@ class StObsDialog : public QDialog
     Q_OBJECT
 
 public:
+    /// Empty fields; `setValues` comes before the dialog is shown.
     explicit StObsDialog(QWidget* parent = nullptr);
 
     /// A place on the Earth.
@@ -21,7 +22,9 @@ public:
         bool packed = false;      // the degrees are shown as DD.MMSS
         QString name;
     };
+    /// Fills the fields; what is locked or hidden follows.
     void setValues(const Values& values);
+    /// What the fields say now; a field left alone gives back its value to the last bit.
     Values values() const;
 
 public Q_SLOTS:
@@ -36,10 +39,13 @@ public Q_SLOTS:
 
     /// Turns latitude and longitude from DD.MMSS into decimal degrees, and back.
     virtual void setDec();
+    /// A place typed in decimal degrees is shown as DD.MMSS.
     virtual void setDdmm();
 
 private:
+    /// Decimal degrees of a field that shows them packed or not.
     double degreesIn(const Field* field, bool packed) const;
+    /// Decimal degrees, shown packed or not.
     void showPlace(double lat, double lng, bool packed);
 
     Field* latEdit = nullptr;

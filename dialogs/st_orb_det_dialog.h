@@ -13,6 +13,7 @@ class StOrbDetDialog : public QDialog
     Q_OBJECT
 
 public:
+    /// Empty fields; `setValues` comes before the dialog is shown.
     explicit StOrbDetDialog(QWidget* parent = nullptr);
 
     /// Where a satellite was seen.
@@ -32,6 +33,7 @@ public:
 
     /// `picture`: a picture has two trail ends to offer.
     void setValues(const Values& values, bool picture);
+    /// What the fields say now; a field left alone gives back its value to the last bit.
     Values values() const;
 
 public Q_SLOTS:
@@ -39,11 +41,13 @@ public Q_SLOTS:
     virtual void setParams(double az1, double el1, double az2, double el2, double deltm, int az1flg, int az2flg,
                            bool odm, bool odp);
 
+    /// `values` one by one.
     virtual void getParams(double& az1, double& el1, double& az2, double& el2, double& deltm, int& az1flg,
                            int& az2flg, bool& odm);
 
     /// The labels of a position follow its form.
     virtual void obs1Slot();
+    /// The same for the second position.
     virtual void obs2Slot();
 
     /// Interchanges the two positions.
@@ -53,7 +57,9 @@ public Q_SLOTS:
     virtual void picSlot();
 
 private:
+    /// Both positions with their forms.
     void showSightings(const Sighting& first, const Sighting& second);
+    /// The forms, and the comparison with the catalogue.
     void addBoxes(QFormLayout* rows);
 
     Field* az1Edit = nullptr;

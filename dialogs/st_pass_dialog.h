@@ -11,15 +11,19 @@ class StPassDialog : public QDialog
     Q_OBJECT
 
 public:
+    /// `setParams` fills the window.
     explicit StPassDialog(QWidget* parent = nullptr);
 
 public Q_SLOTS:
     /// Lists the pass chosen in the table. `size` is the size of the text in points.
     virtual void setParams(int size);
+    /// Appends the listing to the save file.
     virtual void saveSlot();
+    /// Appends time, latitude and longitude of each step to the save file.
     virtual void gtrackSlot();
 
 private:
+    /// A code of `passform`; says so when it has been written.
     void save(int mode);
 
     QTextEdit* passEdit = nullptr;

@@ -11,6 +11,7 @@ class StQuickDialog : public QDialog
     Q_OBJECT
 
 public:
+    /// `setHelpLine` fills the window.
     explicit StQuickDialog(QWidget* parent = nullptr);
 
     /// Inserts the text where the cursor stands; "$$$" moves the cursor to the start instead.

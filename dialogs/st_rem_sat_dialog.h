@@ -17,6 +17,7 @@ class StRemSatDialog : public QDialog
     Q_OBJECT
 
 public:
+    /// Ten rows; `setParams` comes before the dialog is shown.
     explicit StRemSatDialog(QWidget* parent = nullptr);
 
     /// Which of the ten slots are marked; those beyond the rows in use never are.
@@ -33,6 +34,7 @@ public Q_SLOTS:
     virtual void alldlt();
 
 private:
+    /// Row i, counted from 0.
     void addRow(QVBoxLayout* column, int i);
 
     std::array<QCheckBox*, 10> boxes{};

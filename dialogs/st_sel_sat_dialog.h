@@ -16,6 +16,7 @@ class StSelSatDialog : public QDialog
     Q_OBJECT
 
 public:
+    /// Needs an open element file; `setParams` comes before the dialog is shown.
     explicit StSelSatDialog(QWidget* parent = nullptr);
 
 public Q_SLOTS:
@@ -37,17 +38,24 @@ public Q_SLOTS:
     /// Searches from the start of the file.
     virtual void findSlot();
 
+    /// A launch designator is searched for in place of a name.
     virtual void idsnSlot();
+    /// A catalogue number is searched for in place of a name.
     virtual void noradSlot();
+    /// Stores the two filters at once.
     virtual void lowSlot();
 
     /// Shows a report, and the search fields as the search left them.
     virtual void dSatInfo(QString s1);
 
 private:
+    /// What is searched for, and the filters.
     void addSearch(QVBoxLayout* column);
+    /// From New Set to Close.
     void addButtons(QBoxLayout* row);
+    /// After all widgets exist.
     void connectSlots();
+    /// Shows the first entry that fits, from the start of the file or with `more` from where it stands.
     void search(bool more);
 
     struct LastSearch

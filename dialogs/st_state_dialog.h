@@ -25,6 +25,7 @@ class StStateDialog : public QDialog
     Q_OBJECT
 
 public:
+    /// Empty fields; `setValues` comes before the dialog is shown.
     explicit StStateDialog(QWidget* parent = nullptr);
 
     /// x, y, z in km, then the velocity in km/s.
@@ -53,7 +54,9 @@ public:
         int frame = frame::meanOfDate;  // in which the numbers are shown, a code of `vsRefState`
         bool reset = true;              // the current state becomes that of the epoch
     };
+    /// Fills the fields; what is locked or hidden follows.
     void setValues(const Values& values);
+    /// What the fields say now; a field left alone gives back its value to the last bit.
     Values values() const;
 
     /// Whether epoch, state or forces are no longer those of `setValues`.
@@ -80,15 +83,25 @@ public Q_SLOTS:
     virtual void refSlot();
 
 private:
+    /// Year and day.
     void addEpoch(QFormLayout* rows);
+    /// Six numbers, in the order of `State`.
     void addState(QFormLayout* rows);
+    /// In the order of their codes.
     void addFrames(QVBoxLayout* column);
+    /// What is there for a numeric satellite only.
     void addForces(QVBoxLayout* column);
+    /// Shows them for a numeric satellite and hides them for others.
     void showForces(const Values& values);
+    /// The state in the frame of the dialog, at its epoch.
     void showState();
+    /// MJD of the fields.
     double epoch() const;
+    /// Code of the button that is checked.
     int checkedFrame() const;
+    /// The six numbers in the frame of the dialog.
     State typedState() const;
+    /// In the mean equator of date; to the last bit as it came in while nobody has typed over it.
     State meanState() const;
 
     Values given;           // by the caller

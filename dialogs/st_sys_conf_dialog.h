@@ -12,6 +12,7 @@ class StSysConfDialog : public QDialog
     Q_OBJECT
 
 public:
+    /// Empty fields; `setValues` comes before the dialog is shown.
     explicit StSysConfDialog(QWidget* parent = nullptr);
 
     /// Settings of all satellites, and the defaults of a state vector that is newly defined.
@@ -31,7 +32,9 @@ public:
         bool refraction = false;  // of elevations
         bool extinction = false;  // of magnitudes
     };
+    /// Fills the fields; what is locked or hidden follows.
     void setValues(const Values& values);
+    /// What the fields say now; a field left alone gives back its value to the last bit.
     Values values() const;
 
 public Q_SLOTS:
@@ -39,12 +42,16 @@ public Q_SLOTS:
     virtual void setParams(double RKFtol, double dF107, double dFB107, double dKp, double dCd, double dCr, double dAm,
                            double lift, bool sunf, bool moonf, bool refrc, int mxit, bool atmx);
 
+    /// `values` one by one.
     virtual void getParams(double& RKFtol, double& dF107, double& dFB107, double& dKp, double& dCd, double& dCr,
                            double& dAm, double& lift, bool& sunf, bool& moonf, bool& refrc, int& mxit, bool& atmx);
 
 private:
+    /// What the integrator may do.
     void addIntegration(QVBoxLayout* column);
+    /// Space weather and properties of new satellites.
     void addDefaults(QVBoxLayout* column);
+    /// Attraction of Sun and Moon, refraction and extinction.
     void addCorrections(QVBoxLayout* column);
 
     Field* tolEdit = nullptr;

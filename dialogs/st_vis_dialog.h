@@ -17,6 +17,7 @@ class StVisDialog : public QDialog
     Q_OBJECT
 
 public:
+    /// Empty fields; `setValues` comes before the dialog is shown.
     explicit StVisDialog(QWidget* parent = nullptr);
 
     /// When a pass counts. The two angles are packed R.A. and Dec., or degrees of yaw and pitch.
@@ -44,11 +45,14 @@ public:
         double brightest = 0;         // magnitude in the centre of a flare
         bool cylinder = false;        // of `modes` false with `solarPanels`
     };
+    /// Comes first.
     void setConditions(const Conditions& values);
+    /// What the fields say now, shown or not.
     Conditions conditions() const;
 
     /// Comes last: the angles are shown only where a mode uses them.
     void setModes(const Modes& values);
+    /// What the boxes say now, shown or not.
     Modes modes() const;
 
 public Q_SLOTS:
@@ -56,6 +60,7 @@ public Q_SLOTS:
     virtual void setParams(double sunel, double satel, double yrepoch, double occra, double occdec, int visflg,
                            int moonflg);
 
+    /// `values` one by one.
     virtual void getParams(double& sunel, double& satel, double& yrepoch, double& occra, double& occdec, int& visflg,
                            int& moonflg);
 
@@ -71,19 +76,31 @@ public Q_SLOTS:
 
     /// A mode that has just been checked unchecks the other three.
     virtual void flarSlot();
+    /// Transits exclude the others.
     virtual void occSlot();
+    /// Iridium flares exclude the others.
     virtual void iridSlot();
+    /// Solar eclipses exclude the others.
     virtual void eclSlot();
 
 private:
+    /// When a pass counts.
     void addConditions(QVBoxLayout* column);
+    /// Transits, occultations and eclipses.
     void addTransit(QVBoxLayout* column);
+    /// Reflections.
     void addFlares(QVBoxLayout* column);
+    /// A magnitude and the two angles.
     void addAngles(QVBoxLayout* column);
+    /// After all widgets exist.
     void connectSlots();
+    /// Unchecks the other modes if this one is checked.
     void modeChecked(QCheckBox* mode);
+    /// What belongs to transits, if they are checked.
     void showTransit();
+    /// What belongs to flares, if they are checked.
     void showFlareOptions();
+    /// The two angles, if a mode that is checked uses them, with the labels that it needs.
     void showAngles();
 
     Field* sunelEdit = nullptr;

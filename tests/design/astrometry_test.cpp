@@ -48,6 +48,7 @@ constexpr Camera cameras[] = {
     {"turned by 90 degrees, a star below the first", 200.0, -60.0, 0, 10, 10, 0, corner},
     {"upside down", 83.6, 22.0, -10, 0, 0, 10, spread},
     {"seen in a mirror", 83.6, 22.0, -10, 0, 0, -10, spread},
+    {"across 24 hours", 359.7, 5.0, 10, 0, 0, -10, spread},
     {"across 0 hours", 0.3, 5.0, 10, 0, 0, -10, spread},
     {"near the pole", 40.0, 89.6, 10, 2, 2, -10, spread},
 };
@@ -71,6 +72,7 @@ TEST(Astrometry, MeasuresAndFindsBack)
         for (const Pixel& p : {Pixel{0, 0}, Pixel{799, 599}, Pixel{131, 77}, Pixel{120, 80}, Pixel{500, 20}}) {
             double ra = 0, dec = 0;
             getRaDec(p.x, p.y, ra, dec);
+            EXPECT_TRUE(ra >= 0.0 && ra < 24.0) << ra;
             const Vec3 measured = polcar({1.0, radPerHour * DmsDegF(ra), radPerDeg * DmsDegF(dec)});
             // the last digits of the packed seconds
             EXPECT_LT(abs(measured * vnorm(c.direction(p))), 1e-10);
@@ -96,7 +98,7 @@ TEST(Astrometry, GivesFiniteFiguresForStarsOnALine)
         getPlateConst();
         double ra = 0, dec = 0;
         getRaDec(400, 300, ra, dec);
-        EXPECT_TRUE(ra >= 0.0 && ra < 48.0) << ra;
+        EXPECT_TRUE(ra >= 0.0 && ra < 24.0) << ra;
         EXPECT_LE(std::abs(dec), 90.0);
         int x = 0, y = 0;
         getPixel(4.0, 30.0, x, y);
