@@ -56,6 +56,7 @@ const Rule rules[] = {
      {{n0, 15.5}, {a, 7000}, {perigee, 551.86}}},
     {"heights without an edit", {0, 0, 0}, heights, {{perigee, 1}}, {{a, 7000}, {n0, 15.5}}},
     {"heights of no ellipse", {0, 0, 1}, heights, {{perigee, -1e5}, {apogee, 1e5}}, {{a, 6378.14}, {ecc, 0.9999999}}},
+    {"heights of a parabola", {0, 0, 1}, heights, {{perigee, -6378.14}, {apogee, 6378.14}}, {{ecc, 0.9999999}}},
     {"heights below the centre", {0, 0, 1}, heights, {{perigee, -7e3}, {apogee, -7e3}}, {{a, 1}, {ecc, 0}}},
     {"heights beyond all numbers", {0, 0, 1}, heights, {{perigee, 1.7e308}, {apogee, 1.7e308}}, {{a, 1}, {ecc, 0}}},
     {"q of a hyperbola", {1, 1, 0}, simple, {{ecc, 1.5}, {n0, 7000}}, {{n0, 7000}, {a, -14000}, {apogee, 0}}},
