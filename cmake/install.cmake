@@ -1,7 +1,7 @@
 # What `cmake --install` and the Debian package bring, below the prefix:
 #   lib/vorlix/    the program and its sample element files in one folder
 #   bin/vorlix     starts a copy of that folder in the user's home, where the program can keep its settings
-#   share/         launcher, icons, AppStream metadata, man page
+#   share/         launcher, icons, AppStream metadata, man page, completions, schema of the answers
 # The start script finds lib/ beside bin/, so the two names are fixed.
 set(CMAKE_SKIP_INSTALL_ALL_DEPENDENCY ON)  # nothing but the program is needed; the tests stay unbuilt
 set(desktop ${CMAKE_CURRENT_SOURCE_DIR}/resources/desktop)
@@ -12,6 +12,10 @@ install(PROGRAMS ${desktop}/vorlix.sh DESTINATION bin RENAME vorlix)
 install(FILES ${desktop}/io.vorlix.Vorlix.desktop DESTINATION share/applications)
 install(FILES ${desktop}/io.vorlix.Vorlix.metainfo.xml DESTINATION share/metainfo)
 install(FILES ${desktop}/vorlix.1 DESTINATION share/man/man1)
+install(FILES ${desktop}/completions/vorlix.bash DESTINATION share/bash-completion/completions RENAME vorlix)
+install(FILES ${desktop}/completions/_vorlix DESTINATION share/zsh/site-functions)
+install(FILES ${desktop}/completions/vorlix.fish DESTINATION share/fish/vendor_completions.d)
+install(FILES ${CMAKE_CURRENT_SOURCE_DIR}/docs/answers.schema.json DESTINATION share/vorlix)
 install(DIRECTORY ${desktop}/hicolor DESTINATION share/icons)
 
 # A desktop finds the command in /usr and /usr/local (the folder in which CPack packs ends in /usr as well). Anywhere

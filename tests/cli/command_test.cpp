@@ -51,6 +51,17 @@ class Command : public testing::Test
     const QString before = QDir::currentPath();
 };
 
+TEST_F(Command, AnswersAsTheReadmeShows)
+{
+    const std::vector<Transcript> shown = transcriptsOf(ScratchDir::read(SOURCE_DIR "/README.md"));
+    EXPECT_GE(shown.size(), 8);
+    for (const Transcript& t : shown)
+        EXPECT_TRUE(sameOutcome(outcomeOf(t.command, samples), t.expected))
+            << t.command << "\n"
+            << outcomeOf(t.command, samples) << "instead of\n"
+            << t.expected;
+}
+
 TEST_F(Command, AnswersLines)
 {
     const std::vector<Transcript> lines = transcriptsOf(ScratchDir::read(TEST_DATA "/cli/commands.txt"));
@@ -130,6 +141,21 @@ TEST(Passes, AreThoseOfTheWindowToTheSecond)
         EXPECT_EQ(found[i].name, expected[i].name);
         for (std::size_t k = 0; k < 3; ++k)
             EXPECT_LE(std::abs(found[i].times[k].msecsTo(expected[i].times[k])), 501) << found[i].name;
+    }
+}
+
+TEST_F(Command, OffersEveryWordInManualPageAndCompletions)
+{
+    for (const char* file :
+         {"vorlix.1", "completions/vorlix.bash", "completions/_vorlix", "completions/vorlix.fish"}) {
+        std::string text = ScratchDir::read((std::string(SOURCE_DIR "/resources/desktop/") + file).c_str());
+        text.erase(std::remove(text.begin(), text.end(), '\\'), text.end());
+        for (const TaskWords& task : allTasks())
+            EXPECT_NE(text.find(task.name), std::string::npos) << file << ": " << task.name;
+        for (const OptionWords& option : allOptions())
+            EXPECT_TRUE(text.find(std::string("--") + option.name) != std::string::npos ||
+                        text.find(std::string("-l ") + option.name) != std::string::npos)
+                << file << ": " << option.name;
     }
 }
 

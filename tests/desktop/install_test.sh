@@ -38,6 +38,13 @@ check "the launcher names an icon that is there" grep -qx "Icon=vorlix" "$launch
 metainfo=$share/metainfo/io.vorlix.Vorlix.metainfo.xml
 check "the metadata name this version" grep -q "<release version=\"$version\"" "$metainfo"
 check "the man page names this version" grep -q "^\.TH .*\"Vorlix $version\"" "$share/man/man1/vorlix.1"
+complete() {
+    bash -c '. "$1"; shift; COMP_WORDS=("$@"); COMP_CWORD=$(($# - 1)); _vorlix; echo "${COMPREPLY[*]}"' - \
+        "$share/bash-completion/completions/vorlix" "$@"
+}
+check "the shell completes tasks" [ "$(complete vorlix ma)" = match ]
+check "the shell completes options of a task" [ "$(complete vorlix state --nu)" = --numeric ]
+check "the shell completes forms of a task" [ "$(complete vorlix state --format o)" = oem ]
 DESTDIR=$room/staged "$cmake" --install "$build" --prefix /usr >/dev/null
 check "a launcher in /usr leaves the search to the desktop" \
     grep -qx "Exec=vorlix" "$room/staged/usr/share/applications/io.vorlix.Vorlix.desktop"
@@ -111,4 +118,7 @@ for _ in $(seq 600); do
 done
 check "the program works in the user's folder" atWork
 check "the new user has the samples" cmp "$installed/visual.txt" "$own/visual.txt"
+said=$(cd / && env -u QT_QPA_PLATFORM "$prefix/bin/vorlix" passes --satellite 10967 --site 48.2,16.4 --format csv \
+    --from 2018-01-20T12:00Z --days 0.5 | cut -d, -f4)
+check "the command answers from any folder" [ "$(tr -d '\n' <<<"$said")" = "start2018-01-20T16:56:17.101Z" ]
 echo "all claims hold"

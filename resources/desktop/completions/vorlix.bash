@@ -1,0 +1,56 @@
+# Completion of the command vorlix for bash.
+_vorlix()
+{
+    local current=${COMP_WORDS[COMP_CWORD]} before=${COMP_WORDS[COMP_CWORD - 1]} task=${COMP_WORDS[1]}
+    local words= files=
+    if [ "$COMP_CWORD" -eq 1 ]; then
+        words="passes events contacts look track state match convert next now --help --version"
+    else
+        case $before in
+            --elements | --output) files=1 ;;
+            --format)
+                case $task in
+                    passes) words="table csv json ndjson ics" ;;
+                    events) words="table csv json ndjson ics geojson" ;;
+                    contacts) words="table csv json ndjson ics" ;;
+                    look) words="table csv json ndjson" ;;
+                    track) words="table csv json ndjson geojson" ;;
+                    state) words="table csv json ndjson oem" ;;
+                    match) words="table csv json ndjson" ;;
+                    convert) words="tle csv json xml kvn" ;;
+                    next) words="table csv json ndjson ics" ;;
+                    now) words="table csv json ndjson" ;;
+                esac
+                ;;
+            --order) words="time entry" ;;
+            --kind) words="sun moon place flare iridium" ;;
+            --frame) words="true-of-date mean-of-date j2000 earth-fixed" ;;
+            --from) words="now tonight" ;;
+            --to) words="now" ;;
+            --at) words="now" ;;
+            --clock) words="now" ;;
+            --zone) words="Z local" ;;
+            --satellite | --site | --site-name | --days | --limit | --workers | --min-elevation | --max-sun | --min-duration | --place | --mirror | --normal | --max-distance | --max-magnitude | --step | --frequency | --length | --azel | --radec | --radius | --window | --direction) ;;
+            *)
+                case $task in
+                    passes) words="--elements --satellite --site --site-name --from --to --days --zone --limit --workers --format --output --order --visible --moonshine --all --min-elevation --max-sun --min-duration --no-config --clock --help" ;;
+                    events) words="--elements --satellite --site --site-name --from --to --days --zone --limit --workers --format --output --order --visible --moonshine --all --min-elevation --max-sun --no-config --clock --help --kind --place --mirror --normal --max-distance --max-magnitude" ;;
+                    contacts) words="--elements --site --site-name --from --to --days --zone --limit --workers --format --output --visible --all --min-duration --no-config --clock --help" ;;
+                    look) words="--elements --satellite --site --site-name --from --to --days --zone --limit --workers --format --output --no-config --clock --help --step --frequency --length" ;;
+                    track) words="--elements --satellite --site --site-name --from --to --days --zone --limit --workers --format --output --no-config --clock --help --step" ;;
+                    state) words="--elements --satellite --site --site-name --from --to --days --zone --limit --workers --format --output --no-config --clock --help --step --frame --numeric" ;;
+                    match) words="--elements --satellite --site --site-name --zone --limit --workers --format --output --order --visible --moonshine --all --min-elevation --max-sun --no-config --clock --help --at --azel --radec --radius --window --direction" ;;
+                    convert) words="--elements --satellite --limit --workers --format --output --no-config --clock --help" ;;
+                    next) words="--elements --satellite --site --site-name --from --to --days --zone --limit --workers --format --output --order --visible --moonshine --all --min-elevation --max-sun --no-config --clock --help" ;;
+                    now) words="--elements --satellite --site --site-name --from --zone --limit --workers --format --output --visible --moonshine --all --min-elevation --max-sun --no-config --clock --help --length" ;;
+                esac
+                ;;
+        esac
+    fi
+    if [ -n "$files" ]; then
+        mapfile -t COMPREPLY < <(compgen -f -- "$current")
+    else
+        mapfile -t COMPREPLY < <(compgen -W "$words" -- "$current")
+    fi
+}
+complete -o filenames -F _vorlix vorlix
