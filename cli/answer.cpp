@@ -248,6 +248,6 @@ Problem Answer::end(const Problem& before)
     if (!whole)
         return {status::unreadable, "vorlix: there is no room for the list in the folder of temporary files"};
     if (closed && !session.request.output.empty())
-        return {status::unreadable, "vorlix: \"" + session.request.output + "\" cannot be written"};
+        return {status::unreadable, "vorlix: " + inQuotes(session.request.output) + " cannot be written"};
     return before;
 }

@@ -77,7 +77,7 @@ std::string Wanted::missing() const
     std::string lines;
     for (const Which& which : list)
         if (!which.seen)
-            lines += "vorlix: no satellite \"" + which.text + "\" in the elements" +
+            lines += "vorlix: no satellite " + inQuotes(which.text) + " in the elements" +
                      (which.nearest.empty() ? std::string() : "; the nearest name is \"" + which.nearest + '"') +
                      '\n';
     return lines;
@@ -114,11 +114,11 @@ Problem EntryWalk::eachFile(const std::function<void(std::FILE*)>& walk)
     for (const ElementFile& file : session.files) {
         const FilePtr elements = openElementFile(file.path.c_str());
         if (!elements)
-            return {status::unreadable, "vorlix: the element file \"" + file.shown + "\" cannot be read"};
+            return {status::unreadable, "vorlix: the element file " + inQuotes(file.shown) + " cannot be read"};
         const long before = entries;
         walk(elements.get());
         if (entries == before && !full())
-            return {status::unreadable, "vorlix: the file \"" + file.shown + "\" holds no element set"};
+            return {status::unreadable, "vorlix: the file " + inQuotes(file.shown) + " holds no element set"};
     }
     return {};
 }

@@ -19,15 +19,6 @@ constexpr double longestStepSeconds = 86400.0 * 366;
 constexpr long long mostRows = 1'000'000'000;
 constexpr int mostWorkers = 256;
 
-/// One word in quotes, on one line and of a length that leaves the line readable.
-std::string quoted(const std::string& word)
-{
-    QString shown = QString::fromStdString(word).simplified();
-    if (shown.size() > 60)
-        shown = shown.left(57) + QStringLiteral("...");
-    return '"' + shown.toStdString() + '"';
-}
-
 std::optional<double> plainNumber(std::string_view text)
 {
     double value = 0;
@@ -85,7 +76,7 @@ private:
     void checkKnown();
     std::string wrong(const char* name, const std::string& word, const std::string& expected) const
     {
-        return std::string("--") + name + ' ' + quoted(word) + ": expected " + expected;
+        return std::string("--") + name + ' ' + inQuotes(word) + ": expected " + expected;
     }
 
     const TaskWords& task;
@@ -120,7 +111,7 @@ void Values::checkKnown()
         if (option.tasks & bitOf(task.task))
             known.push_back(std::string("--") + option.name);
     const std::string word = "--" + parser.unknownOptionNames().constFirst().toStdString();
-    complain(quoted(word) + " is no option of this task; expected one of those in vorlix " + task.name +
+    complain(inQuotes(word) + " is no option of this task; expected one of those in vorlix " + task.name +
              " --help, the nearest is " + nearestOf(word, known));
 }
 
@@ -146,9 +137,10 @@ std::optional<double> Values::number(const char* name, const Range& range)
     if (!on(name))
         return std::nullopt;
     const std::optional<double> value = plainNumber(text(name));
-    if (!value || *value < range.from || *value > range.to)
-        complain(wrong(name, text(name), range.expected));
-    return value;
+    if (value && *value >= range.from && *value <= range.to)
+        return value;
+    complain(wrong(name, text(name), range.expected));
+    return std::nullopt;
 }
 
 std::optional<Angles> Values::angles(const char* name, const Range& second, const char* expected)
@@ -291,7 +283,8 @@ void takeSatellites(Values& values, const TaskWords& task, Request& request)
     if (task.task == Task::contacts && request.satellites.size() != 2)
         values.complain("expected two satellites: vorlix contacts A B");
     if (task.task != Task::contacts && !values.arguments.empty())
-        values.complain(quoted(values.arguments[0]) + ": expected an option, or --satellite in front of a satellite");
+        values.complain(inQuotes(values.arguments[0]) +
+                        ": expected an option, or --satellite in front of a satellite");
     for (const std::string& which : request.satellites)
         if (QString::fromStdString(which).trimmed().isEmpty())
             values.complain("--satellite: expected a name, a catalogue number or a designator");
@@ -302,7 +295,7 @@ std::string noTask(const std::string& word)
     std::vector<std::string> names;
     for (const TaskWords& task : allTasks())
         names.emplace_back(task.name);
-    return "vorlix: " + quoted(word) + " is no task; expected " + listed(names) + "; the nearest is " +
+    return "vorlix: " + inQuotes(word) + " is no task; expected " + listed(names) + "; the nearest is " +
            nearestOf(word, names);
 }
 

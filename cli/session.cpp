@@ -104,8 +104,8 @@ Problem findSite(Session& session, bool saved)
     } else if (!request.siteName.empty()) {
         const auto site = siteByName(request.siteName, in);
         if (!site)
-            return wrongWords(request, "--site-name \"" + request.siteName +
-                                           "\" is not known; expected a saved or a launch site, the nearest is \"" +
+            return wrongWords(request, "--site-name " + inQuotes(request.siteName) +
+                                           " is not known; expected a saved or a launch site, the nearest is \"" +
                                            nearestOf(request.siteName, siteNames(in)) + '"');
         session.site = *site;
     } else if (saved) {
@@ -140,8 +140,8 @@ Problem readTime(const Session& session, const char* name, const std::string& te
 {
     const auto time = instantOf(text, session.zoneHours, session.now);
     if (!time)
-        return wrongWords(session.request, std::string("--") + name + " \"" + text +
-                                               "\": expected a time of 1900 to 2199 as 2018-01-20T17:04:59Z, or now" +
+        return wrongWords(session.request, std::string("--") + name + " " + inQuotes(text) +
+                                               ": expected a time of 1900 to 2199 as 2018-01-20T17:04:59Z, or now" +
                                                (std::strcmp(name, "from") == 0 ? ", or tonight" : ""));
     to = *time;
     return {};
@@ -155,8 +155,8 @@ Problem findClock(Session& session)
             return problem;
     const auto zone = zoneHoursOf(session.request.zone, session.now);
     if (!zone)
-        return wrongWords(session.request, "--zone \"" + session.request.zone +
-                                               "\": expected Z, +01:00, hours, local or a name as Europe/Vienna");
+        return wrongWords(session.request, "--zone " + inQuotes(session.request.zone) +
+                                               ": expected Z, +01:00, hours, local or a name as Europe/Vienna");
     session.zoneHours = *zone;
     return {};
 }
@@ -238,7 +238,7 @@ Problem openFiles(Session& session, const Channels& channels)
             if (Problem problem = holdInput(file, channels.input))
                 return problem;
         if (!openForReading(file.path.c_str()))
-            return {status::unreadable, "vorlix: the element file \"" + name + "\" cannot be read"};
+            return {status::unreadable, "vorlix: the element file " + inQuotes(name) + " cannot be read"};
         session.files.push_back(std::move(file));
     }
     return {};

@@ -1,5 +1,6 @@
 #include "cli/words.h"
 
+#include <QString>
 #include <algorithm>
 #include <array>
 #include <cctype>
@@ -158,6 +159,14 @@ std::vector<std::string> splitWords(std::string_view text)
         text.remove_prefix(std::min(word.size() + 1, text.size()));
     }
     return words;
+}
+
+std::string inQuotes(const std::string& word)
+{
+    QString shown = QString::fromStdString(word).simplified();
+    if (shown.size() > 60)
+        shown = shown.left(57) + QStringLiteral("...");
+    return '"' + shown.toStdString() + '"';
 }
 
 std::string listed(const std::vector<std::string>& words)

@@ -40,6 +40,9 @@ const TaskWords& wordsOf(Task task);
 /// The words of a text with blanks between them.
 std::vector<std::string> splitWords(std::string_view text);
 
+/// A word in quotes, on one line and of a length that leaves the line readable.
+std::string inQuotes(const std::string& word);
+
 /// "a, b or c".
 std::string listed(const std::vector<std::string>& words);
 
