@@ -4,7 +4,8 @@
 //   scan_lists [stride=N] [workers=N] [out=DIRECTORY] [only=WORD] [days=D] [digests]
 //
 // With every N-th entry; the cases whose name holds the word. The texts go to the directory, one file for each case.
-// With "digests" the lines have the form of tests/data/scan/digests.txt. Without words all cases run, in full.
+// With "digests" the lines are SHA-256, stride and case: equal for two versions that give the same lists. Without words
+// all cases run, in full.
 #include <algorithm>
 #include <chrono>
 #include <cstdio>
@@ -13,8 +14,8 @@
 #include <fstream>
 #include <string>
 
+#include "bench/lists/list_cases.h"
 #include "bench/process_time.h"
-#include "scan/list_cases_helper.h"
 #include "scan/workers.h"
 #include "scratch_dir.h"
 

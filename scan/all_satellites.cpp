@@ -18,15 +18,10 @@
 #include "scan/save_lines.h"
 #include "scan/workers.h"
 
-#include <algorithm>
-#include <array>
 #include <cstdio>
-#include <cstring>
 #include <filesystem>
 #include <memory>
-#include <optional>
 #include <string>
-#include <string_view>
 #include <system_error>
 #include <utility>
 #include <vector>
@@ -101,7 +96,7 @@ std::string Scan::linesOf(std::FILE* elements, std::string heading)
 {
     lines = std::move(heading);
     Entries entries(in, elements);
-    if (scanWorkers() > 1 && EntrySearch::entriesIndependent(*in))
+    if (EntrySearch::entriesIndependent(*in))
         shared(entries);
     else
         oneByOne(entries);
@@ -118,19 +113,9 @@ void Scan::oneByOne(Entries& entries)
 
 void Scan::shared(Entries& entries)
 {
-    struct Task : EntryTask
-    {
-        EntryLines found;
-    };
-    const auto searchIn = [&](Task& task) {
-        task.found = search.linesOf(&task.in);
-        task.searched = task.found.searched;
-    };
-    const auto finish = [&](const Task& task) {
-        endEntry(in, task, in->prs);
-        take(task.found);
-    };
-    shareEntries<Task>(entries, *in, in->prs, searchIn, finish);
+    const auto searchOn = [&](WinpData* own) { return search.linesOf(own); };
+    const auto takeOver = [&](const EntryLines& found, const WinpData&) { take(found); };
+    shareEntries<EntryLines>(entries, in, in->prs, searchOn, takeOver);
 }
 
 void Scan::take(const EntryLines& found)
@@ -168,85 +153,6 @@ std::string listOf(WinpData* in, std::FILE* elements, double distanceBefore)
     return Scan(in, distanceBefore).linesOf(elements, headingOf(*in));
 }
 
-constexpr const char* sortFileName = "vorlix.tmp";
-constexpr std::size_t shortestLine = 2;  // line feeds not counted
-constexpr std::size_t linesPerGroup = 5;
-constexpr char noMonth = 'X';
-
-struct PassLine
-{
-    std::array<char, 18> key{};
-    std::string_view text;
-};
-
-struct SaveFileLines
-{
-    std::vector<std::string_view> headings;
-    std::vector<PassLine> passes;
-};
-
-SaveFileLines linesOf(std::string_view content)
-{
-    SaveFileLines lines;
-    while (!content.empty()) {
-        const std::string_view text = content.substr(0, content.find('\n'));
-        content.remove_prefix(std::min(text.size() + 1, content.size()));
-        if (text.size() < shortestLine)
-            continue;
-        if (isHeading(text)) {
-            lines.headings.push_back(text);
-        } else if (text.size() >= passStampLength) {
-            PassLine line;
-            CpMMM(line.key.data(), std::string(text.substr(0, passStampLength)).c_str());
-            line.text = text;
-            lines.passes.push_back(line);
-        }
-    }
-    return lines;
-}
-
-/// By month, day and time; lines of no month stay in their order, behind all others.
-bool earlier(const PassLine& one, const PassLine& other)
-{
-    if (one.key[0] != other.key[0] || one.key[0] == noMonth)
-        return one.key[0] < other.key[0];
-    return std::memcmp(one.key.data(), other.key.data(), one.key.size()) < 0;
-}
-
-/// The text of a save file in order; as it is with fewer than two passes.
-std::string sorted(std::string content)
-{
-    SaveFileLines lines = linesOf(content);
-    if (lines.passes.size() < 2)
-        return content;
-    std::stable_sort(lines.passes.begin(), lines.passes.end(), earlier);
-    std::string text;
-    text.reserve(content.size());
-    for (const std::string_view heading : lines.headings)
-        (text += heading) += '\n';
-    for (std::size_t i = 0; i < lines.passes.size(); ++i) {
-        if (i % linesPerGroup == 0)
-            text += '\n';
-        (text += lines.passes[i].text) += '\n';
-    }
-    return text;
-}
-
-/// Replaces a save file by its lines in order. They wait in a temporary file meanwhile; if that cannot be written, the
-/// file takes them as they are.
-bool replaceSorted(const char* name, const std::string& content)
-{
-    std::error_code missing;
-    if (std::filesystem::equivalent(name, sortFileName, missing))
-        return replaceFile(name, content);  // the list itself would be overwritten
-    const std::string inOrder = sorted(content);
-    const bool waits = inOrder != content && writeNew(sortFileName, inOrder);
-    const bool replaced = replaceFile(name, waits ? inOrder : content);
-    if (waits)
-        std::remove(sortFileName);
-    return replaced;
-}
-
 }  // namespace
 
 int AllSatAos(WinpData* in)
@@ -278,11 +184,4 @@ int AllSatAos(WinpData* in)
         return 1;
     in->newsave = 0;
     return 0;
-}
-
-void SortAos(WinpData* in)
-{
-    const std::optional<std::string> content = contentOfFile(in->savename);
-    if (content && sorted(*content) != *content)
-        replaceSorted(in->savename, *content);
 }

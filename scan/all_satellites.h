@@ -1,4 +1,4 @@
-// All passes or events of all satellites of the element file, written to the save file and sorted by time.
+// All passes or events of all satellites of the element file, written to the save file in the order of time.
 #pragma once
 
 struct WinpData;
@@ -15,9 +15,3 @@ struct WinpData;
 /// @return  0 done, 1 the save file cannot be written, 2 the element file cannot be opened, -1 input refused,
 ///          `calculationCancelled`
 int AllSatAos(WinpData* in);
-
-/// Sorts the lines of `savename` by month, day and time; headings go to the top, in their order.
-///
-/// Lines of the same second keep their order. A file with fewer than two lines of passes, or one that cannot be
-/// opened, stays as it is. The order is that of one calendar year: January comes first.
-void SortAos(WinpData* in);

@@ -94,7 +94,6 @@ void EntrySearch::round(WinpData* in, EntryLines& lines) const
     double t = start;
     Pass pass;
     while (t <= end) {
-        lines.searched = true;
         const int result = nextpass(in, in->prs, t, end, pass.tm, pass.a, pass.b);
         if (result == 0 || !tellProgress(fieldText(in->fsname[in->prs]), pass.tm[2]))
             return;

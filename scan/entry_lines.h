@@ -17,7 +17,6 @@ struct EntryLines
 {
     std::string text;               // with an empty line in front, if there are any
     std::vector<WinpData> joining;  // the record at each hit that joins the selection; not more than fit
-    bool searched = false;          // false if the entry was left out
 };
 
 /// The search of a scan, the same for every entry.

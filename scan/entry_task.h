@@ -1,4 +1,4 @@
-// An entry of an element file on its way through a scan, with records of its own.
+// Searches of the entries of an element file, shared among threads.
 #pragma once
 
 #include "engine/satpos_data.h"
@@ -9,41 +9,50 @@
 #include <functional>
 #include <vector>
 
-/// What a thread needs for the search of one entry.
-struct EntryTask
+/// The records that the search of one entry works on.
+struct EntryRecords
 {
     WinpData in;
     SatPosData positions;
-    bool searched = false;
 };
 
-/// Fills the records of a task from the ones of the scan. Slot `isat` is that of the search.
-void beginEntry(EntryTask& task, const WinpData& in, int isat);
+/// Fills the records with the settings of a scan and the entry in its work slot, which comes to slot `isat`.
+void beginEntry(EntryRecords& records, const WinpData& in, int isat);
 
-/// Brings what a search leaves behind into the records of the scan, as if it had run on them: the elements with the
-/// state reached, the working values of the engine, and `satpos`. Nothing if the entry was not searched.
-void endEntry(WinpData* in, const EntryTask& task, int isat);
+/// Searches on the record, with its positions as `satpos` of the thread.
+void searchEntry(EntryRecords& records, const std::function<void(WinpData*)>& search);
 
-/// Searches on the record of a task, with its positions as `satpos` of the thread.
-void searchEntry(EntryTask& task, const std::function<void()>& search);
-
-/// Brings each entry to slot `isat` of a task of its own, which any thread searches and this one finishes, in the order
-/// of the file. Ends early if the listener ends the scan.
-template <class Task>
-void shareEntries(Entries& entries, const WinpData& in, int isat, const std::function<void(Task&)>& search,
-                  const std::function<void(const Task&)>& finish)
+/// Searches each entry on records of its own, on any thread, and takes over what was found on this one, in the order of
+/// the file. Ends early if the listener ends the scan.
+///
+/// Nothing passes from one entry to the next, nor into `in` but what `takeOver` writes there.
+///
+/// @param isat      the slot of the search
+/// @param search    works on the given record and `satpos`
+/// @param takeOver  is given what was found, and the record of the search
+template <class Found>
+void shareEntries(Entries& entries, WinpData* in, int isat, const std::function<Found(WinpData*)>& search,
+                  const std::function<void(const Found&, const WinpData&)>& takeOver)
 {
+    struct Task
+    {
+        EntryRecords records;
+        Found found;
+    };
+    in->sgpsat = noSlot;  // the searches on this thread load its model with other satellites
     std::vector<Task> tasks(EntryRing::placesNeeded());
-    EntryRing ring(
-        static_cast<int>(tasks.size()), [&](int place) { searchEntry(tasks[place], [&] { search(tasks[place]); }); },
-        [&](int place) { finish(tasks[place]); });
+    const auto searchAt = [&](int place) {
+        Task& task = tasks[place];
+        searchEntry(task.records, [&](WinpData* own) { task.found = search(own); });
+    };
+    EntryRing ring(static_cast<int>(tasks.size()), searchAt,
+                   [&](int place) { takeOver(tasks[place].found, tasks[place].records.in); });
     while (entries.next()) {
         const int place = ring.freePlace();
         if (place < 0)
             break;
-        beginEntry(tasks[place], in, isat);
-        ShiftElm(&tasks[place].in, isat, workSlot);
-        ring.filled(in.numflg[workSlot] != 0);  // numeric satellites stay on this thread
+        beginEntry(tasks[place].records, *in, isat);
+        ring.filled(in->numflg[workSlot] != 0);  // numeric satellites stay on this thread
     }
     ring.complete();
 }

@@ -126,18 +126,15 @@ void tryOneByOne(Entries& entries, Candidates& candidates, double t)
 /// The searches run in the parked slot of records of their own, the choice in the order of the file.
 void tryShared(WinpData* in, Entries& entries, Candidates& candidates, double t)
 {
-    struct Task : EntryTask
-    {
-        std::optional<double> passStart;
-    };
-    const auto search = [&](Task& task) { task.passStart = soonStart(&task.in, parkedSlot, t); };
-    const auto finish = [&](const Task& task) {
+    using PassStart = std::optional<double>;
+    const auto search = [&](WinpData* own) { return soonStart(own, parkedSlot, t); };
+    const auto choose = [&](const PassStart& passStart, const WinpData& searched) {
         const int slot = candidates.trialSlot();
         ShiftElm(in, parkedSlot, slot);
-        copySlot(in, slot, task.in, parkedSlot);
-        candidates.decide(task.passStart, task.in);
+        copySlot(in, slot, searched, parkedSlot);
+        candidates.decide(passStart, searched);
     };
-    shareEntries<Task>(entries, *in, parkedSlot, search, finish);
+    shareEntries<PassStart>(entries, in, parkedSlot, search, choose);
 }
 
 }  // namespace
@@ -154,7 +151,7 @@ int nextSatellites(WinpData* in, double t)
     in->satn = 1;
     Candidates candidates(in);
     Entries entries(in, elements.get());
-    if (scanWorkers() > 1 && anySlotServes(*in))
+    if (anySlotServes(*in))
         tryShared(in, entries, candidates, t);
     else
         tryOneByOne(entries, candidates, t);

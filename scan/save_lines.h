@@ -6,6 +6,8 @@
 #include <string>
 #include <string_view>
 
+struct WinpData;
+
 /// Characters of date and time at the start of the line of a pass; a shorter line is none.
 constexpr std::size_t passStampLength = 16;
 
@@ -15,17 +17,27 @@ bool isHeading(std::string_view line);
 /// Reads a line of any length without its line feed; false if nothing was left to read.
 bool nextSaveLine(std::FILE* file, std::string& line);
 
-/// All that a file holds; nothing if it cannot be read twice, as a pipe or a device.
+/// All that a file holds; nothing for a pipe or a device, which cannot be read twice.
 std::optional<std::string> contentOfFile(const char* name);
 
 /// Whether `replaceFile` can be expected to succeed, for a look before a long search.
 bool mayBeWritten(const char* name);
 
 /// Gives a file another content. It holds the old one until the new one is whole on the disk, also if the program ends
-/// meanwhile; pipes and devices are just written to.
+/// in between; pipes and devices are written to directly.
 ///
 /// @return false if the content could not be written
 bool replaceFile(const char* name, std::string_view content);
 
-/// Writes a file of this content; none is left if that fails.
-bool writeNew(const char* name, std::string_view content);
+/// Gives a save file this content, its lines in the order of `SortAos`.
+///
+/// The sorted lines go to a temporary file first; if that cannot be written, the file takes them unsorted.
+///
+/// @return false if the file could not be written
+bool replaceSorted(const char* name, const std::string& content);
+
+/// Sorts the lines of `savename` by month, day and time; headings go to the top, in their order.
+///
+/// Lines of the same second keep their order. A file with fewer than two lines of passes, or one that cannot be
+/// opened, stays as it is. The order is that of one calendar year: January comes first.
+void SortAos(WinpData* in);

@@ -4,8 +4,8 @@
 
 #include "record/text.h"
 #include "record/wout_data.h"
-#include "scan/all_satellites.h"
 #include "scan/iridium_scan.h"
+#include "scan/save_lines.h"
 
 #include <QDir>
 #include <QFileInfo>

@@ -8,6 +8,7 @@
 #include "record/progress.h"
 #include "record/text.h"
 #include "scan/entry_lines.h"
+#include "scan/save_lines.h"
 #include "scan/workers.h"
 
 #include <gtest/gtest.h>

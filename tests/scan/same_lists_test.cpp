@@ -1,106 +1,151 @@
-#include "scan/list_cases_helper.h"
+#include "scan/all_satellites.h"
+#include "scan/next_satellites.h"
+#include "scan/scan_helper.h"
 #include "scan/workers.h"
-#include "scratch_dir.h"
+
+#include "engine/satpos_data.h"
+#include "record/files.h"
+#include "record/text.h"
+#include "scan/entries.h"
+#include "scan/entry_lines.h"
 
 #include <gtest/gtest.h>
 
-#include <fstream>
-#include <map>
-#include <sstream>
-#include <string>
+#include <algorithm>
+#include <cstddef>
+#include <iterator>
+#include <memory>
+#include <utility>
 
 namespace {
 
-// Under a sanitizer every step costs ten times as much: every hundredth entry then stands for all.
-#if defined(__SANITIZE_ADDRESS__) || defined(__SANITIZE_THREAD__)
-constexpr bool sanitized = true;
-#else
-constexpr bool sanitized = false;
-#endif
-constexpr int sample = sanitized ? 100 : 20;
+constexpr const char* mixed = "./mixed.txt";
 
-bool has(const ListCase& c, const char* word)
+struct ListCase
 {
-    return c.what.find(word) != std::string::npos;
-}
+    const char *elements, *fields;
+    bool next = false;  // the next satellites in place of a scan
+};
 
-/// Every how many entries a case takes. Lists of a whole file take all of them, a sample where a minute of time has to
-/// be looked at one by one, and fewer still where two satellites are.
-int strideOf(const ListCase& c)
+/// The fields of all slots, and the positions up to the circles, to the last bit.
+std::string leftBehind(const WinpData& in)
 {
-    if (sanitized || has(c, "relative"))
-        return 100;
-    const bool quick = has(c, "visible") || has(c, "all") || has(c, "moonshine");
-    return c.kind == "flares" || c.kind == "next" || (c.kind == "scan" && quick) ? 1 : sample;
-}
-
-/// Digests by name and stride.
-std::map<std::string, std::string> expectedDigests()
-{
-    std::map<std::string, std::string> digests;
-    std::ifstream file(TEST_DATA "/scan/digests.txt");
-    for (std::string digest, stride, what; file >> digest;) {
-        if (digest[0] != '#' && file >> stride >> what)
-            digests[what + " " + stride] = digest;
-        std::getline(file, what);
+    std::string text(reinterpret_cast<const char*>(satpos), offsetof(SatPosData, vlat));
+    for (int k = 0; k < slotCount; ++k) {
+        const std::vector<double> values = slotFields(in, k);
+        text.append(reinterpret_cast<const char*>(values.data()), values.size() * sizeof(double));
+        (text += fieldText(in.fsname[k])) += '\n';
     }
-    return digests;
+    for (const double value : {in.occra, in.occdec, in.flrang, in.moondst, in.smang, in.eclmag, in.eclpow,
+                               static_cast<double>(in.satn), static_cast<double>(in.sgpsat)})
+        text.append(reinterpret_cast<const char*>(&value), sizeof value);
+    return text;
 }
 
-/// Compares with the full text where there is one, to see a difference in, and else with the digest.
-void expectSame(const ListCase& c, int stride)
+struct Outcome
 {
-    static const std::map<std::string, std::string> digests = expectedDigests();
-    const std::string fullText = TEST_DATA "/scan/" + c.what + ".txt";
-    const std::string text = runListCase(c, stride);
-    if (stride == 20 && QFile::exists(QString::fromStdString(fullText))) {
-        EXPECT_EQ(text, ScratchDir::read(fullText.c_str())) << c.what;
-    }
-    const auto digest = digests.find(c.what + " " + std::to_string(stride));
-    ASSERT_NE(digest, digests.end()) << c.what;
-    EXPECT_EQ(digestOf(text), digest->second) << c.what << " with " << scanWorkers();
+    std::string list, left;
+};
+
+Outcome outcomeOn(WinpData& in, const ListCase& c, int workers)
+{
+    setScanWorkers(workers);
+    in = scanRecord(c.elements, std::string("visflg=0 sunel=91 newsave=1 dur=0.3 ") + c.fields);
+    *satpos = SatPosData{};
+    const int result = c.next ? nextSatellites(&in, 58138.2) : AllSatAos(&in);
+    EXPECT_EQ(result < 0, false) << c.fields;
+    setScanWorkers(0);
+    return {c.next ? "" : ScratchDir::read("list.txt"), leftBehind(in)};
 }
 
 struct SameLists : testing::Test
 {
-    void TearDown() override { setScanWorkers(0); }
+    /// The mixed file, and behind its entries two satellites alike but for their area to mass.
+    SameLists()
+    {
+        const std::string numeric = ScratchDir::read(TEST_DATA "/saved_elements/numeric.txt");
+        std::string file = ScratchDir::read(TEST_DATA "/scan/mixed.txt");
+        for (const char* area : {"2.00000e-01", "2.00000e-03"}) {
+            file += numeric;
+            file.replace(file.rfind("2.00000e-02"), 11, area);
+        }
+        ScratchDir::write("mixed.txt", file);
+    }
     const ScratchDir here;
 };
 
-TEST_F(SameLists, AreThoseOfTheOneByOneSearch)
+// Without entries of every kind the comparisons below would say little.
+TEST_F(SameLists, HaveEntriesOfEveryKind)
 {
-    setScanWorkers(2);
-    ASSERT_EQ(listCases().size(), 117U);
-    for (const ListCase& c : listCases())
-        expectSame(c, strideOf(c));
+    WinpData in = scanRecord(mixed);
+    int numeric = 0, simple = 0, analytic = 0;
+    const FilePtr file = openForReading(in.tlename);
+    for (Entries entries(&in, file.get()); entries.next();)
+        ++(in.numflg[workSlot] ? numeric : in.aflg[workSlot] ? analytic : simple);
+    EXPECT_EQ(numeric, 6);
+    EXPECT_EQ(simple, 5);
+    EXPECT_EQ(analytic, 16);
 }
 
-// Numeric orbits lie among the others in the mixed file; more workers than cores make their order in time a gamble.
-TEST_F(SameLists, DoNotDependOnTheNumberOfWorkers)
+/// The lines of passes, sorted.
+std::vector<std::string> passLines(const std::vector<std::string>& lines)
 {
-    for (const int count : {1, 5}) {
-        setScanWorkers(count);
-        for (const ListCase& c : listCases())
-            if (c.kind == "scan" || c.kind == "flares" || c.kind == "next")
-                expectSame(c, sample);
+    std::vector<std::string> passes;
+    std::copy_if(lines.begin(), lines.end(), std::back_inserter(passes),
+                 [](const std::string& line) { return line.starts_with("JAN"); });
+    std::sort(passes.begin(), passes.end());
+    return passes;
+}
+
+// Each with its own forces: searched on the record of the windows, one after the other.
+TEST_F(SameLists, HaveTheLinesOfEachSatelliteAlone)
+{
+    const ListCase passes{mixed, "dur=0.5"};
+    WinpData in;
+    outcomeOn(in, passes, 4);
+    const std::vector<std::string> listed = passLines(linesOf("list.txt"));
+    *indata = scanRecord(mixed, "visflg=0 sunel=91 dur=0.5 satn=1");
+    const EntrySearch search(indata, 0.0);
+    std::string single;
+    const FilePtr file = openForReading(indata->tlename);
+    for (Entries entries(indata, file.get()); entries.next();) {
+        ShiftElm(indata, 0, workSlot);
+        single += search.linesOf(indata).text;
     }
+    ScratchDir::write("single.txt", single);
+    EXPECT_EQ(passLines(linesOf("single.txt")), listed);
+    EXPECT_GT(listed.size(), 20U);
 }
 
-// Here the engine goes on from what it left in the record at an entry before.
-TEST_F(SameLists, AreThoseOfOneWorkerAlsoWhereEntriesDepend)
+// In the last rows the engine goes on from what it left in the record at an entry before.
+TEST_F(SameLists, DependOnNeitherTheNumberOfWorkersNorTheRecord)
 {
-    const std::string vienna = "lat=48.2 lng=16.37 height=180 visflg=0 sunel=91 ";
-    const ListCase cases[] = {
-        {"", "flares", "iridium_2018.txt", "", vienna + "iridflg=3 flarflg=1 flarmod=1 flaryst=1 occdec=-40 irmag=5"},
-        {"", "flares", "iridium_2018.txt", "", vienna + "iridflg=3 irmag=5"},
-        {"", "next", "catalogue_2018.txt", "", vienna + "iridflg=1 occflg=3 occra=5.143 occdec=-8.12 maxdst=4000"},
-        {"", "next", "catalogue_2018.txt", "", vienna + "flarflg=1 flarmod=1 occra=30 occdec=-40"},
+    constexpr ListCase cases[] = {
+        {mixed, ""},
+        {mixed, "moonflg=1 visflg=1 satel=-20"},
+        {mixed, "dur=1 iridflg=1 occflg=2 maxdst=20000"},
+        {mixed, "iridflg=2 flarflg=1 flarmod=1 maxdst=9000 occra=30 occdec=-40"},
+        {mixed, "", true},
+        {"visual_2018.txt", "dur=2 visflg=1 sunel=-6"},
+        {"visual_2018.txt", "lat=-53.77 lng=142.75 height=50 iridflg=1 occflg=1 maxdst=0"},
+        {"visual_2018.txt", "rlm=1", true},
+        {"iridium_2018.txt", "dur=1 iridflg=3 flarflg=1 flarmod=1 occdec=-40 irmag=5 irsol=1"},
+        {"iridium_2018.txt", "iridflg=3 flarflg=1 flarmod=1 flaryst=1 occdec=-40 irmag=5"},
+        {"iridium_2018.txt", "iridflg=3 irmag=5"},
+        {"iridium_2018.txt", "iridflg=1 occflg=3 occra=5.143 occdec=-8.12 maxdst=4000", true},
+        {"iridium_2018.txt", "flarflg=1 flarmod=1 occra=30 occdec=-40", true},
     };
+    const auto own = std::make_unique<WinpData>();
     for (const ListCase& c : cases) {
-        setScanWorkers(1);
-        const std::string alone = runListCase(c, 5, 0.3);
-        setScanWorkers(5);
-        EXPECT_EQ(runListCase(c, 5, 0.3), alone) << c.fields;
+        SCOPED_TRACE(std::string(c.elements) + " " + c.fields);
+        const Outcome alone = outcomeOn(*indata, c, 1);
+        EXPECT_TRUE(c.next || alone.list.find("\nJAN") != std::string::npos) << "an empty list";
+        for (const auto& [in, workers] : {std::pair{indata, 2}, {indata, 4}, {own.get(), 1}, {own.get(), 4}}) {
+            SCOPED_TRACE(std::to_string(workers) + (in == indata ? "" : " on a record of its own"));
+            const Outcome shared = outcomeOn(*in, c, workers);
+            EXPECT_EQ(shared.list, alone.list);
+            EXPECT_TRUE(shared.left == alone.left);
+        }
     }
 }
 

@@ -21,7 +21,7 @@ def numeric(entry):
     assert error == 0
     first = entry[1]
     return [("N-" + entry[0].strip())[:20],
-            f"1 {first[2:7]} {first[9:17]:8s} {first[18:32]}     0 +++++STATEVCT1+++++          1",
+            f"1 {first[2:7]}  {first[9:17]:8s} {first[18:32]}     0 +++++STATEVCT1+++++          1",
             " " + "".join(f"{1000 * x:20.12e} " for x in r) + "     2",
             " " + "".join(f"{1000 * x:20.12e} " for x in v) + "     3",
             "  150.0   140.0     3.0   2.20000e+00   1.20000e+00   2.00000e-02   4"]

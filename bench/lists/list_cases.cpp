@@ -1,4 +1,4 @@
-#include "scan/list_cases_helper.h"
+#include "bench/lists/list_cases.h"
 
 #include "record_fields.h"
 
@@ -39,7 +39,7 @@ std::vector<ListCase> readCases()
     std::map<std::string, std::string> settings;
     std::vector<std::pair<std::string, std::string>> sites;
     std::vector<ListCase> cases;
-    std::ifstream file(TEST_DATA "/scan/cases.txt");
+    std::ifstream file(BENCH_LISTS "/cases.txt");
     for (std::string line; std::getline(file, line);) {
         std::istringstream words(line);
         std::string row, name;

@@ -1,10 +1,10 @@
-// The lists that one and the same program must always give: scans, AOS lists and searches of the catalogue of 2018.
+// Scans, AOS lists and searches of the catalogue of 2018, to time them and to compare two versions of the program by.
 #pragma once
 
 #include <string>
 #include <vector>
 
-/// A row of tests/data/scan/cases.txt with one of its settings, at one site.
+/// A row of cases.txt with one of its settings, at one site.
 struct ListCase
 {
     std::string what;  // kind, settings and site in one word each
@@ -16,7 +16,7 @@ struct ListCase
     std::string fields;  // that differ from the defaults
 };
 
-/// All cases, in the order of tests/data/scan/digests.txt.
+/// All cases, in the order of cases.txt.
 const std::vector<ListCase>& listCases();
 
 /// Runs a case with every `stride`-th entry of its file, in the current directory, which should be an empty one.
