@@ -52,7 +52,7 @@ void shareEntries(Entries& entries, WinpData* in, int isat, const std::function<
         if (place < 0)
             break;
         beginEntry(tasks[place].records, *in, isat);
-        ring.filled(in->numflg[workSlot] != 0);  // numeric satellites stay on this thread
+        ring.filled();
     }
     ring.complete();
 }

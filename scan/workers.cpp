@@ -57,17 +57,13 @@ int EntryRing::freePlace()
     return static_cast<int>(filledCount % static_cast<long>(states.size()));
 }
 
-void EntryRing::filled(bool here)
+void EntryRing::filled()
 {
     const auto place = static_cast<std::size_t>(filledCount) % states.size();
     {
         const std::lock_guard lock(guard);
         ++filledCount;
-        states[place] = here ? State::inWork : State::waiting;
-    }
-    if (here) {
-        workOn(static_cast<int>(place));
-        return;
+        states[place] = State::waiting;
     }
     if (helpers.size() < mostHelpers)
         addHelper();

@@ -35,8 +35,8 @@ public:
     /// @return  -1 if the listener has ended the scan
     int freePlace();
 
-    /// The place given by `freePlace` is filled. With `here` it is worked on at once, by this thread.
-    void filled(bool here);
+    /// The place given by `freePlace` is filled and may be worked on.
+    void filled();
 
     /// Works until all entries are finished, or the listener ends the scan.
     void complete();
