@@ -145,7 +145,7 @@ Problem EntryWalk::shared(const WinpData& record, const std::function<void(Entry
         std::vector<EntryRows> tasks(EntryRing::placesNeeded());
         EntryRing ring(
             static_cast<int>(tasks.size()),
-            [&](int place) { searchEntry(tasks[place], [&] { search(tasks[place]); }); },
+            [&](int place) { searchEntry(tasks[place], [&](WinpData*) { search(tasks[place]); }); },
             [&](int place) { finish(tasks[place]); });
         for (Entries read(in.get(), elements); read.next();) {
             ++entries;
@@ -156,8 +156,7 @@ Problem EntryWalk::shared(const WinpData& record, const std::function<void(Entry
                 break;
             beginEntry(tasks[place], *in, onlySlot);
             tasks[place].rows.clear();
-            ShiftElm(&tasks[place].in, onlySlot, workSlot);
-            ring.filled(in->numflg[workSlot] != 0);  // numeric satellites stay on this thread
+            ring.filled();
         }
         ring.complete();
     });

@@ -37,7 +37,7 @@ private:
 SatelliteName nameOf(const WinpData& in, int slot);
 
 /// An entry in work, with the rows that it gives.
-struct EntryRows : EntryTask
+struct EntryRows : EntryRecords
 {
     std::vector<std::pair<double, Row>> rows;  // with the times they are sorted by
 };

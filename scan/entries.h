@@ -6,14 +6,14 @@
 
 #include <cstdio>
 
-/// Brings one entry after the other to the work slot, and tells the listener of the scan its name. The search text
-/// becomes "*".
+/// Brings one entry after the other to the work slot, and tells the listener of long calculations its name. The search
+/// text becomes "*".
 class Entries
 {
 public:
     Entries(WinpData* in, std::FILE* file);
 
-    /// Reads the next entry; false if there is none, or if the listener ends the scan.
+    /// Reads the next entry; false if there is none, or if the listener has ended the calculation.
     bool next();
 
 private:

@@ -15,7 +15,7 @@ bool operationalOrbit(const WinpData& in, int isat);
 /// What a search of one entry gives.
 struct EntryLines
 {
-    std::string text;               // with an empty line in front, if there are any
+    std::string text;               // begins with an empty line, if there are any
     std::vector<WinpData> joining;  // the record at each hit that joins the selection; not more than fit
 };
 
@@ -33,8 +33,8 @@ public:
 
     /// Whether what an entry gives depends on that entry alone, so that entries may be searched in any order.
     ///
-    /// Not so where the engine goes on from what it left in the record: the mirror loop keeps the best magnitude, an
-    /// unknown surface is a result, and the angles of a mirror pass from one satellite to the next.
+    /// Not so where the engine continues with what it left in the record: the mirror loop keeps the best magnitude, an
+    /// unknown surface is a result, and the angles of a mirror are those of the satellite before.
     static bool entriesIndependent(const WinpData& in);
 
 private:

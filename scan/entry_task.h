@@ -34,24 +34,24 @@ template <class Found>
 void shareEntries(Entries& entries, WinpData* in, int isat, const std::function<Found(WinpData*)>& search,
                   const std::function<void(const Found&, const WinpData&)>& takeOver)
 {
-    struct Task
+    struct Place
     {
         EntryRecords records;
         Found found;
     };
     in->sgpsat = noSlot;  // the searches on this thread load its model with other satellites
-    std::vector<Task> tasks(EntryRing::placesNeeded());
+    std::vector<Place> places(EntryRing::placesNeeded());
     const auto searchAt = [&](int place) {
-        Task& task = tasks[place];
-        searchEntry(task.records, [&](WinpData* own) { task.found = search(own); });
+        Place& at = places[place];
+        searchEntry(at.records, [&](WinpData* own) { at.found = search(own); });
     };
-    EntryRing ring(static_cast<int>(tasks.size()), searchAt,
-                   [&](int place) { takeOver(tasks[place].found, tasks[place].records.in); });
+    EntryRing ring(static_cast<int>(places.size()), searchAt,
+                   [&](int place) { takeOver(places[place].found, places[place].records.in); });
     while (entries.next()) {
         const int place = ring.freePlace();
         if (place < 0)
             break;
-        beginEntry(tasks[place].records, *in, isat);
+        beginEntry(places[place].records, *in, isat);
         ring.filled();
     }
     ring.complete();

@@ -45,7 +45,7 @@ constexpr double roundOrbitEcc = 0.1;
 constexpr double minutesPerDay = 1440.0;
 constexpr double earthRadiusKm = 6378.137;
 
-/// The slot in which each entry is tried. It lies behind the selected satellites; with ten of these the last one is
+/// The slot in which each entry is tried. It follows the selected satellites; with ten of these the last one is
 /// parked for the time of the search, and so is the match that fills the list.
 class TrialSlot
 {

@@ -12,5 +12,5 @@ struct WinpData;
 /// @return  number of satellites selected, 0 none found, -1 the element file cannot be opened, `calculationCancelled`
 int Nxt4Pass(WinpData* in);
 
-/// The same from the time `t`, MJD UTC, on.
+/// The same from the time `t` on, MJD UTC.
 int nextSatellites(WinpData* in, double t);

@@ -57,6 +57,7 @@ constexpr Road roads[] = {
     {"orbit track", "calcOrbitTrack", "dur=1000 tmstep=0.000694", 1, 1},
     {"matching", "calcMatch", "tm=400000 mxa=0.001 az=77 el=89", 1, 2},
     {"next pass", "plotNext", "dur=90000 satel=89.9999", 1, 0},
+    {"numeric flight of years", "plotCurrent", "numflg=1 mjd=40000", 1, 0},
     {"last pass", "plotLast", "dur=90000 satel=89.9999", 1, 0},
 };
 
@@ -106,7 +107,7 @@ private Q_SLOTS:
         place->write("satsave.txt", "the old list\n");
         windows::select("ISS (ZARYA)");
         windows::observeAllFromVienna();
-        setFields(*indata, way.fields);
+        setFields(*indata, way.fields, 0);
         setScanWorkers(way.workers);
         const QStringList files = QDir().entryList(QDir::AllEntries | QDir::Hidden);
         const QByteArray before = records();
