@@ -2,6 +2,7 @@
 #   lib/vorlix/    the program and its sample element files in one folder
 #   bin/vorlix     starts a copy of that folder in the user's home, where the program can keep its settings
 #   share/         launcher, icons, AppStream metadata, man page, completions, schema of the answers
+#   lib/, include/ the library, see library.cmake
 # The start script finds lib/ beside bin/, so the two names are fixed.
 set(CMAKE_SKIP_INSTALL_ALL_DEPENDENCY ON)  # nothing but the program is needed; the tests stay unbuilt
 set(desktop ${CMAKE_CURRENT_SOURCE_DIR}/resources/desktop)
