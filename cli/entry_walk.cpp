@@ -142,11 +142,11 @@ Problem EntryWalk::shared(const WinpData& record, const std::function<void(Entry
 {
     const auto in = std::make_unique<WinpData>(record);
     return eachFile([&](std::FILE* elements) {
-        std::vector<EntryRows> tasks(EntryRing::placesNeeded());
-        EntryRing ring(
-            static_cast<int>(tasks.size()),
-            [&](int place) { searchEntry(tasks[place], [&](WinpData*) { search(tasks[place]); }); },
-            [&](int place) { finish(tasks[place]); });
+        std::vector<EntryRows> places(EntryRing::placesNeeded());
+        const auto searchAt = [&](int place) {
+            searchEntry(places[place], [&](WinpData*) { search(places[place]); });
+        };
+        EntryRing ring(static_cast<int>(places.size()), searchAt, [&](int place) { finish(places[place]); });
         for (Entries read(in.get(), elements); read.next();) {
             ++entries;
             if (!wanted.fits(*in, workSlot))
@@ -154,8 +154,8 @@ Problem EntryWalk::shared(const WinpData& record, const std::function<void(Entry
             const int place = ring.freePlace();
             if (place < 0)
                 break;
-            beginEntry(tasks[place], *in, onlySlot);
-            tasks[place].rows.clear();
+            beginEntry(places[place], *in, onlySlot);
+            places[place].rows.clear();
             ring.filled();
         }
         ring.complete();

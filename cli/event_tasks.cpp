@@ -177,10 +177,7 @@ Problem findKind(const WinpData& record, const std::string& kind, const Session&
     if (!EntrySearch::entriesIndependent(*in))
         return walk.oneByOne(*in,
                              [&](WinpData& one) { handOver(one, eventsOf(one, session, kind, automatic), answer); });
-    const auto search = [&](EntryRows& entry) {
-        entry.searched = true;
-        entry.rows = eventsOf(entry.in, session, kind, automatic);
-    };
+    const auto search = [&](EntryRows& entry) { entry.rows = eventsOf(entry.in, session, kind, automatic); };
     return walk.shared(*in, search, [&](const EntryRows& entry) { handOver(entry.in, entry.rows, answer); });
 }
 

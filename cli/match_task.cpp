@@ -144,7 +144,6 @@ Problem findMatches(const Session& session, const Channels& channels, Answer& an
     record.mjd = session.now;
     const Sighting sighting(record, session.request);
     const auto search = [&](EntryRows& entry) {
-        entry.searched = true;
         double tm[3] = {}, a[3] = {}, b[3] = {};
         if (nextpass(&entry.in, primeSlot, session.from, session.to, tm, a, b) == 0)
             return;

@@ -109,7 +109,6 @@ Row contactRow(const WinpData& in, const Pass& pass)
 Problem findPasses(const Session& session, const Channels& channels, Answer& answer)
 {
     return searchPasses(session, channels, answer, [&](EntryRows& entry) {
-        entry.searched = true;
         const SatelliteName name = nameOf(entry.in, primeSlot);
         eachPass(entry.in, session, [&](const Pass& pass) {
             entry.rows.emplace_back(pass.tm[0], passRow(name, timesOf(pass)));
@@ -121,7 +120,6 @@ Problem findPasses(const Session& session, const Channels& channels, Answer& ans
 Problem findNext(const Session& session, const Channels& channels, Answer& answer)
 {
     return searchPasses(session, channels, answer, [&](EntryRows& entry) {
-        entry.searched = true;
         eachPass(entry.in, session, [&](const Pass& pass) {
             if (pass.tm[0] > session.from + leastLeadDays)
                 entry.rows.emplace_back(pass.tm[0], passRow(nameOf(entry.in, primeSlot), timesOf(pass)));
