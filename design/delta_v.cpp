@@ -71,6 +71,8 @@ void putHyperbola(WinpData* in, int slot, double perigeeTime)
 
 void putEllipse(WinpData* in, int slot, const Flight& flight)
 {
+    if (!hasMeanElements(flight.r, flight.v))
+        in->aflg[slot] = 0;
     if (in->aflg[slot] == 0) {
         in->n0[slot] = getn0(in->a[slot], in->ecc[slot], in->inc[slot]);
         return;

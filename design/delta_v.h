@@ -11,7 +11,7 @@
 /// @return            1 if the new orbit is no ellipse, else 0
 ///
 /// With `aflg` the elements are mean SGP4 elements of an ellipse; a hyperbola clears `aflg` and has its perigee distance
-/// (km) in `n0`. Also dv = 0 renews elements and epoch. ndot, adot, n6dot and bstar stay. Sets `sgpsat` to `noSlot`.
+/// (km) in `n0`, and an ellipse without SGP4 elements clears it too. Also dv = 0 renews elements and epoch. ndot, adot, n6dot and bstar stay. Sets `sgpsat` to `noSlot`.
 int ExDeltaV(WinpData* in, double dv, double yaw, double pitch);
 
 /// What the user says about a maneuver.

@@ -17,10 +17,13 @@ struct State
 /// hyperbola has counts as -1000 km.
 State stateOf(const Elements& elements);
 
+/// Whether the analytic model has elements for a state.
+[[nodiscard]] bool hasSgp4Elements(const State& state);
+
 /// The elements of a state at `epoch`.
 ///
-/// Without `sgp4` they are osculating, and `n0` is 0: it follows from the axis. With it an ellipse has mean elements of
-/// the analytic model, except for its axis. From an eccentricity of 1 on the epoch is the time of perigee. The rates
+/// Without `sgp4` they are osculating, and `n0` is 0: it follows from the axis. With it an ellipse for which the
+/// analytic model has elements gets those, except for its axis. From an eccentricity of 1 on the epoch is the time of perigee. The rates
 /// and the drag term are 0.
 Elements elementsOf(const State& state, double epoch, bool sgp4);
 

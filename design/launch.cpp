@@ -11,6 +11,7 @@
 #include "engine/epoch_state.h"
 #include "orbit/conversions.h"
 #include "orbit/mean_motion.h"
+#include "orbit/orbit.h"
 
 namespace {
 
@@ -150,13 +151,15 @@ void moveIntoPlane(WinpData* in, int i, const Geometry& g)
     in->mjd = in->mjdep[i];
 }
 
-/// The orbit so far is that of the simple model; SGP4 gets mean elements of its state.
+/// The orbit so far is that of the simple model; SGP4 gets mean elements of its state, if it has such.
 void convertToSgp4(WinpData* in, int i, bool reset)
 {
     in->aflg[i] = 0;
     EpochState(in, i, reset);
-    rv2el({in->csr0[i], in->csr1[i], in->csr2[i]}, {in->csv0[i], in->csv1[i], in->csv2[i]}, in->inc[i], in->ra[i],
-          in->ecc[i], in->aper[i], in->m0[i], in->n0[i]);
+    const StateVector state = currentStateOf(*in, i);
+    if (!hasMeanElements(state.r, state.v))
+        return;
+    rv2el(state.r, state.v, in->inc[i], in->ra[i], in->ecc[i], in->aper[i], in->m0[i], in->n0[i]);
     in->a[i] = getsax(1, in->n0[i], in->ecc[i], in->inc[i]);
     in->aflg[i] = 1;
 }

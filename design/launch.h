@@ -7,7 +7,8 @@
 ///
 /// Reads shape and inclination of the slot and `lslat`, `lslng`, `lsouth`, `tmeco`; writes epoch, node, perigee and mean
 /// anomaly, the azimuth `lazim` (degrees, negative toward the west) and the epoch state. An inclination below the
-/// site's latitude leads due east or west. With `aflg` an ellipse ends as mean SGP4 elements.
+/// site's latitude leads due east or west. With `aflg` an ellipse ends as mean SGP4 elements; one
+/// that has none clears `aflg`.
 ///
 /// With `lsat` not below 0 it is a rendezvous: the launch moves to the time at which the site lies in the plane of the
 /// satellite in `rzsat`, corrected for what the two planes drift apart in `rztime` days, and `mjd` to that time. Results

@@ -4,6 +4,7 @@
 
 #include <QCheckBox>
 #include <QInputDialog>
+#include <QMessageBox>
 
 #include "astro/calendar.h"
 #include "dialogs/epoch_edit.h"
@@ -326,6 +327,10 @@ void StEditOrbDialog::takeState(const editor::State& state, const editor::YearDa
 {
     const Elements e = editor::elementsOf(state, editor::mjdOf(epoch), spg4Box->isChecked());
     const bool ellipse = e.ecc < 1.0;
+    if (spg4Box->isChecked() && ellipse && !editor::hasSgp4Elements(state)) {
+        spg4Box->setChecked(false);
+        sayNoSgp4Elements(this);
+    }
     form::setNumber(yearEdit, epoch.year);
     form::setPrinted(dayEdit, "%12.8lf", epoch.day);
     if (!ellipse)
@@ -351,4 +356,10 @@ void StEditOrbDialog::nwsSlot()
 {
     ednwsflg = true;
     accept();
+}
+
+void sayNoSgp4Elements(QWidget* parent)
+{
+    QMessageBox::information(parent, QMessageBox::tr("Vorlix"),
+                             QMessageBox::tr("This orbit has no SGP4 elements.\nIt stays numeric or Keplerian."));
 }

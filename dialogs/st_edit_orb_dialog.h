@@ -170,3 +170,6 @@ private:
     QCheckBox* spg4Box = nullptr;
     QCheckBox* numBox = nullptr;
 };
+
+/// A message titled "Vorlix": an orbit that is no orbit of SGP4 stays with the model that it has.
+void sayNoSgp4Elements(QWidget* parent);

@@ -183,20 +183,30 @@ Secular secularOf(const Mean& m, double w)
 }
 
 /// Semi-major axis that belongs to Kozai's mean motion.
-double kozaiAxis(double a, double x3, double b2)
+struct KozaiAxis
 {
+    double a0 = 0;
+    bool settled = false;
+};
+
+KozaiAxis kozaiAxis(double a, double x3, double b2)
+{
+    constexpr double settledShare = 1e-9;  // far above the rounding of large axes
     const double k = 0.00081196185 * x3 / floored(b2 * std::sqrt(b2));
     double a1 = a;
     double a0 = a;
+    double divisor = 1, change = 0;
     for (int pass = 0; pass < passes; ++pass) {
         a1 = floored((1.0 - k / (a1 * a1)) * a);
         const double d = k / (a0 * a0);
         const double before = a0;
-        a0 = floored(a1 / floored(1.0 - d / 3.0 - d * d - 134.0 * d * d * d / 81.0));
-        if (std::abs(a0 - before) < converged)
+        divisor = 1.0 - d / 3.0 - d * d - 134.0 * d * d * d / 81.0;
+        a0 = floored(a1 / divisor);
+        change = std::abs(a0 - before);
+        if (change < converged)
             break;
     }
-    return a0;
+    return {a0, divisor > 0 && std::min(a0, a1) > floorValue && change <= settledShare * a0};
 }
 
 double revsPerDay(double a0)
@@ -285,12 +295,19 @@ void fromTrueOfDate(int to, const Frames& f, Vec3& r, Vec3& v)
 
 }  // namespace
 
+bool hasMeanElements(const Vec3& r, const Vec3& v)
+{
+    const Geometry g = geometryOf(r, v);
+    const Mean m = meanOf(g);
+    return g.e < 1.0 && kozaiAxis(m.a, m.x3, secularOf(m, g.w).b2).settled;
+}
+
 void rv2el(const Vec3& r, const Vec3& v, double& inc, double& ra, double& e, double& aper, double& m0, double& n0)
 {
     const Geometry g = geometryOf(r, v);
     const Mean m = meanOf(g);
     const Secular s = secularOf(m, g.w);
-    n0 = finiteOrZero(revsPerDay(kozaiAxis(m.a, m.x3, s.b2)));
+    n0 = finiteOrZero(revsPerDay(kozaiAxis(m.a, m.x3, s.b2).a0));
     inc = finiteOrZero(m.ik * degPerRad);
     ra = finiteOrZero(m.nodek * degPerRad);
     aper = finiteOrZero(s.om * degPerRad);

@@ -24,9 +24,14 @@ enum Code
 /// @param aper, m0        degrees, 0 to 360
 /// @param n0              revolutions per day (Kozai's)
 ///
-/// The iterations have limits of 40 and do not tell whether they converged. An eccentricity of 1 and more gives a
-/// set without meaning, but a finite one; a state with numbers that are not finite gives zeros.
+/// The iterations have limits of 40 passes. An eccentricity of 1 and more and a state without SGP4 elements
+/// (`hasMeanElements`) give a set without meaning, but a finite one; a state with numbers that are not finite gives
+/// zeros.
 void rv2el(const Vec3& r, const Vec3& v, double& inc, double& ra, double& e, double& aper, double& m0, double& n0);
+
+/// Whether SGP4 has elements for a state (metres, metres per second): an ellipse for which the iteration of the mean
+/// motion settles. It does not for long ellipses with a low perigee, where the oblateness grows beyond the series.
+[[nodiscard]] bool hasMeanElements(const Vec3& r, const Vec3& v);
 
 /// `rv2el` of the epoch state. Sets `sgpsat` to `noSlot`.
 void cvSGP4(double& inc, double& ra, double& e, double& aper, double& m0, double& n0);

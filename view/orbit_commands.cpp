@@ -61,6 +61,18 @@ bool storeEdited(StEditOrbDialog& dialog, WinpData* in)
     return further;
 }
 
+bool isAnalytic(const WinpData& in)
+{
+    return in.aflg[in.prs] != 0;
+}
+
+/// After a command that may have left an ellipse of SGP4 to the simple model.
+void tellLostElements(QWidget* parent, bool analyticBefore)
+{
+    if (analyticBefore && !isAnalytic(*indata) && indata->ecc[indata->prs] < 1.0)
+        sayNoSgp4Elements(parent);
+}
+
 bool askManeuver(VorlixView* view, Maneuver& maneuver)
 {
     StDeltaDialog dialog(view);
@@ -146,8 +158,10 @@ void VorlixView::vDeltaV()
         return;
     Maneuver maneuver = lastManeuver(*indata);
     int failed = 0;
+    const bool analytic = isAnalytic(*indata);
     if (askManeuver(this, maneuver) && calculated([&] { failed = perform(maneuver, indata); }) && failed != 0)
         QMessageBox::information(this, tr("Vorlix"), tr("Delta-V resulted in a hyperbolic orbit"));
+    tellLostElements(this, analytic);
 }
 
 void VorlixView::vLaunch()
@@ -160,7 +174,9 @@ void VorlixView::vLaunch()
     }
     if (!askLaunchSite(this, indata))
         return;
+    const bool analytic = isAnalytic(*indata);
     LaunchOrb(indata);
+    tellLostElements(this, analytic);
     if (indata->lsat < 0)
         QMessageBox::information(this, tr("Launch Orbit"), azimuthText(indata->lazim));
 }

@@ -105,6 +105,20 @@ TEST(DeltaV, NothingRenewsTheElementsOfTheModel)
     }
 }
 
+TEST(DeltaV, EllipseWithoutSgp4ElementsStaysNumericOrKeplerian)
+{
+    WinpData* in = freshRecord();
+    addCircle(in, 340000.0, 28.5, 200.0, 50.0);
+    in->ecc[0] = 0.98;
+    EpochState(in, 0, true);
+    in->aflg[0] = in->numflg[0] = 1;
+    EXPECT_EQ(ExDeltaV(in, 0.0, 0.0, 0.0), 0);
+    EXPECT_EQ(in->aflg[0], 0);
+    EXPECT_EQ(in->numflg[0], 1);
+    EXPECT_NEAR(in->a[0], 340000.0, 1.0);
+    EXPECT_EQ(in->n0[0], getn0(in->a[0], in->ecc[0], in->inc[0]));
+}
+
 TEST(Maneuver, IsAnImpulseUnlessThrustIsSwitched)
 {
     const struct

@@ -8,6 +8,8 @@
 #include "orbit/mean_motion.h"
 #include "record/winp_data.h"
 
+#include <QMessageBox>
+
 namespace {
 
 Elements read(StEditOrbDialog& dialog)
@@ -291,6 +293,25 @@ private Q_SLOTS:
         });
         click(dialog, "stateButton");
         QCOMPARE(indata->epr0[0], 0.0);  // cancelled
+    }
+
+    void stateWithoutSgp4ElementsStaysKeplerian()
+    {
+        Elements e = station(sgp4);
+        e.ecc = 0.98;
+        e.inc = 28.5;
+        e.a = 340000.0;
+        StEditOrbDialog dialog;
+        fill(dialog, e, sgp4);
+        QVERIFY(opened(dialog));
+        whenDialogOpens([](const QDialog& state) {
+            whenDialogOpens([](const QDialog& box) { QVERIFY(qobject_cast<const QMessageBox*>(&box) != nullptr); });
+            type(state, "rxEdit", QString::number(shownValue(state, "rxEdit") + 1e-6, 'g', 17));
+            click(state, "okButton");
+        });
+        click(dialog, "stateButton");
+        QVERIFY(!button(dialog, "spg4Box")->isChecked());
+        QVERIFY(near(read(dialog).a, e.a, 1.0));
     }
 
     void stateReturnsTheElementsFromEveryFrame()

@@ -74,6 +74,24 @@ TEST(MeanElements, AreFiniteForEveryState)
     }
 }
 
+// Where elements are told to exist, their mean motion is that of the axis but for the oblateness.
+TEST(MeanElements, ExistUnlessTheOblatenessRunsAway)
+{
+    for (const double inc : {0.0, 28.5, 63.4, 98.0, 180.0})
+        for (const double e : {0.01, 0.4, 0.7, 0.8, 0.9, 0.96, 0.98}) {
+            SCOPED_TRACE(testing::Message() << inc << ' ' << e);
+            const double a = 6800e3 / (1 - e);
+            const State s = stateOf(a, e, inc, 30, 40, 50);
+            const double plain = std::sqrt(gmM3PerS2 / (a * a * a)) * 86400 / twoPi;
+            const bool near = std::abs(meanElements(s.r, s.v).n0 / plain - 1) < 0.05;
+            EXPECT_EQ(hasMeanElements(s.r, s.v), near);
+            EXPECT_TRUE(near || e > 0.8);
+        }
+    const State equatorial = stateOf(6800e3 / 0.1, 0.9, 0, 30, 40, 50), hyperbolic = stateOf(-7e6, 2, 30, 0, 0, 0);
+    EXPECT_FALSE(hasMeanElements(equatorial.r, equatorial.v));
+    EXPECT_FALSE(hasMeanElements(hyperbolic.r, hyperbolic.v));
+}
+
 class StateDialog : public testing::Test
 {
 protected:
