@@ -11,7 +11,7 @@ inline double frac(double x)
     return x - std::trunc(x);
 }
 
-/// The whole part of x as an int, held to the range of int; 0 for NaN.
+/// The whole part of x as an int, clamped to the range of int; 0 for NaN.
 constexpr int truncToInt(double x)
 {
     using Int = std::numeric_limits<int>;

@@ -1,5 +1,7 @@
-// orbit/lane_functions.h: sine, cosine and powers, of a double or in lanes, the same numbers as those of the
-// standard functions.
+// orbit/lane_functions.h: sine, cosine and powers for the lanes of SGP4, with the bits of the standard functions.
+//
+// They are what a single call of SGP4 spends most of its time on, and the standard library has no vector form that
+// rounds like its scalar one: without these the lanes would gain nothing or change printed digits.
 //
 // In lanes a function is worked out to more bits than a double has. Where these settle which double the standard
 // function returns, as they do nine times in ten, it is taken from them; else the standard function is called. It has

@@ -1,4 +1,7 @@
-// orbit/sgp4_lanes.h: a series of instants of one set in lanes, for the files that compile it for their processors.
+// orbit/sgp4_lanes.h: SGP4 for a series of instants of one element set, `laneCount` of them at once.
+//
+// It saves a search about half the time of single calls. Two files include it, one compiled for any processor and one
+// for AVX2; `sgp4Series` chooses at run time.
 #pragma once
 
 #include <algorithm>

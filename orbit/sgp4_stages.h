@@ -157,7 +157,7 @@ void reduceAngles(const elsetrec& sat, const DragEffect<T>& drag, ElementsOf<T>&
     mean.m = withinTurn(xlm - mean.argp - mean.node);
 }
 
-/// Functions of the inclination behind the long-period and short-period terms.
+/// Functions of the inclination in the long-period and short-period terms.
 template <class T>
 struct InclinationTerms
 {

@@ -51,7 +51,7 @@ Sun200 theSun;
 Moon200 theMoon;
 Plan200 thePlanets;
 
-// The largest deviations are the level at which the series are truncated; the means were asked to be half of them.
+// The largest deviations are the level at which the series are truncated; the means are to be half of them.
 // The Moon's distance rests on the older parallax of 3422.54 arc seconds where the reference has 3422.45, hence its
 // mean of 2.6e-5, which has a bound of its own.
 const SeriesCase seriesCases[] = {
