@@ -7,7 +7,7 @@
 #include "engine/position.h"
 #include "exports/ephemeris_form.h"
 #include "exports/geo_form.h"
-#include "orbit/conversions.h"
+#include "orbit/prime_state.h"
 
 #include <array>
 #include <cmath>

@@ -11,7 +11,7 @@
 #include "dialogs/st_adj_dialog.h"
 #include "dialogs/st_state_dialog.h"
 #include "elements/reader.h"
-#include "orbit/conversions.h"
+#include "orbit/prime_state.h"
 
 namespace {
 

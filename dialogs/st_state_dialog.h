@@ -6,7 +6,7 @@
 #include <array>
 
 #include "design/editor_rules.h"
-#include "orbit/conversions.h"
+#include "orbit/prime_state.h"
 
 class Field;
 class QCheckBox;

@@ -4,8 +4,6 @@
 #include "astro/calendar.h"
 #include "astro/frames.h"
 #include "astro/time_scales.h"
-#include "astro/two_body.h"
-#include "record/winp_data.h"
 
 #include <algorithm>
 #include <cmath>
@@ -215,16 +213,6 @@ double revsPerDay(double a0)
     return std::sqrt(398600.8 / (A * A * A)) * 86400.0 / twoPi;
 }
 
-Vec3 epochPosition(const WinpData& in)
-{
-    return {in.epr0[in.prs], in.epr1[in.prs], in.epr2[in.prs]};
-}
-
-Vec3 epochVelocity(const WinpData& in)
-{
-    return {in.epv0[in.prs], in.epv1[in.prs], in.epv2[in.prs]};
-}
-
 /// The frames of an instant, all from the true equator of date.
 struct Frames
 {
@@ -235,14 +223,14 @@ struct Frames
     Mat3 rate;     // velocity of the Earth-fixed axes from a place
 };
 
-Frames framesAt(double mjd, const WinpData& in)
+Frames framesAt(double mjd, const EarthOrientation& earth)
 {
     constexpr double earthRotationRadPerS = 7.2921158553e-5;
-    const double ut1 = in.IERSflg ? mjd + in.Ut1Utc / 86400.0 : mjd;
+    const double ut1 = earth.iers ? mjd + earth.ut1Utc / 86400.0 : mjd;
     const double T = julcent(mjd);
     double eqeq;
     Frames f;
-    f.toMean = mxtrn(nutmat(T, eqeq, in.IERSflg));
+    f.toMean = mxtrn(nutmat(T, eqeq, earth.iers));
     f.toJ2000 = mxtrn(pmatequ(0.0, T));
     f.turn = zrot(std::numbers::pi * lsidtim(ut1, 0.0, eqeq) / 12.0);
     Mat3 spin = mxcon(0.0);
@@ -250,8 +238,8 @@ Frames framesAt(double mjd, const WinpData& in)
     spin.PutMij(-earthRotationRadPerS, 2, 1);
     f.rate = spin * f.turn;
     f.pole = mxidn();
-    if (in.IERSxp != 0 || in.IERSyp != 0) {
-        f.pole = PoleMx(in.IERSxp, in.IERSyp);
+    if (earth.xp != 0 || earth.yp != 0) {
+        f.pole = PoleMx(earth.xp, earth.yp);
         f.rate = f.pole * f.rate;
     }
     return f;
@@ -315,87 +303,9 @@ void rv2el(const Vec3& r, const Vec3& v, double& inc, double& ra, double& e, dou
     e = finiteOrZero(g.e);
 }
 
-void cvSGP4(double& inc, double& ra, double& e, double& aper, double& m0, double& n0)
+void changeFrame(int from, int to, double mjd, const EarthOrientation& earth, Vec3& r, Vec3& v)
 {
-    rv2el(epochPosition(*indata), epochVelocity(*indata), inc, ra, e, aper, m0, n0);
-    indata->sgpsat = noSlot;
-}
-
-void vsCkHyp(double& e, double& t0)
-{
-    constexpr double gmKm3PerDay2 = 2975536351779840.0;
-    const Vec3 r = epochPosition(*indata) / 1000.0;
-    const Vec3 v = epochVelocity(*indata) / 1000.0 * 86400.0;
-    double m0, a, ran, aper, inc;
-    oscelm(gmKm3PerDay2, indata->mjdep[indata->prs], r, v, t0, m0, a, e, ran, aper, inc);
-}
-
-void vsRefState(int from, int to, double mjd, double& x, double& y, double& z, double& vx, double& vy, double& vz)
-{
-    Vec3 r = 1000.0 * Vec3(x, y, z);
-    Vec3 v = 1000.0 * Vec3(vx, vy, vz);
-    const Frames f = framesAt(mjd, *indata);
+    const Frames f = framesAt(mjd, earth);
     toTrueOfDate(from, f, r, v);
     fromTrueOfDate(to, f, r, v);
-    x = r[0] / 1000.0;
-    y = r[1] / 1000.0;
-    z = r[2] / 1000.0;
-    vx = v[0] / 1000.0;
-    vy = v[1] / 1000.0;
-    vz = v[2] / 1000.0;
-}
-
-void vsGetState(bool all, double& F107, double& FB107, double& Kp, int& stref, double& Cr, double& Cd, double& Am,
-                double& x, double& y, double& z, double& vx, double& vy, double& vz, double& epoch)
-{
-    const WinpData& in = *indata;
-    const int k = in.prs;
-    F107 = in.F107[k];
-    FB107 = in.FB107[k];
-    Kp = in.Kp[k];
-    stref = in.stref;
-    Cr = in.Cr[k];
-    Cd = in.Cd[k];
-    Am = in.Am[k];
-    if (!all)
-        return;
-    x = in.epr0[k] / 1000.0;
-    y = in.epr1[k] / 1000.0;
-    z = in.epr2[k] / 1000.0;
-    vx = in.epv0[k] / 1000.0;
-    vy = in.epv1[k] / 1000.0;
-    vz = in.epv2[k] / 1000.0;
-    epoch = in.mjdep[k];
-}
-
-void vsPutState(bool params, int year, double day, double F107, double FB107, double Kp, int stref, double Cr,
-                double Cd, double Am, double x, double y, double z, double vx, double vy, double vz, bool reset)
-{
-    WinpData& in = *indata;
-    const int k = in.prs;
-    in.stref = stref;
-    in.mjdep[k] = mjd(0, 1, year, 0.0) + day;
-    in.epr0[k] = x * 1000.0;
-    in.epr1[k] = y * 1000.0;
-    in.epr2[k] = z * 1000.0;
-    in.epv0[k] = vx * 1000.0;
-    in.epv1[k] = vy * 1000.0;
-    in.epv2[k] = vz * 1000.0;
-    if (reset) {
-        in.cstm[k] = in.mjdep[k];
-        in.csr0[k] = in.epr0[k];
-        in.csr1[k] = in.epr1[k];
-        in.csr2[k] = in.epr2[k];
-        in.csv0[k] = in.epv0[k];
-        in.csv1[k] = in.epv1[k];
-        in.csv2[k] = in.epv2[k];
-    }
-    if (params) {
-        in.F107[k] = F107;
-        in.FB107[k] = FB107;
-        in.Kp[k] = Kp;
-        in.Cr[k] = Cr;
-        in.Cd[k] = Cd;
-        in.Am[k] = Am;
-    }
 }

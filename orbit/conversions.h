@@ -1,11 +1,10 @@
-// orbit/conversions.h: between state vectors and element sets, and between the frames of the state vector dialog.
-//
-// The functions `vs...` and `cvSGP4` work on the prime satellite of `indata`.
+// orbit/conversions.h: from a state vector to mean elements, and from one frame to another.
 #pragma once
 
 #include "astro/vec3.h"
+#include "orbit/orbit.h"
 
-/// Frames of `vsRefState`, values of WinpData::stref.
+/// Frames of `changeFrame`, values of WinpData::stref.
 namespace frame {
 enum Code
 {
@@ -33,23 +32,6 @@ void rv2el(const Vec3& r, const Vec3& v, double& inc, double& ra, double& e, dou
 /// motion settles. It does not for long ellipses with a low perigee, where the oblateness grows beyond the series.
 [[nodiscard]] bool hasMeanElements(const Vec3& r, const Vec3& v);
 
-/// `rv2el` of the epoch state. Sets `sgpsat` to `noSlot`.
-void cvSGP4(double& inc, double& ra, double& e, double& aper, double& m0, double& n0);
-
-/// Osculating eccentricity of the epoch state, and its time of perigee (MJD).
-void vsCkHyp(double& e, double& t0);
-
-/// Takes a state (km, km/s) at `mjd` from one frame to another. Codes outside 0 to 3 stand for true of date.
-void vsRefState(int from, int to, double mjd, double& x, double& y, double& z, double& vx, double& vy, double& vz);
-
-/// Force parameters and `stref`; with `all` also the epoch state (km, km/s, mean of date) and the epoch (MJD), which
-/// otherwise stay untouched.
-void vsGetState(bool all, double& F107, double& FB107, double& Kp, int& stref, double& Cr, double& Cd, double& Am,
-                double& x, double& y, double& z, double& vx, double& vy, double& vz, double& epoch);
-
-/// Stores `stref`, the epoch (day 1.0 is the start of January 1) and the epoch state (km, km/s, mean of date).
-///
-/// @param params  also the six force parameters
-/// @param reset   also the current numeric state and its time
-void vsPutState(bool params, int year, double day, double F107, double FB107, double Kp, int stref, double Cr,
-                double Cd, double Am, double x, double y, double z, double vx, double vy, double vz, bool reset);
+/// Takes a state (metres, metres per second) at `mjd` from one frame to another. Codes outside 0 to 3 stand for true of
+/// date.
+void changeFrame(int from, int to, double mjd, const EarthOrientation& earth, Vec3& r, Vec3& v);

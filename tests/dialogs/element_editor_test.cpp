@@ -4,7 +4,7 @@
 #include "dialogs/dialog_helper.h"
 #include "dialogs/st_edit_orb_dialog.h"
 #include "dialogs/st_state_dialog.h"
-#include "orbit/conversions.h"
+#include "orbit/prime_state.h"
 #include "orbit/mean_motion.h"
 #include "record/winp_data.h"
 

@@ -4,6 +4,7 @@
 #include "astro/near_helper.h"
 #include "astro/two_body.h"
 #include "flight_helper.h"
+#include "orbit/prime_state.h"
 #include "record_fields.h"
 #include "verification_helper.h"
 
@@ -14,14 +15,14 @@ namespace {
 
 constexpr double pi = std::numbers::pi;
 
-struct Elements
+struct MeanSet
 {
     double inc, ra, e, aper, m0, n0;
 };
 
-Elements meanElements(const Vec3& r, const Vec3& v)
+MeanSet meanElements(const Vec3& r, const Vec3& v)
 {
-    Elements x{};
+    MeanSet x{};
     rv2el(r, v, x.inc, x.ra, x.e, x.aper, x.m0, x.n0);
     return x;
 }
@@ -44,7 +45,7 @@ TEST(MeanElements, InvertTheAnalyticModel)
         double r[3], v[3];
         ASSERT_EQ(sgp4(wgs72, sat, 0.0, r, v), 0);
         const Vec3 place = 1000.0 * Vec3(r[0], r[1], r[2]), velocity = 1000.0 * Vec3(v[0], v[1], v[2]);
-        const Elements x = meanElements(place, velocity);
+        const MeanSet x = meanElements(place, velocity);
         EXPECT_NEAR(x.inc, set.inclo * degPerRad, 1e-5);
         EXPECT_NEAR(turnDifference(x.ra, set.nodeo * degPerRad), 0, 1e-5);
         EXPECT_NEAR(x.n0, set.no * 1440.0 / twoPi, 1e-8);  // the digits of an element set
@@ -68,7 +69,7 @@ TEST(MeanElements, AreFiniteForEveryState)
         {{7e6, 0, 0}, {0, inf, 0}},   {{0, 0, 7e6}, {0, 0, -1e-300}}, {{-7e6, 0, -1}, {0, -7546.05, 0}},
     };
     for (const State& s : cases) {
-        const Elements x = meanElements(s.r, s.v);
+        const MeanSet x = meanElements(s.r, s.v);
         for (const double value : {x.inc, x.ra, x.e, x.aper, x.m0, x.n0})
             EXPECT_TRUE(std::isfinite(value)) << value << " of state " << &s - cases;
     }
@@ -108,9 +109,9 @@ TEST_F(StateDialog, MeanElementsComeFromTheEpochStateOfThePrime)
     setState(in, epoch, stateOf(8000e3, 0.1, 10, 20, 30, 40));
     in->prs = 3;
     in->sgpsat = 3;
-    Elements x{};
+    MeanSet x{};
     cvSGP4(x.inc, x.ra, x.e, x.aper, x.m0, x.n0);
-    const Elements expected = meanElements(s.r, s.v);
+    const MeanSet expected = meanElements(s.r, s.v);
     EXPECT_EQ(x.n0, expected.n0);
     EXPECT_EQ(x.inc, expected.inc);
     EXPECT_EQ(x.m0, expected.m0);
