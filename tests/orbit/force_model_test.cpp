@@ -4,6 +4,7 @@
 #include "astro/calendar.h"
 #include "astro/frames.h"
 #include "astro/near_helper.h"
+#include "astro/sun_moon.h"
 #include "astro/time_scales.h"
 #include "flight_helper.h"
 #include "orbit/gravity_data.h"
@@ -135,6 +136,17 @@ TEST_F(ForceModel, DegreeOfTheFieldGoesByDistanceAndPolarMotionTurnsIt)
     expectField({0, 5000e3, 4800e3}, 20, PoleMx(0.5, -0.3) * toEarth(0.5));
 }
 
+// The constant of aberration, 20.4955 arc seconds: the Sun is that much behind for an Earth on a circle.
+TEST_F(ForceModel, OnlyTheSunIsDisplacedByAberration)
+{
+    const double T = julcent(epoch + DefTdUt(2018) / 86400.0), arcsec = radPerDeg / 3600;
+    const Vec3 sun = vnorm(eclequ(T, Sun200().position(T))), moon = vnorm(eclequ(T, Moon200().position(T)));
+    const Vec3 turned = sun * vnorm(spos);
+    EXPECT_NEAR(abs(turned), 20.4955 * arcsec, 0.02 * arcsec);
+    EXPECT_LT(turned[2], 0);
+    EXPECT_NEAR(abs(moon - vnorm(mpos)), 0, 1e-12);
+}
+
 // A direct evaluation, and for the size the tides of a textbook: 2 GM r / d^3 along the line.
 TEST_F(ForceModel, SunAndMoonPullAsTheyShould)
 {
@@ -186,7 +198,7 @@ TEST_F(ForceModel, DragActsAgainstTheTurningAirAndLiftStandsUpOnItLowDown)
 {
     in->Am[0] = 0.01;
     in->Cr[0] = 0;
-    for (const double heightKm : {300.0, 60.0}) {
+    for (const double heightKm : {300.0, 90.01, 89.99}) {
         const Vec3 r(0, earthRadiusM + 1000 * heightKm, 0), v(-6000, 100, 4500);
         in->Cd[0] = in->lift = 0;
         const Vec3 drag = effect(in->Cd[0], 2.2, r, v);

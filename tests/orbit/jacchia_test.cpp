@@ -73,7 +73,10 @@ TEST(Jacchia, SeasonsMoveTheDensity)
 {
     const double october = 58055, july = 57965, winter = 57754;  // of 2017
     EXPECT_GT(density(300, -120, 150, 150, 3, october), 1.3 * density(300, -120, 150, 150, 3, july));
-    EXPECT_EQ(density(450, -120, 150, 150, 3, october), density(450, -120, 150, 150, 3, july));
+    for (const double heightKm : {399.9, 400.001})  // the half-yearly term ends at 400 km
+        EXPECT_EQ(density(heightKm, -120, 150, 150, 3, october) != density(heightKm, -120, 150, 150, 3, july),
+                  heightKm < 400)
+            << heightKm;
     const auto northOverSouth = [](double day) {
         double height, rho[2];
         for (int i = 0; i < 2; ++i) {
@@ -132,6 +135,9 @@ TEST(Jacchia, StepsAtTheBordersOfTheBlocksAreSmall)
                                          {1300.0, -0.0164},
                                          {2000.0, -0.0602}})
         EXPECT_NEAR(stepAt850K(heightKm), step, 2e-4) << heightKm;
+    // half of 0.012 Kp + 1.2e-5 exp Kp in the logarithm ends at 350 km
+    EXPECT_NEAR(std::log10(density(349.999999, 0, 150, 150, 6) / density(350.000001, 0, 150, 150, 6)),
+                0.5 * (0.072 + 1.2e-5 * std::exp(6.0)), 1e-6);
     for (const double smooth : {170.0, 190.0, 450.0, 600.0, 1100.0})
         EXPECT_LT(largestStepAt(smooth), 1e-6) << smooth;
 }
