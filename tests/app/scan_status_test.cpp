@@ -108,6 +108,7 @@ private Q_SLOTS:
         windows::select("ISS (ZARYA)");
         windows::observeAllFromVienna();
         setFields(*indata, way.fields, 0);
+        indata->dspmd = 1;  // the map is on show: a plot would bring it up first
         setScanWorkers(way.workers);
         const QStringList files = QDir().entryList(QDir::AllEntries | QDir::Hidden);
         const QByteArray before = records();
