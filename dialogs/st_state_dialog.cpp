@@ -15,6 +15,7 @@
 #include "design/satellite_slots.h"
 #include "dialogs/epoch_edit.h"
 #include "dialogs/form.h"
+#include "record/field_numbers.h"
 #include "record/winp_data.h"
 
 int stdtmje = frame::meanOfDate;
@@ -27,6 +28,14 @@ StStateDialog::State turned(StStateDialog::State s, int from, int to, double mjd
     if (from != to)
         vsRefState(from, to, mjd, s[0], s[1], s[2], s[3], s[4], s[5]);
     return s;
+}
+
+/// The numbers of the texts on show. Another frame is computed from these, so that its digits can be worked by hand.
+StStateDialog::State numbersIn(const std::array<Field*, 6>& fields)
+{
+    StStateDialog::State numbers{};
+    std::ranges::transform(fields, numbers.begin(), [](const Field* field) { return typedNumber(field->text()); });
+    return numbers;
 }
 
 }  // namespace
@@ -151,7 +160,7 @@ void StStateDialog::setValues(const Values& values)
     cstateBox->setChecked(values.reset);
     form::setNumber(yearEdit, values.epoch.year);
     form::setPrinted(dayEdit, dayFormat, values.epoch.day);
-    showState();
+    showState(turned(state, frame::meanOfDate, stdtmje, epoch()));
     frameButtons[static_cast<std::size_t>(stdtmje)]->setChecked(true);
 }
 
@@ -218,8 +227,9 @@ void StStateDialog::refSlot()
         return;
     if (cstateBox->isChecked()) {
         state = meanState();
+        const State digits = turned(numbersIn(stateEdits), stdtmje, chosen, epoch());
         stdtmje = chosen;
-        showState();
+        showState(digits);
         return;
     }
     stdtmje = chosen;
@@ -241,10 +251,10 @@ void StStateDialog::showForces(const Values& values)
         form::setShown(edit, values.numeric);
 }
 
-void StStateDialog::showState()
+void StStateDialog::showState(const State& numbers)
 {
     shownEpoch = epoch();
-    shownState = turned(state, frame::meanOfDate, stdtmje, shownEpoch);
+    shownState = numbers;
     for (std::size_t i = 0; i < stateEdits.size(); ++i)
         form::setPrinted(stateEdits[i], "%20.12le", shownState[i]);
 }

@@ -94,7 +94,7 @@ private:
     /// Shows them for a numeric satellite and hides them for others.
     void showForces(const Values& values);
     /// The state in the frame of the dialog, at its epoch.
-    void showState();
+    void showState(const State& numbers);
     /// MJD of the fields.
     double epoch() const;
     /// Code of the button that is checked.
