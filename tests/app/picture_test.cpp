@@ -4,6 +4,7 @@
 #include <array>
 #include <cmath>
 
+#include <QLabel>
 #include <QPainter>
 #include <QScrollArea>
 #include <QScrollBar>
@@ -136,12 +137,14 @@ private Q_SLOTS:
             QVERIFY2(action(name)->isEnabled(), name);
         QCOMPARE(app->statusBar()->currentMessage(), QString("Ready."));
         choose(sizeAction);
+        QCOMPARE(nextClick(), QString("Next click: star 1 of 3"));
         QCOMPARE(canvas()->size(), QSize(800, 600) / part);
         for (const QPoint& star : Camera::stars)
             QVERIFY(shown().pixelColor(star / part).lightness() > 100);
 
         markStars(camera, part);
         QCOMPARE(indata->picstep, 4);
+        QCOMPARE(nextClick(), QString("Next click: first point of the trail"));
         for (int k = 0; k < 10; ++k) {
             const QPoint clicked((20 + k * 379 % 760) / part, (24 + k * 233 % 552) / part);
             choose(clickAt(clicked));
@@ -155,6 +158,15 @@ private Q_SLOTS:
         const QPointF off = markerBox().center() - camera.pixelOf(trailBegin) / part;
         QCOMPARE(markerBox().size(), QSize(5, 5));
         QVERIFY(std::abs(off.x()) < 0.8 && std::abs(off.y()) < 0.8);
+    }
+
+    void theNextClickIsToldWhereOneIsAwaited()
+    {
+        load(Camera(25.0).photograph());
+        const QStringList seen = follow(clickAt({30, 500}) + "\n| see title; cancelButton");
+        QCOMPARE(seen, QStringList("Astrometry: Star 1 of 3"));
+        choose("viewPicture");
+        QCOMPARE(nextClick(), QString());
     }
 
     void theTrailGivesAnOrbit()
@@ -288,6 +300,8 @@ private:
     {
         choose(clickAt(p), {answer("raEdit = " + ra + "; decEdit = " + dec + "; okButton")});
     }
+
+    QString nextClick() const { return app->findChild<QLabel*>("nextClickLabel")->text(); }
 
     void markStars(const Camera& camera, int part)
     {
