@@ -3,6 +3,7 @@
 #include <QApplication>
 #include <QDir>
 #include <QFont>
+#include <QNetworkProxyFactory>
 #include <algorithm>
 #include <string>
 #include <vector>
@@ -19,6 +20,7 @@ int main(int argc, char* argv[])
     }
     const QApplication application(argc, argv);
     QApplication::setFont(QFont("helvetica", 10));
+    QNetworkProxyFactory::setUseSystemConfiguration(true);
     // Relative names, that of the configuration first of all, refer to the directory of the executable.
     QDir::setCurrent(QCoreApplication::applicationDirPath());
     auto* window = new VorlixApp;

@@ -64,27 +64,45 @@ void VorlixApp::slotFileUpdate()
 {
     showStatus(tr("Online TLE file update"));
     if (download->isUpdating()) {
-        QMessageBox::warning(this, tr("Online Update"), tr("Another online update still in progress."));
+        const QString text = tr("Another online update still in progress.");
+        if (warnOrEnd(this, tr("Online Update"), text, tr("&End It")))
+            download->cancel();
         return;
     }
     AddressParts parts;
     if (view->vUpdate(parts.host, parts.path, parts.file) != 0)
         return;
+    offerLeftover(parts.file);
     if (download->start(parts) != Download::Start::running) {
-        QMessageBox::warning(this, tr("HTTP Get"),
-                             tr("Cannot write file %1\n%2.").arg(parts.file, download->errorString()));
+        warn(this, tr("HTTP Get"), tr("Cannot write file %1\n%2.").arg(parts.file, download->errorString()));
         return;
     }
     showStatus(tr("Ready."));
 }
 
+void VorlixApp::offerLeftover(const QString& elementFile)
+{
+    if (elementFile.isEmpty() || download->isUpdating() || !leftover::exists(elementFile))
+        return;
+    const QString title = tr("Online Update");
+    const QString question =
+        tr("The program ended during an earlier update. The lines that were to be replaced are in "
+           "satwwwsave.tmp and differ from %1.\n\nPut them into this file?");
+    if (agrees(this, title, question.arg(elementFile))) {
+        const QString why = leftover::restore(elementFile);
+        if (!why.isEmpty())
+            warn(this, title, nothingWritten(elementFile, why));
+    } else {
+        inform(this, title, tr("They are kept in %1.").arg(leftover::keep()));
+    }
+}
+
 void VorlixApp::httpDone(bool error)
 {
     if (error)
-        QMessageBox::warning(this, tr("HTTP Get"),
-                             tr("Error fetching file with HTTP: %1.").arg(download->errorString()));
+        warn(this, tr("HTTP Get"), tr("Error fetching file with HTTP: %1.").arg(download->errorString()));
     else
-        QMessageBox::information(this, tr("HTTP Get"), tr("Download complete. File %1.").arg(download->fileName()));
+        inform(this, tr("HTTP Get"), tr("Download complete. File %1.").arg(download->fileName()));
 }
 
 void VorlixApp::slotFileSave()
@@ -128,11 +146,9 @@ QString VorlixApp::askForElementSaveName()
     if (name.isEmpty() || filter != messagesFilter() || name.endsWith(ending, Qt::CaseInsensitive))
         return name;
     // the dialog has asked about the name without the ending only
-    const bool replace =
-        !QFile::exists(name + ending) ||
-        QMessageBox::question(this, tr("Select a TLE filename"),
-                              tr("%1 already exists.\nDo you want to replace it?").arg(name + ending)) ==
-            QMessageBox::Yes;
+    const bool replace = !QFile::exists(name + ending) ||
+                         agrees(this, tr("Select a TLE filename"),
+                                tr("%1 already exists.\nDo you want to replace it?").arg(name + ending));
     return replace ? name + ending : QString();
 }
 
@@ -160,7 +176,7 @@ void VorlixApp::slotFilePicture()
     CFDIR = QFileInfo(name).absoluteFilePath();
     const QImage image(name);  // null also beyond what Qt reads, 128 megabytes
     if (image.isNull()) {
-        QMessageBox::information(this, tr("Vorlix"), tr("Cannot load %1.").arg(name));
+        inform(this, tr("Vorlix"), tr("Cannot load %1.").arg(name));
         return;
     }
     view->vPicture(image);

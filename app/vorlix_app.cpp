@@ -89,6 +89,7 @@ VorlixApp::VorlixApp()
 
     timer = new QTimer(this);
     connect(timer, &QTimer::timeout, this, &VorlixApp::slotTmCheck);
+    QTimer::singleShot(0, this, [this] { offerLeftover(TLEname); });
 }
 
 VorlixApp::~VorlixApp()

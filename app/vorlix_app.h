@@ -98,6 +98,7 @@ public Q_SLOTS:
     void slotTmCheck();
     void slotStopTime();
     void httpDone(bool error);
+    void offerLeftover(const QString& elementFile);
 
 protected:
     void keyPressEvent(QKeyEvent* event) override;

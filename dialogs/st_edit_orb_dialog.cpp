@@ -4,7 +4,6 @@
 
 #include <QCheckBox>
 #include <QInputDialog>
-#include <QMessageBox>
 
 #include "astro/calendar.h"
 #include "dialogs/epoch_edit.h"
@@ -360,6 +359,5 @@ void StEditOrbDialog::nwsSlot()
 
 void sayNoSgp4Elements(QWidget* parent)
 {
-    QMessageBox::information(parent, QMessageBox::tr("Vorlix"),
-                             QMessageBox::tr("This orbit has no SGP4 elements.\nIt stays numeric or Keplerian."));
+    form::say(parent, StEditOrbDialog::tr("This orbit has no SGP4 elements.\nIt stays numeric or Keplerian."));
 }

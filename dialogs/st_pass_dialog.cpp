@@ -80,6 +80,9 @@ void StPassDialog::gtrackSlot()
 
 void StPassDialog::save(int mode)
 {
-    if (vsSavePassDt(mode))
+    std::string why;
+    if (vsSavePassDt(mode, &why))
         form::say(this, tr("Saved on File ") + fieldQString(indata->savename));
+    else if (!why.empty())
+        form::say(this, tr("Nothing was written to %1\n%2").arg(fieldQString(indata->savename), textQString(why)));
 }

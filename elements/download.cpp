@@ -1,17 +1,25 @@
 #include "elements/download.h"
 
+#include "elements/element_file.h"
+#include "elements/reader.h"
 #include "elements/selection.h"
+#include "record/files.h"
 #include "record/text.h"
 
 #include <QByteArray>
 #include <QCoreApplication>
+#include <QFile>
 #include <QFileInfo>
+#include <QSaveFile>
+#include <QTemporaryFile>
 #include <QTimer>
 #include <QUrlQuery>
 #include <algorithm>
+#include <fcntl.h>
+#include <future>
+#include <memory>
 
 namespace {
-constexpr int longestAddress = 104;
 constexpr int endMilliseconds = 1;
 constexpr qsizetype shortestAddress = 2;
 constexpr qsizetype shortestKnownAddress = 6;
@@ -21,6 +29,11 @@ constexpr QLatin1Char slash('/'), question('?');
 QString fileNameOf(const QString& path)
 {
     return path.mid(path.lastIndexOf(slash) + 1);
+}
+
+QString withoutFragment(const QString& address)
+{
+    return address.trimmed().section(QLatin1Char('#'), 0, 0).trimmed();
 }
 
 /// Host and path; what stands before "://" belongs to the host if it is https, and is left out if it is http.
@@ -37,18 +50,51 @@ AddressParts splitAddress(const QString& address)
     return parts;
 }
 
+constexpr QLatin1String backupName("satwwwsave.tmp");
+
 /// The bytes of all lines, each ended by a line feed.
-QByteArray linesOf(QFile& file)
+QByteArray linesOf(const QString& name)
 {
+    QFile file(name);
+    if (!QFileInfo(name).isFile() || !file.open(QIODevice::ReadOnly))
+        return {};
     QByteArray lines = file.readAll();
     if (!lines.isEmpty() && !lines.endsWith('\n'))
         lines.append('\n');
     return lines;
 }
 
-bool writeAll(QFile& file, const QByteArray& bytes)
+/// Why a file cannot be written, without a change of it; empty if it can.
+QString obstacle(const QString& name)
 {
-    return file.write(bytes) == bytes.size() && file.flush();
+    QFile old(name);
+    if (old.exists() && !QFileInfo(name).isFile())
+        return mayBeWritten(QFile::encodeName(name).constData()) ? QString() : Download::tr("It is no file");
+    if (old.exists())
+        return old.open(QIODevice::Append) ? QString() : old.errorString();
+    QSaveFile file(name);
+    return file.open(QIODevice::WriteOnly) ? QString() : file.errorString();
+}
+
+/// The first line of what a server sent, cut to what fits into a box.
+QString firstLineOf(const QByteArray& document)
+{
+    constexpr qsizetype mostCharacters = 100;
+    const QByteArray text = document.left(4 * mostCharacters).trimmed();
+    QString line = QString::fromUtf8(text.left(text.indexOf('\n'))).trimmed();
+    std::replace_if(
+        line.begin(), line.end(), [](QChar c) { return !c.isPrint(); }, QChar(QLatin1Char(' ')));
+    return line.size() > mostCharacters ? line.left(mostCharacters) + QStringLiteral("...") : line;
+}
+
+bool readsAnEntry(const char* name)
+{
+    const FilePtr file = openElementFile(name);
+    const auto in = std::make_unique<WinpData>();
+    setDefaults(in.get());
+    assignField(in->cfgname[workSlot], "*");
+    char report[entryTextRoom] = {};
+    return file && tleread(in.get(), file.get(), report, 0) != 0;
 }
 }  // namespace
 
@@ -65,7 +111,7 @@ QString proposedAddress(const WinpData* in)
 
 QString fileNameOfAddress(const QString& entered)
 {
-    const QString path = splitAddress(entered.left(longestAddress)).path;
+    const QString path = splitAddress(withoutFragment(entered)).path;
     const QString name = fileNameOf(path);
     return isFileName(name) && !path.contains(question) ? name : QString();
 }
@@ -100,15 +146,30 @@ QString besideElementFile(const QString& name)
     return fieldQString(path);
 }
 
+bool isAddressStorable(const QString& entered)
+{
+    return entered.trimmed().toUtf8().size() <= longestAddress;
+}
+
 bool takeAddress(WinpData* in, const QString& entered, AddressParts& parts)
 {
-    const QString whole = entered.left(longestAddress);
-    if (whole.size() < shortestAddress)
+    const QString whole = entered.trimmed();
+    if (whole.size() < shortestAddress || !isAddressStorable(whole))
         return false;
     QsToChar(whole, in->url, sizeof in->url - 1);
-    parts = splitAddress(whole);
+    parts = splitAddress(withoutFragment(whole));
     parts.file = besideElementFile(parts.path.isEmpty() ? QString() : fileNameOf(parts.path));
     return true;
+}
+
+bool holdsElements(const QByteArray& document)
+{
+    QTemporaryFile file;
+    if (!file.open() || file.write(document) != document.size() || !file.flush())
+        return false;
+    const QByteArray name = QFile::encodeName(file.fileName());
+    // on a thread of its own, which has records of its own: the satellites on show keep their state
+    return std::async(std::launch::async, readsAnEntry, name.constData()).get();
 }
 
 qint64 Received::writeData(const char* data, qint64 size)
@@ -120,7 +181,7 @@ qint64 Received::writeData(const char* data, qint64 size)
     return QBuffer::writeData(data, size);
 }
 
-Download::Download(QObject* parent) : QObject(parent), backupFile(QStringLiteral("satwwwsave.tmp"))
+Download::Download(QObject* parent) : QObject(parent)
 {
     // by a timer: a scan that reads the element file lets other events in, but no timers
     connect(&http, &Http::done, this,
@@ -131,14 +192,13 @@ Download::Start Download::start(const AddressParts& parts, quint16 port)
 {
     if (updating)
         return Start::busy;
-    tleFile.setFileName(parts.file);
-    isNew = !tleFile.exists();
-    hasBackup = saveBackup();
-    if (!tleFile.open(QIODevice::Append)) {  // for writing, with what it holds left alone as yet
-        lastError = tleFile.errorString();
-        dropBackup();
+    elementFile = parts.file;
+    lastError = obstacle(elementFile);
+    if (!lastError.isEmpty())
         return Start::cannotWriteFile;
-    }
+    if (leftover::exists(elementFile))
+        leftover::keep();
+    hasBackup = saveBackup();
     updating = true;
     received.setData(QByteArray());
     received.open(QIODevice::WriteOnly);
@@ -147,64 +207,75 @@ Download::Start Download::start(const AddressParts& parts, quint16 port)
     return Start::running;
 }
 
-bool Download::saveBackup()
+void Download::cancel()
 {
-    // a device has no lines to keep, and the backup is none of itself
-    const QFileInfo old(tleFile);
-    if (!old.isFile() || old == QFileInfo(backupFile) || !tleFile.open(QIODevice::ReadOnly))
-        return false;
-    const QByteArray lines = linesOf(tleFile);
-    tleFile.close();
-    if (!backupFile.open(QIODevice::WriteOnly))
-        return false;
-    const bool complete = writeAll(backupFile, lines);
-    backupFile.close();
-    if (!complete)
-        backupFile.remove();
-    return complete;
+    if (updating)
+        http.abort();
 }
 
-/// What the download has written gives way to the old lines.
-bool Download::restoreBackup()
+bool Download::saveBackup() const
 {
-    if (!backupFile.open(QIODevice::ReadOnly))
+    const QByteArray lines = linesOf(elementFile);
+    // the backup is none of itself
+    if (lines.isEmpty() || QFileInfo(elementFile) == QFileInfo(backupName))
         return false;
-    const QByteArray lines = linesOf(backupFile);
-    backupFile.close();
-    return tleFile.resize(0) && tleFile.seek(0) && writeAll(tleFile, lines);
+    // a link would lead to a file that is none of ours
+    const int handle = ::open(backupName.latin1(), O_WRONLY | O_CREAT | O_TRUNC | O_NOFOLLOW | O_CLOEXEC, 0644);
+    QFile backup;
+    if (handle < 0 || !backup.open(handle, QIODevice::WriteOnly, QFileDevice::AutoCloseHandle))
+        return false;
+    const bool whole = backup.write(lines) == lines.size() && backup.flush();
+    backup.close();
+    if (!whole)
+        QFile::remove(backupName);
+    return whole;
 }
 
-/// Puts the new lines in the place of the old ones. A device has none that could be cut off.
-bool Download::storeReceived()
+/// Brings what was received into the element file. @return  why it stays as it is; empty if it is the new one
+QString Download::store() const
 {
-    const bool emptied = tleFile.resize(0) || !QFileInfo(tleFile).isFile();
-    return emptied && writeAll(tleFile, received.data());
-}
-
-void Download::dropBackup()
-{
-    if (hasBackup)
-        backupFile.remove();
-    hasBackup = false;
+    const QByteArray& document = received.data();
+    if (!holdsElements(document))
+        return tr("The server sent no elements, but \"%1\"").arg(firstLineOf(document));
+    const std::string_view text(document.constData(), static_cast<std::size_t>(document.size()));
+    return QString::fromStdString(replaceFile(QFile::encodeName(elementFile).constData(), text));
 }
 
 void Download::httpDone(bool error)
 {
-    lastError = http.errorString();
     received.close();
-    if (!error && !storeReceived()) {
-        lastError = tleFile.errorString();
-        error = true;
-    }
-    const bool oldLinesLost = error && hasBackup && !restoreBackup();
+    lastError = error ? http.errorString() : store();
+    received.setData(QByteArray());
     updating = false;
-    tleFile.close();
-    if (error && isNew)
-        tleFile.remove();
-    if (oldLinesLost) {
-        lastError += tr(". The old lines are in %1").arg(backupFile.fileName());
-        hasBackup = false;
+    if (hasBackup)
+        QFile::remove(backupName);
+    hasBackup = false;
+    Q_EMIT finished(!lastError.isEmpty());
+}
+
+bool leftover::exists(const QString& elementFile)
+{
+    const QFileInfo backup(backupName);
+    return backup.isFile() && !backup.isSymLink() && backup != QFileInfo(elementFile) &&
+           linesOf(backupName) != linesOf(elementFile);
+}
+
+QString leftover::restore(const QString& elementFile)
+{
+    const QByteArray lines = linesOf(backupName);
+    const std::string_view text(lines.constData(), static_cast<std::size_t>(lines.size()));
+    const std::string why = replaceFile(QFile::encodeName(elementFile).constData(), text);
+    if (why.empty())
+        QFile::remove(backupName);
+    return QString::fromStdString(why);
+}
+
+QString leftover::keep()
+{
+    for (int number = 1; number < 1000; ++number) {
+        const QString name = QStringLiteral("satwwwsave-%1.tmp").arg(number);
+        if (!QFileInfo::exists(name) && QFile::rename(backupName, name))
+            return name;
     }
-    dropBackup();
-    Q_EMIT finished(error);
+    return {};
 }

@@ -6,7 +6,6 @@
 #include "record/winp_data.h"
 
 #include <QBuffer>
-#include <QFile>
 #include <QObject>
 #include <QString>
 
@@ -35,10 +34,19 @@ bool isFileName(const QString& name);
 /// The path of a file of this name beside the current element file.
 QString besideElementFile(const QString& name);
 
-/// Takes an address as entered: cut to 104 characters, stored as `url` and split.
+/// What the record holds of an address, in bytes of UTF-8.
+constexpr int longestAddress = 104;
+
+/// Whether the record can hold the address as it is.
+bool isAddressStorable(const QString& entered);
+
+/// Takes an address without the blanks around it: stored as `url` and split. What follows a "#" is no part of the file.
 ///
-/// @return false, with nothing changed, for fewer than 2 characters
+/// @return false, with nothing changed, for fewer than 2 characters and for one that is not storable
 [[nodiscard]] bool takeAddress(WinpData* in, const QString& entered, AddressParts& parts);
+
+/// Whether a document holds elements: an entry that the reader takes.
+bool holdsElements(const QByteArray& document);
 
 /// Where a document waits until it is whole. No element file comes near the limit.
 class Received : public QBuffer
@@ -50,8 +58,10 @@ protected:
     qint64 writeData(const char* data, qint64 size) override;
 };
 
-/// Fetches a file over HTTP. The file is written when the document is whole, in one go, and meanwhile its old lines
-/// wait in the backup file `satwwwsave.tmp` as well: whenever the program is killed, one of the two holds them.
+/// Fetches an element file over HTTP.
+///
+/// The file changes when the document is whole and an entry could be read from it, in one go; in all other cases it
+/// stays as it is. While a transfer is under way the backup file `satwwwsave.tmp` holds its old lines as well.
 class Download : public QObject
 {
     Q_OBJECT
@@ -71,29 +81,45 @@ public:
     /// @param port  80 but for tests
     [[nodiscard]] Start start(const AddressParts& parts, quint16 port = 80);
 
+    /// Ends the one under way; `finished` follows with an error.
+    void cancel();
+
     bool isUpdating() const { return updating; }
-    QString fileName() const { return tleFile.fileName(); }
+    QString fileName() const { return elementFile; }
     QString errorString() const { return lastError; }
 
+    /// A transfer that brings less than a kilobyte in this time has failed; 60 seconds unless set.
+    void setSilenceLimit(int milliseconds) { http.setSilenceLimit(milliseconds); }
+
 Q_SIGNALS:
-    /// The end: the file is the new one, or with `error` the old one again. errorString() says why.
+    /// The end: the file is the new one, or with `error` the old one still. errorString() says why.
     void finished(bool error);
 
 private Q_SLOTS:
     void httpDone(bool error);
 
 private:
-    bool saveBackup();
-    bool restoreBackup();
-    void dropBackup();
-    bool storeReceived();
+    bool saveBackup() const;
+    QString store() const;
 
     Received received;
     Http http;
-    QFile tleFile;
-    QFile backupFile;
+    QString elementFile;
     bool updating = false;
     bool hasBackup = false;
-    bool isNew = false;  // the file did not exist before
     QString lastError;
 };
+
+/// The backup that an update has left because the program ended before it did. Nothing but a plain file counts.
+namespace leftover {
+
+/// Whether there is one whose lines differ from those of the element file.
+bool exists(const QString& elementFile);
+
+/// Gives the element file these lines. @return  why that failed; empty if it was done, and the backup is gone
+QString restore(const QString& elementFile);
+
+/// Gives it another name, under which no update looks for it. @return  the name; empty if that failed
+QString keep();
+
+}  // namespace leftover

@@ -1,7 +1,6 @@
 #include "elements/http.h"
 
 #include <QFileDevice>
-#include <QNetworkProxy>
 #include <QNetworkRequest>
 #include <QUrl>
 
@@ -30,8 +29,6 @@ QNetworkRequest requestFor(const QUrl& url, int silenceMs)
 {
     QNetworkRequest request(url);
     request.setAttribute(QNetworkRequest::RedirectPolicyAttribute, QNetworkRequest::NoLessSafeRedirectPolicy);
-    // the document as it is: its length can then be compared with the announced one
-    request.setRawHeader("Accept-Encoding", "identity");
     request.setTransferTimeout(silenceMs);
     return request;
 }
@@ -45,7 +42,7 @@ bool flushed(QIODevice* device)
 
 Http::Http(QObject* parent) : QObject(parent)
 {
-    network.setProxy(QNetworkProxy::NoProxy);
+    connect(&progressTimer, &QTimer::timeout, this, &Http::watchProgress);
 }
 
 Http::~Http()
@@ -74,15 +71,39 @@ void Http::get(const QString& path, QIODevice* to)
     head.clear();
     tail.clear();
     lastError.clear();
+    storedBefore = 0;
+    progressTimer.start(silenceMs);
     reply = network.get(requestFor(address(host, port, path), silenceMs));
     connect(reply, &QNetworkReply::readyRead, this, &Http::store);
     connect(reply, &QNetworkReply::finished, this, &Http::finish);
 }
 
+void Http::abort()
+{
+    giveUp(tr("Ended by hand"));
+}
+
+void Http::giveUp(const QString& why)
+{
+    lastError = why;
+    if (reply)
+        reply->abort();
+}
+
+/// One that sends a byte now and then would hold the transfer for ever.
+void Http::watchProgress()
+{
+    constexpr qint64 leastBytes = 1024;
+    if (stored - storedBefore < leastBytes)
+        giveUp(tr("The server sends nothing, or next to nothing"));
+    storedBefore = stored;
+}
+
 bool Http::succeeded() const
 {
+    constexpr int part = 206;  // nobody has asked for one
     const int status = reply->attribute(QNetworkRequest::HttpStatusCodeAttribute).toInt();
-    return status >= 200 && status < 300;
+    return status >= 200 && status < 300 && status != part;
 }
 
 void Http::store()
@@ -91,8 +112,7 @@ void Http::store()
     if (!succeeded() || !lastError.isEmpty())
         return;
     if (!target || target->write(piece) != piece.size()) {
-        lastError = target ? target->errorString() : tr("The file is gone");
-        reply->abort();
+        giveUp(target ? target->errorString() : tr("The file is gone"));
         return;
     }
     stored += piece.size();
@@ -111,11 +131,11 @@ void Http::remember(const QByteArray& piece)
 bool Http::isCut() const
 {
     const QVariant announced = reply->header(QNetworkRequest::ContentLengthHeader);
-    if (announced.isValid())
+    const bool packed = reply->hasRawHeader("Content-Encoding");  // the length is that of the packed bytes
+    if (announced.isValid() && !packed)
         return announced.toLongLong() != stored;
-    // A chunked document that is cut while bytes wait in the socket is reported as complete. Of a text at least a
-    // half line tells.
-    return reply->rawHeader("Transfer-Encoding").toLower().contains("chunked") && !isWhole(head, tail);
+    // Without a length a connection that is cut looks like one that is done. Of a text at least a half line tells.
+    return !isWhole(head, tail);
 }
 
 QString Http::failure()
@@ -137,6 +157,7 @@ QString Http::failure()
 
 void Http::finish()
 {
+    progressTimer.stop();
     if (reply->bytesAvailable() > 0)
         store();
     lastError = failure();

@@ -6,11 +6,13 @@
 #include <QObject>
 #include <QPointer>
 #include <QString>
+#include <QTimer>
 
 class QIODevice;
 
-/// Fetches one text document at a time. Redirects are followed, to https as well; an answer other than success is an
-/// error, and nothing of it is written. An empty document is an error too.
+/// Fetches one text document at a time, through the proxy of the system if the application has asked for that. Redirects
+/// are followed, to https as well; an answer other than success is an error, and nothing of it is written. A document
+/// that is empty, a part or cut off is an error too.
 class Http : public QObject
 {
     Q_OBJECT
@@ -27,8 +29,11 @@ public:
     /// Starts to fetch a document and returns. `to` is an open device; if it dies before the end the transfer fails.
     void get(const QString& path, QIODevice* to);
 
-    /// A transfer that brings nothing for this long has failed; 60 seconds unless set.
+    /// A transfer that brings less than a kilobyte in this time has failed; 60 seconds unless set.
     void setSilenceLimit(int milliseconds);
+
+    /// Ends the transfer under way as a failure.
+    void abort();
 
     /// What went wrong in the last transfer, for a reader.
     QString errorString() const { return lastError; }
@@ -40,8 +45,10 @@ Q_SIGNALS:
 private Q_SLOTS:
     void store();
     void finish();
+    void watchProgress();
 
 private:
+    void giveUp(const QString& why);
     bool succeeded() const;
     bool isCut() const;
     void remember(const QByteArray& piece);
@@ -57,4 +64,6 @@ private:
     QByteArray head;    // the first of them
     QByteArray tail;    // and the last
     int silenceMs = 60000;
+    QTimer progressTimer;
+    qint64 storedBefore = 0;  // at its last tick
 };

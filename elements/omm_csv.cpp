@@ -67,9 +67,7 @@ std::string epochCell(double epoch)
 
 void writeOmmHeader(std::FILE* file)
 {
-    std::fseek(file, 0, SEEK_END);
-    if (std::ftell(file) == 0)
-        std::fputs(header, file);
+    std::fputs(header, file);
 }
 
 void writeOmmLine(std::FILE* file, const WinpData& in, int slot)

@@ -5,7 +5,7 @@
 
 #include <cstdio>
 
-/// Writes the line of keywords into a file that is empty.
+/// Writes the line of keywords.
 void writeOmmHeader(std::FILE* file);
 
 /// Writes the elements of a slot. Figures have as many digits as they need to come back the same, the epoch has

@@ -11,6 +11,7 @@
 #include <algorithm>
 #include <array>
 #include <cmath>
+#include <optional>
 #include <string>
 #include <string_view>
 
@@ -215,6 +216,12 @@ struct ExponentField
     int digit;
     bool small;
 };
+
+bool holdsNothing(const char* name)
+{
+    const std::optional<std::string> content = contentOfFile(name);
+    return !content || content->empty();
+}
 }  // namespace
 
 void writeTwoLines(std::FILE* file, WinpData* in, int i)
@@ -278,24 +285,27 @@ LeftOut leftOut(const WinpData& in)
     return out;
 }
 
-int SaveTle(WinpData* in, bool shorten)
+int SaveTle(WinpData* in, bool shorten, std::string* why)
 {
     const LeftOut out = leftOut(*in);
     const std::size_t missing = out.numeric.size() + (shorten ? 0 : out.numbers.size());
     if (in->satn < 1 || missing == static_cast<std::size_t>(in->satn))
         return 1;
-    const FilePtr file(std::fopen(in->tlesave, in->newtle ? "w" : "a"));
-    in->newtle = 0;  // also after a failed open: the next attempt appends
-    if (!file)
-        return 2;
+    const bool anew = in->newtle != 0;
+    in->newtle = 0;  // also if the write fails: the next attempt appends
+    const MemoryFile memory;
+    std::FILE* const file = memory.stream();
     const bool messages = savesMessages(*in);
-    if (messages)
-        writeOmmHeader(file.get());
+    if (messages && (anew || holdsNothing(in->tlesave)))
+        writeOmmHeader(file);
     for (int i = 0; i < in->satn; ++i) {
         if (messages && !in->numflg[i])
-            writeOmmLine(file.get(), *in, i);
+            writeOmmLine(file, *in, i);
         if (!messages && (shorten || in->norad[i] <= greatestColumnNumber))
-            writeTwoLines(file.get(), in, i);
+            writeTwoLines(file, in, i);
     }
-    return 0;
+    const std::string reason = anew ? replaceFile(in->tlesave, memory.text()) : addToFile(in->tlesave, memory.text());
+    if (why)
+        *why = reason;
+    return reason.empty() ? 0 : 2;
 }

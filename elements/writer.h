@@ -4,6 +4,7 @@
 #include "record/winp_data.h"
 
 #include <cstdio>
+#include <string>
 #include <vector>
 
 /// What of the selection a file of the chosen form cannot hold.
@@ -19,7 +20,7 @@ bool savesMessages(const WinpData& in);
 LeftOut leftOut(const WinpData& in);
 
 /// Writes the selection to the file `tlesave`: anew if `newtle` is set, else behind what it holds. `newtle` is 0
-/// afterwards, also after a failed open.
+/// afterwards, also after a failure. The file changes as a whole or not at all.
 ///
 /// A name that ends in ".csv" makes it a file of Orbit Mean-Elements Messages, one line for each satellite that is not
 /// numeric, in figures that round trip. For an eccentricity of 1 or more MEAN_MOTION is the perigee distance in km, as
@@ -27,8 +28,9 @@ LeftOut leftOut(const WinpData& in);
 ///
 /// @param shorten  a catalogue number above 339999 goes into two lines with its last five digits; else its satellite
 ///                 is left out
-/// @return         0 done, 1 no satellite selected or none that such a file can hold, 2 the file cannot be opened
-[[nodiscard]] int SaveTle(WinpData* in, bool shorten = false);
+/// @param why      receives the reason where the file cannot be written
+/// @return         0 done, 1 no satellite selected or none that such a file can hold, 2 the file cannot be written
+[[nodiscard]] int SaveTle(WinpData* in, bool shorten = false, std::string* why = nullptr);
 
 /// Writes one satellite with its name as Two Line Elements, or as a record of its state if it is numeric. Uses `ldraw`
 /// and `ldfull`.

@@ -171,16 +171,15 @@ bool composeList(WinpData* in, WoutData* out)
     return true;
 }
 
-void writeList(WinpData* in, const WoutData& out)
+std::string writeList(WinpData* in, const WoutData& out)
 {
     const ReportFile file(in->savename, takeSaveMode(in));
-    if (!file)
-        return;
     std::fputs("\n\n\n", outptr);
     for (int line = 0; line < out.nlines; ++line) {
         const std::string text(lineText(out, line));
         std::fputs((text + "\n").c_str(), outptr);
     }
+    return file.save();
 }
 
 }  // namespace
@@ -222,7 +221,7 @@ bool automaticWidth(const WinpData& in)
     return transitsOfDisk(in) && in.maxdst <= 0.0;
 }
 
-void aospass(WinpData* in, WoutData* out)
+std::string aospass(WinpData* in, WoutData* out)
 {
     in->naos = 0;
     out->nlines = 0;
@@ -231,8 +230,8 @@ void aospass(WinpData* in, WoutData* out)
     if (in->satn < 1) {
         putLines(out, {"", " *** No satellite has been selected ***", "", " Use the Input / Select Satellite menu",
                        " (and don't forget to press the SELECT button)", ""});
-        return;
+        return {};
     }
-    if (composeList(in, out) && in->tofile == 1 && !calculationEnded())
-        writeList(in, *out);
+    const bool listed = composeList(in, out) && !calculationEnded();
+    return listed && in->tofile == 1 ? writeList(in, *out) : std::string();
 }

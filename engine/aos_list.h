@@ -1,6 +1,8 @@
 // The table of the passes or events of the prime satellite, and what it shares with the scan of a whole file.
 #pragma once
 
+#include <string>
+
 struct WinpData;
 struct WoutData;
 class TextWriter;
@@ -47,4 +49,6 @@ constexpr double anySunElevationDeg = 90.0;
 /// `naos` and `aostm` describe the selectable lines afterwards. A refusal is a text in `out` and is not written.
 /// `iridflg` says what is looked for, see `chooseEventKind`. The limits `sunel` and `maxdst` are as before at the end.
 /// A span `dur` longer than `longestSpanDays` is held to that.
-void aospass(WinpData* in, WoutData* out);
+///
+/// @return  why the save file could not be written, for a reader; empty otherwise
+std::string aospass(WinpData* in, WoutData* out);

@@ -5,7 +5,6 @@
 #include "record/text.h"
 
 #include <QFileInfo>
-#include <QSaveFile>
 #include <algorithm>
 #include <array>
 #include <cstdio>
@@ -249,15 +248,7 @@ int getcfg(WinpData* in)
     return 1;
 }
 
-void putcfg(const WinpData* in)
+std::string putcfg(const WinpData* in)
 {
-    const std::string text = configText(*in);
-    QSaveFile file(QString::fromLatin1(configName));
-    if (!file.open(QIODevice::WriteOnly))
-        return;
-    const auto size = static_cast<qint64>(text.size());
-    // a full disk shortens the write, which the file itself does not take for a failure
-    if (file.write(text.data(), size) != size || !file.flush())
-        file.cancelWriting();
-    file.commit();
+    return replaceFile(configName, configText(*in));
 }

@@ -3,6 +3,8 @@
 
 #include "record/winp_data.h"
 
+#include <string>
+
 /// Reads the configuration over the defaults.
 ///
 /// The names of the last selection come into `cfgname`, their number into `satn`; the slots hold no elements then.
@@ -12,5 +14,5 @@
 ///         `cfgname` may have changed
 [[nodiscard]] int getcfg(WinpData* in);
 
-/// Replaces the configuration file, as a whole or not at all; says nothing if that fails.
-void putcfg(const WinpData* in);
+/// Replaces the configuration file. @return  as of `replaceFile`
+std::string putcfg(const WinpData* in);

@@ -4,12 +4,12 @@
 #include "engine/position.h"
 #include "engine/report_lines.h"
 #include "record/clock.h"
+#include "record/files.h"
 #include "record/numbers.h"
 #include "record/progress.h"
 #include "record/text.h"
 #include "reports/step_lines.h"
 #include "scan/records_before.h"
-#include "scan/save_lines.h"
 
 #include <cmath>
 #include <memory>
@@ -76,9 +76,9 @@ double trackLines(const WinpData& in)
     return t + in.tmstep > t ? std::ceil(span / in.tmstep) : 1;
 }
 
-int saveOrbitTrack(WinpData* in)
+int saveOrbitTrack(WinpData* in, std::string* why)
 {
-    if (!mayBeWritten(in->savename) || trackLines(*in) > mostTrackLines)
+    if (!mayBeWritten(in->savename, why) || trackLines(*in) > mostTrackLines)
         return 1;
     const LongCalculation calculation;
     const auto before = std::make_unique<RecordsBefore>(*in);
@@ -87,5 +87,8 @@ int saveOrbitTrack(WinpData* in)
         before->putBack(in);
         return calculationCancelled;
     }
-    return replaceFile(in->savename, track) ? 0 : 1;
+    const std::string reason = replaceFile(in->savename, track);
+    if (why)
+        *why = reason;
+    return reason.empty() ? 0 : 1;
 }

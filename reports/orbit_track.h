@@ -1,6 +1,8 @@
 // The ground track of the prime satellite over the whole time span, as a file.
 #pragma once
 
+#include <string>
+
 struct WinpData;
 
 /// Writes a line for each step of `tmstep` from the start date on, for `dur` days, into `savename`, which must be
@@ -13,8 +15,9 @@ struct WinpData;
 /// step afterwards. A step that does not move the time ends the track; a span of more than 100,000 days is held to that,
 /// and the heading says so.
 ///
-/// @return  0 done, 1 the file cannot be written or the track is longer than `mostTrackLines`, `calculationCancelled`
-int saveOrbitTrack(WinpData* in);
+/// @param why  receives the reason where the file cannot be written
+/// @return     0 done, 1 the file cannot be written or the track is longer than `mostTrackLines`, `calculationCancelled`
+int saveOrbitTrack(WinpData* in, std::string* why = nullptr);
 
 /// More lines than these are not written: some 100 MB.
 constexpr double mostTrackLines = 2'000'000;

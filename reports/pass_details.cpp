@@ -272,7 +272,7 @@ int vsGetPassDTxt(double& t, QString& text, bool pole)
     return result;
 }
 
-bool vsSavePassDt(int mode)
+bool vsSavePassDt(int mode, std::string* why)
 {
     const LongCalculation calculation;
     const auto before = std::make_unique<RecordsBefore>(*indata);
@@ -288,10 +288,13 @@ bool vsSavePassDt(int mode)
         vsFileName(indata->savename);
     // an old file is given up only for something new
     const ReportFile file(indata->savename, indata->newsave && listed ? "w" : "a");
-    if (!file)
+    std::fputs(text.c_str(), outptr);
+    const std::string reason = file.save();
+    if (why)
+        *why = reason;
+    if (!reason.empty())
         return false;
     if (listed)
         indata->newsave = 0;
-    std::fputs(text.c_str(), outptr);
     return true;
 }

@@ -1,6 +1,8 @@
 // One pass of the last table step by step: for the display, for the save file, and as a ground track.
 #pragma once
 
+#include <string>
+
 class QString;
 struct WinpData;
 
@@ -39,7 +41,8 @@ int vsGetPassDTxt(double& t, QString& text, bool pole);
 
 /// Writes the listing to the save file, with `passform::save` also the pole behind two steps or more.
 ///
-/// The file starts anew if `newsave` is set, which then becomes 0; a file that cannot be opened leaves `newsave`.
+/// The file starts anew if `newsave` is set, which then becomes 0; a file that cannot be written leaves `newsave`.
 ///
-/// @return  false if the file cannot be opened
-bool vsSavePassDt(int mode);
+/// @param why  receives the reason where the file cannot be written
+/// @return     false if nothing was written, also because the listener ended the calculation
+bool vsSavePassDt(int mode, std::string* why = nullptr);

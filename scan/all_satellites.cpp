@@ -19,10 +19,8 @@
 #include "scan/workers.h"
 
 #include <cstdio>
-#include <filesystem>
 #include <memory>
 #include <string>
-#include <system_error>
 #include <utility>
 #include <vector>
 
@@ -137,12 +135,6 @@ void Scan::joinSelection(const WinpData& hit)
     }
 }
 
-bool exists(const char* name)
-{
-    std::error_code unknown;
-    return std::filesystem::exists(name, unknown) || unknown;
-}
-
 /// Heading and lines of all entries.
 std::string listOf(WinpData* in, std::FILE* elements, double distanceBefore)
 {
@@ -155,13 +147,11 @@ std::string listOf(WinpData* in, std::FILE* elements, double distanceBefore)
 
 }  // namespace
 
-int AllSatAos(WinpData* in)
+int AllSatAos(WinpData* in, std::string* why)
 {
     const LongCalculation calculation;
     const auto before = std::make_unique<RecordsBefore>(*in);
-    const bool isNew = !exists(in->savename);
-    // The file is started anew only once there is something to write: a refused search must not cost the old list.
-    if (!FilePtr(std::fopen(in->savename, "a")))
+    if (!mayBeWritten(in->savename, why))
         return 1;
     const FilePtr elements = openElementFile(in->tlename);
     if (!elements)
@@ -174,13 +164,14 @@ int AllSatAos(WinpData* in)
     std::string list = listOf(in, elements.get(), keptDistance.before);
     if (calculationEnded()) {
         before->putBack(in);
-        if (isNew)
-            std::remove(in->savename);
         return calculationCancelled;
     }
     if (in->newsave == 0)
         list.insert(0, contentOfFile(in->savename).value_or(std::string()));
-    if (!replaceSorted(in->savename, list))
+    const std::string reason = replaceSorted(in->savename, list);
+    if (why)
+        *why = reason;
+    if (!reason.empty())
         return 1;
     in->newsave = 0;
     return 0;

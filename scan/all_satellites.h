@@ -1,6 +1,8 @@
 // All passes or events of all satellites of the element file, written to the save file in the order of time.
 #pragma once
 
+#include <string>
+
 struct WinpData;
 
 /// Writes all passes or events of every entry of `tlename` between the start date and `dur` days later to `savename`.
@@ -12,6 +14,7 @@ struct WinpData;
 /// The entries are shared among `scanWorkers` threads, and the list does not depend on their number. The save file
 /// keeps its old content until the list is whole and sorted.
 ///
-/// @return  0 done, 1 the save file cannot be written, 2 the element file cannot be opened, -1 input refused,
-///          `calculationCancelled`
-int AllSatAos(WinpData* in);
+/// @param why  receives the reason where the file cannot be written
+/// @return     0 done, 1 the save file cannot be written, 2 the element file cannot be opened, -1 input refused,
+///             `calculationCancelled`
+int AllSatAos(WinpData* in, std::string* why = nullptr);

@@ -4,9 +4,6 @@
 #include "record/text.h"
 #include "record/winp_data.h"
 
-#include <QFile>
-#include <QFileInfo>
-#include <QSaveFile>
 #include <algorithm>
 #include <array>
 #include <cstring>
@@ -16,30 +13,14 @@
 
 namespace {
 
-bool isRegular(const char* name)
-{
-    std::error_code missing;
-    return std::filesystem::is_regular_file(name, missing);
-}
-
-bool isSpecial(const char* name)
-{
-    std::error_code missing;
-    return std::filesystem::exists(name, missing) && !isRegular(name);
-}
-
-bool writeTo(std::FILE* file, std::string_view content)
-{
-    return std::fwrite(content.data(), 1, content.size(), file) == content.size() && std::fflush(file) == 0;
-}
-
 /// A file of this content; none is left if that fails.
 bool writeNew(const char* name, std::string_view content)
 {
     const FilePtr file(std::fopen(name, "w"));
     if (!file)
         return false;
-    const bool whole = writeTo(file.get(), content);
+    const bool whole =
+        std::fwrite(content.data(), 1, content.size(), file.get()) == content.size() && std::fflush(file.get()) == 0;
     if (!whole)
         std::remove(name);
     return whole;
@@ -127,55 +108,22 @@ bool nextSaveLine(std::FILE* file, std::string& line)
     return true;
 }
 
-std::optional<std::string> contentOfFile(const char* name)
-{
-    const FilePtr file(isRegular(name) ? std::fopen(name, "r") : nullptr);
-    if (!file)
-        return std::nullopt;
-    std::string content;
-    char block[4096];
-    for (std::size_t n; (n = std::fread(block, 1, sizeof block, file.get())) > 0;)
-        content.append(block, n);
-    if (std::ferror(file.get()))
-        return std::nullopt;
-    return content;
-}
-
-bool mayBeWritten(const char* name)
-{
-    const QFileInfo file(QFile::decodeName(name));
-    return !file.isDir() && (file.exists() ? file : QFileInfo(file.absolutePath())).isWritable();
-}
-
-bool replaceFile(const char* name, std::string_view content)
-{
-    if (isSpecial(name)) {
-        const FilePtr file(std::fopen(name, "w"));
-        return file && writeTo(file.get(), content);
-    }
-    QSaveFile file(QFile::decodeName(name));
-    file.setDirectWriteFallback(true);  // a file that may be written in a directory that may not
-    return file.open(QIODevice::WriteOnly) &&
-           file.write(content.data(), static_cast<qint64>(content.size())) == static_cast<qint64>(content.size()) &&
-           file.commit();
-}
-
-bool replaceSorted(const char* name, const std::string& content)
+std::string replaceSorted(const char* name, const std::string& content)
 {
     std::error_code missing;
     if (std::filesystem::equivalent(name, sortFileName, missing))
         return replaceFile(name, content);  // the list itself would be overwritten
     const std::string inOrder = sorted(content);
     const bool waits = inOrder != content && writeNew(sortFileName, inOrder);
-    const bool replaced = replaceFile(name, waits ? inOrder : content);
+    std::string reason = replaceFile(name, waits ? inOrder : content);
     if (waits)
         std::remove(sortFileName);
-    return replaced;
+    return reason;
 }
 
 void SortAos(WinpData* in)
 {
     const std::optional<std::string> content = contentOfFile(in->savename);
     if (content && sorted(*content) != *content)
-        replaceSorted(in->savename, *content);
+        static_cast<void>(replaceSorted(in->savename, *content));
 }

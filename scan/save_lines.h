@@ -17,24 +17,12 @@ bool isHeading(std::string_view line);
 /// Reads a line of any length without its line feed; false if nothing was left to read.
 bool nextSaveLine(std::FILE* file, std::string& line);
 
-/// All that a file holds; nothing for a pipe or a device, which cannot be read twice.
-std::optional<std::string> contentOfFile(const char* name);
-
-/// Whether `replaceFile` can be expected to succeed, for a look before a long search.
-bool mayBeWritten(const char* name);
-
-/// Gives a file another content. It holds the old one until the new one is whole on the disk, also if the program ends
-/// in between; pipes and devices are written to directly.
-///
-/// @return false if the content could not be written
-bool replaceFile(const char* name, std::string_view content);
-
 /// Gives a save file this content, its lines in the order of `SortAos`.
 ///
 /// The sorted lines go to a temporary file first; if that cannot be written, the file takes them unsorted.
 ///
-/// @return false if the file could not be written
-bool replaceSorted(const char* name, const std::string& content);
+/// @return as of `replaceFile`
+[[nodiscard]] std::string replaceSorted(const char* name, const std::string& content);
 
 /// Sorts the lines of `savename` by month, day and time; headings go to the top, in their order.
 ///

@@ -1,6 +1,7 @@
 // The floors of the house: a file includes only its own floor and floors below.
 
 #include <algorithm>
+#include <array>
 #include <filesystem>
 #include <fstream>
 #include <map>
@@ -74,6 +75,21 @@ TEST(House, TheLowestFloorKnowsNeitherQtNorFiles)
             EXPECT_EQ(line.rfind("#include <Q", 0), std::string::npos) << entry.path() << ": " << line;
             EXPECT_EQ(line.rfind("#include <cstdio>", 0), std::string::npos) << entry.path() << ": " << line;
             EXPECT_EQ(line.rfind("#include <fstream>", 0), std::string::npos) << entry.path() << ": " << line;
+        }
+    }
+}
+
+TEST(House, BoxesShowPlainTextWhateverTheyQuote)
+{
+    // these guess at the form of their text, and may take the words of a server for a page
+    const std::array<std::string, 4> guessing{"QMessageBox::information(", "QMessageBox::warning(",
+                                              "QMessageBox::critical(", "QMessageBox::question("};
+    for (const char* floor : {"dialogs", "view", "app"}) {
+        for (const auto& entry : fs::directory_iterator(fs::path(SOURCE_DIR) / floor)) {
+            std::ifstream in(entry.path());
+            for (std::string line; std::getline(in, line);)
+                for (const std::string& call : guessing)
+                    EXPECT_EQ(line.find(call), std::string::npos) << entry.path() << ": " << line;
         }
     }
 }

@@ -5,7 +5,6 @@
 #include <vector>
 
 #include <QInputDialog>
-#include <QMessageBox>
 
 #include "elements/download.h"
 #include "elements/selection.h"
@@ -33,8 +32,7 @@ bool agreesToShorten(QWidget* parent, const std::vector<int>& slotNumbers)
         VorlixView::tr("Two Line Elements have no room for these catalogue numbers:%1\n\n"
                        "Save them with the last five digits only? Otherwise these satellites are left "
                        "out. A file of the form OMM CSV holds them whole.");
-    return QMessageBox::question(parent, VorlixView::tr("TLE File Save"), text.arg(namesOf(slotNumbers)),
-                                 QMessageBox::Yes | QMessageBox::No, QMessageBox::No) == QMessageBox::Yes;
+    return agrees(parent, VorlixView::tr("TLE File Save"), text.arg(namesOf(slotNumbers)));
 }
 
 /// Whether a track of so many lines is to be written: a long one is asked about, too long a one refused.
@@ -47,18 +45,22 @@ bool agreesToLength(QWidget* parent, double lines)
         const QString text =
             VorlixView::tr("%1\n\nNo more than %2 are written. Choose a longer time step or a shorter "
                            "time interval.");
-        QMessageBox::information(parent, title, text.arg(length).arg(mostTrackLines, 0, 'f', 0));
+        inform(parent, title, text.arg(length).arg(mostTrackLines, 0, 'f', 0));
         return false;
     }
-    return lines <= manyLines ||
-           QMessageBox::question(parent, title, VorlixView::tr("%1\n\nWrite it?").arg(length),
-                                 QMessageBox::Yes | QMessageBox::No, QMessageBox::No) == QMessageBox::Yes;
+    return lines <= manyLines || agrees(parent, title, VorlixView::tr("%1\n\nWrite it?").arg(length));
 }
 
 /// What the message of a save says behind the name of the file.
 QString remark(const std::vector<int>& leftOutSlots)
 {
     return leftOutSlots.empty() ? QString() : VorlixView::tr("\n\nLeft out:") + namesOf(leftOutSlots);
+}
+
+/// What follows in a box that a file could not be written.
+QString reasonLines(const std::string& why)
+{
+    return why.empty() ? QString() : VorlixView::tr("\n\nNothing was written: %1").arg(textQString(why));
 }
 
 /// Asks for a line of text, in a window wide enough for a usual address. Empty if it was cancelled.
@@ -120,9 +122,12 @@ void VorlixView::vFileSave()
         CmIridium();
         return;
     }
-    if (!listPasses())
+    std::string why;
+    if (!listPasses(&why))
         return;
-    QMessageBox::information(this, tr("Vorlix"), tr("Saved on File ") + fieldQString(indata->savename));
+    if (!why.empty())
+        return warn(this, tr("Vorlix"), nothingWritten(fieldQString(indata->savename), textQString(why)));
+    inform(this, tr("Vorlix"), tr("Saved on File ") + fieldQString(indata->savename));
 }
 
 void VorlixView::vOrbitTrack()
@@ -133,16 +138,17 @@ void VorlixView::vOrbitTrack()
     if (!agreesToLength(this, trackLines(*indata)))
         return;
     int result = 0;
+    std::string why;
     {
         const WaitCursor wait;
-        result = saveOrbitTrack(indata);
+        result = saveOrbitTrack(indata, &why);
     }
     if (result == calculationCancelled)
         return;
     if (result != 0)
-        QMessageBox::information(this, tr("Save Orbit Track"), tr("*** Problems with the output file"));
+        inform(this, tr("Save Orbit Track"), tr("*** Problems with the output file") + reasonLines(why));
     else if (indata->iridflg != event::iridium)
-        QMessageBox::information(this, tr("Vorlix"), tr("Track saved on file ") + fieldQString(indata->savename));
+        inform(this, tr("Vorlix"), tr("Track saved on file ") + fieldQString(indata->savename));
 }
 
 void VorlixView::vTLESave()
@@ -152,30 +158,35 @@ void VorlixView::vTLESave()
     vsFileName(indata->tlesave);
     const LeftOut out = leftOut(*indata);
     const bool shorten = !out.numbers.empty() && agreesToShorten(this, out.numbers);
-    const int result = SaveTle(indata, shorten);
+    std::string why;
+    const int result = SaveTle(indata, shorten, &why);
     if (result == 1)
-        QMessageBox::information(this, tr("TLE File Save"),
-                                 tr("Nothing saved.") + remark(out.numbers) + remark(out.numeric));
+        inform(this, tr("TLE File Save"), tr("Nothing saved.") + remark(out.numbers) + remark(out.numeric));
     else if (result == 0)
-        QMessageBox::information(this, tr("Vorlix"),
-                                 tr("TLE's saved on file ") + fieldQString(indata->tlesave) +
-                                     remark(shorten ? std::vector<int>() : out.numbers) + remark(out.numeric));
+        inform(this, tr("Vorlix"),
+               tr("TLE's saved on file ") + fieldQString(indata->tlesave) +
+                   remark(shorten ? std::vector<int>() : out.numbers) + remark(out.numeric));
     else
-        QMessageBox::information(this, tr("TLE File Save"),
-                                 tr("*** ERROR *** while opening or writing TLE Save File"));
+        inform(this, tr("TLE File Save"),
+               tr("*** ERROR *** while opening or writing TLE Save File") + reasonLines(why));
 }
 
 int VorlixView::vUpdate(QString& host, QString& path, QString& file)
 {
     bool accepted = false;
     const QString address =
-        askForLine(this, tr("URL for TLE file to be downloaded:"), proposedAddress(indata), accepted);
+        askForLine(this, tr("URL for TLE file to be downloaded:"), proposedAddress(indata), accepted).trimmed();
+    if (accepted && !isAddressStorable(address)) {
+        warn(this, tr("Online Update"),
+             tr("The address is too long: %1 characters are the most.").arg(longestAddress));
+        return 1;
+    }
     QString name = fileNameOfAddress(address);
     if (accepted && name.isEmpty() && address.contains(QLatin1Char('/')))
         name =
             askForLine(this, tr("Name of the file that takes the elements:"), suggestedFileName(address), accepted);
     if (accepted && !name.isEmpty() && !isFileName(name)) {
-        QMessageBox::warning(this, tr("Online Update"), tr("No file can bear the name %1.").arg(name));
+        warn(this, tr("Online Update"), tr("No file can bear the name %1.").arg(name));
         return 1;
     }
     AddressParts parts;

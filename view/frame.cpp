@@ -9,8 +9,10 @@
 
 #include "engine/position.h"
 #include "record/config.h"
+#include "record/text.h"
 #include "record/wout_data.h"
 #include "reports/welcome.h"
+#include "view/message_boxes.h"
 #include "view/painting.h"
 
 int dsplmd = filled::nothing;
@@ -285,5 +287,8 @@ void VorlixView::vPicSwitch(bool on)
 
 void VorlixView::vQuit()
 {
-    putcfg(indata);
+    const std::string why = putcfg(indata);
+    if (!why.empty())
+        warn(this, tr("Vorlix"),
+             tr("The settings are not kept.\n") + nothingWritten(tr("vorlix.cfg"), textQString(why)));
 }

@@ -5,9 +5,55 @@
 #include <QMessageBox>
 #include <QPushButton>
 
+namespace {
+
+/// A box of plain text, whatever stands in it: names and answers come from outside.
+class PlainBox : public QMessageBox
+{
+public:
+    PlainBox(Icon icon, const QString& title, const QString& text, StandardButtons buttons, QWidget* parent)
+        : QMessageBox(icon, title, QString(), buttons, parent)
+    {
+        setTextFormat(Qt::PlainText);
+        setText(text);
+    }
+};
+
+}  // namespace
+
+void inform(QWidget* parent, const QString& title, const QString& text)
+{
+    PlainBox(QMessageBox::Information, title, text, QMessageBox::Ok, parent).exec();
+}
+
+void warn(QWidget* parent, const QString& title, const QString& text)
+{
+    PlainBox(QMessageBox::Warning, title, text, QMessageBox::Ok, parent).exec();
+}
+
+bool agrees(QWidget* parent, const QString& title, const QString& text)
+{
+    PlainBox box(QMessageBox::Question, title, text, QMessageBox::Yes | QMessageBox::No, parent);
+    box.setDefaultButton(QMessageBox::No);
+    return box.exec() == QMessageBox::Yes;
+}
+
+bool warnOrEnd(QWidget* parent, const QString& title, const QString& text, const QString& end)
+{
+    PlainBox box(QMessageBox::Warning, title, text, QMessageBox::Ok, parent);
+    const QPushButton* ends = box.addButton(end, QMessageBox::DestructiveRole);
+    box.exec();
+    return box.clickedButton() == ends;
+}
+
+QString nothingWritten(const QString& file, const QString& why)
+{
+    return QMessageBox::tr("Nothing was written to %1\n%2").arg(file, why);
+}
+
 void warnWithQuit(QWidget* parent, const QString& text)
 {
-    QMessageBox box(QMessageBox::Warning, QMessageBox::tr("Vorlix"), text, QMessageBox::NoButton, parent);
+    PlainBox box(QMessageBox::Warning, QMessageBox::tr("Vorlix"), text, QMessageBox::NoButton, parent);
     box.setDefaultButton(box.addButton(QMessageBox::Ok));
     box.setEscapeButton(box.addButton(QMessageBox::tr("Quit"), QMessageBox::RejectRole));
     box.exec();
@@ -15,7 +61,7 @@ void warnWithQuit(QWidget* parent, const QString& text)
 
 void warnOnlyQuit(QWidget* parent, const QString& text)
 {
-    QMessageBox box(QMessageBox::Warning, QMessageBox::tr("Vorlix"), text, QMessageBox::NoButton, parent);
+    PlainBox box(QMessageBox::Warning, QMessageBox::tr("Vorlix"), text, QMessageBox::NoButton, parent);
     QPushButton* quit = box.addButton(QMessageBox::tr("Quit"), QMessageBox::RejectRole);
     box.setDefaultButton(quit);
     box.setEscapeButton(quit);
@@ -24,7 +70,7 @@ void warnOnlyQuit(QWidget* parent, const QString& text)
 
 void sayNoSatellite(QWidget* parent)
 {
-    QMessageBox::information(parent, QMessageBox::tr("Vorlix"), QMessageBox::tr("*** No Satellite Selected ***"));
+    inform(parent, QMessageBox::tr("Vorlix"), QMessageBox::tr("*** No Satellite Selected ***"));
 }
 
 bool askNumber(QWidget* parent, const QString& title, const QString& label, double& value, double most, int decimals)

@@ -5,6 +5,23 @@
 
 class QWidget;
 
+// All boxes show plain text: what they say may hold names of satellites and files, or the words of a server.
+
+/// A message with the button OK.
+void inform(QWidget* parent, const QString& title, const QString& text);
+
+/// A warning with the button OK.
+void warn(QWidget* parent, const QString& title, const QString& text);
+
+/// A question with Yes and No; Return and Escape say no.
+bool agrees(QWidget* parent, const QString& title, const QString& text);
+
+/// A warning with OK and a second button, `end`. @return  whether that was pressed
+bool warnOrEnd(QWidget* parent, const QString& title, const QString& text, const QString& end);
+
+/// That a file is as it was, and why; a line each.
+QString nothingWritten(const QString& file, const QString& why);
+
 /// A warning titled "Vorlix" with a second button "Quit", which Escape presses; the answer is not used.
 void warnWithQuit(QWidget* parent, const QString& text);
 

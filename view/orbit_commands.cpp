@@ -2,8 +2,6 @@
 
 #include "view/vorlix_view.h"
 
-#include <QMessageBox>
-
 #include "astro/calendar.h"
 #include "design/astrometry.h"
 #include "design/delta_v.h"
@@ -160,7 +158,7 @@ void VorlixView::vDeltaV()
     int failed = 0;
     const bool analytic = isAnalytic(*indata);
     if (askManeuver(this, maneuver) && calculated([&] { failed = perform(maneuver, indata); }) && failed != 0)
-        QMessageBox::information(this, tr("Vorlix"), tr("Delta-V resulted in a hyperbolic orbit"));
+        inform(this, tr("Vorlix"), tr("Delta-V resulted in a hyperbolic orbit"));
     tellLostElements(this, analytic);
 }
 
@@ -178,14 +176,14 @@ void VorlixView::vLaunch()
     LaunchOrb(indata);
     tellLostElements(this, analytic);
     if (indata->lsat < 0)
-        QMessageBox::information(this, tr("Launch Orbit"), azimuthText(indata->lazim));
+        inform(this, tr("Launch Orbit"), azimuthText(indata->lazim));
 }
 
 void VorlixView::vRendz()
 {
     const QString title = tr("Rendezvous Launch");
     if (indata->satn < 1) {
-        QMessageBox::information(this, title, tr("*** No target satellite selected ***"));
+        inform(this, title, tr("*** No target satellite selected ***"));
         return;
     }
     askNumber(this, title, tr("Time until close approach (days):"), indata->rztime, 1000.0, 2);
@@ -194,7 +192,7 @@ void VorlixView::vRendz()
     setStartDate(indata, indata->mjdep[indata->lsat]);
     LaunchOrb(indata);
     setStartDate(indata, indata->mjdep[indata->lsat]);
-    QMessageBox::information(this, title, launchTimeText(*indata));
+    inform(this, title, launchTimeText(*indata));
     indata->lsat = -1;
 }
 

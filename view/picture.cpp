@@ -5,7 +5,6 @@
 #include <algorithm>
 
 #include <QImage>
-#include <QMessageBox>
 #include <QPainter>
 
 #include "astro/angles.h"
@@ -16,6 +15,7 @@
 #include "record/text.h"
 #include "view/legend_text.h"
 #include "view/marks.h"
+#include "view/message_boxes.h"
 #include "view/painting.h"
 
 namespace {
@@ -151,7 +151,7 @@ bool VorlixView::markStar(int x, int y)
     bool aborted = false;
     dialog.getParams(ra, dec, aborted);
     if (aborted) {
-        QMessageBox::information(this, tr("PicAst: "), tr("Astrometry aborted."));
+        inform(this, tr("PicAst: "), tr("Astrometry aborted."));
         in.picstep = astrometry::firstStar;
         forgetStars(&in);
         tellNextClick();

@@ -4,8 +4,6 @@
 
 #include <cmath>
 
-#include <QMessageBox>
-
 #include "dialogs/st_iridium_dialog.h"
 #include "dialogs/st_match_dialog.h"
 #include "elements/selection.h"
@@ -31,8 +29,9 @@ void VorlixView::vCalcAOS()
     listPasses();
 }
 
-/// @return  false if the search was ended
-bool VorlixView::listPasses()
+/// @param why  receives why the save file could not be written
+/// @return     false if the search was ended
+bool VorlixView::listPasses(std::string* why)
 {
     const Keep kind(indata->iridflg);
     const Keep flareMagnitude(indata->flrmgf, false);
@@ -43,8 +42,11 @@ bool VorlixView::listPasses()
     }
     if (chooseEventKind(indata) && !askDistance())
         return true;
-    if (!calculated([] { aospass(indata, outdata); }))
+    std::string reason;
+    if (!calculated([&] { reason = aospass(indata, outdata); }))
         return false;
+    if (why)
+        *why = reason;
     if (indata->tofile)
         return true;
     indata->dspmd = -1;
@@ -66,19 +68,20 @@ int VorlixView::listAll()
     if (indata->iridflg != event::iridium && chooseEventKind(indata) && !askDistance())
         return calculationCancelled;
     int result = 0;
+    std::string why;
     {
         const WaitCursor wait;
-        result = AllSatAos(indata);
+        result = AllSatAos(indata, &why);
     }
     if (result == calculationCancelled)
         return result;
     if (result == 1)
-        QMessageBox::information(this, tr("All Passes"), tr("*** Problems with the output file"));
+        inform(this, tr("All Passes"),
+               tr("*** Problems with the output file") + (why.empty() ? QString() : '\n' + textQString(why)));
     else if (result != 0)
-        QMessageBox::information(this, tr("All Passes"), tr("*** Problems with the input file"));
+        inform(this, tr("All Passes"), tr("*** Problems with the input file"));
     else if (indata->iridflg != event::iridium)
-        QMessageBox::information(this, tr("Vorlix"),
-                                 tr("List of passes saved on file ") + fieldQString(indata->savename));
+        inform(this, tr("Vorlix"), tr("List of passes saved on file ") + fieldQString(indata->savename));
     return result;
 }
 
@@ -133,7 +136,7 @@ void VorlixView::listMatches()
     if (!calculated([&] { failed = SatMatch(indata, outdata); }))
         return;
     if (failed != 0)
-        QMessageBox::information(this, tr("Find Matching Sats"), tr("*** Unable to open TLE file ***"));
+        inform(this, tr("Find Matching Sats"), tr("*** Unable to open TLE file ***"));
     indata->txtrdy = 1;
     showtxt(true);
 }

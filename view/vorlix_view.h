@@ -238,7 +238,7 @@ private:
 
     // searches and tables
     bool askDistance();
-    bool listPasses();
+    bool listPasses(std::string* why = nullptr);
     int listAll();
     void listMatches();
 

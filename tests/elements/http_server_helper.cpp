@@ -1,6 +1,7 @@
 #include "elements/http_server_helper.h"
 
 #include <QHostAddress>
+#include <QTimer>
 
 HttpServer::HttpServer()
 {
@@ -29,6 +30,13 @@ void HttpServer::serve(QTcpSocket* socket)
     ++count;
     if (path == silent)
         return;
+    if (path == dripping) {
+        socket->write("HTTP/1.0 200 OK\r\n\r\n");
+        auto* const drops = new QTimer(socket);
+        QObject::connect(drops, &QTimer::timeout, socket, [socket] { socket->write("x"); });
+        drops->start(5);
+        return;
+    }
     socket->write(
         answers.value(path, "HTTP/1.1 404 Not Found\r\nContent-Length: 9\r\nConnection: close\r\n\r\nnot found"));
     socket->disconnectFromHost();

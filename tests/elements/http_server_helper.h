@@ -16,6 +16,8 @@ public:
     void answer(const QByteArray& path, const QByteArray& bytes) { answers[path] = bytes; }
     /// A request for this path is heard and never answered.
     void silence(const QByteArray& path) { silent = path; }
+    /// The answer to this path comes byte by byte, without an end in sight.
+    void drip(const QByteArray& path) { dripping = path; }
 
     quint16 port() const { return server.serverPort(); }
     int requests() const { return count; }
@@ -29,6 +31,7 @@ private:
     QTcpServer server;
     QHash<QByteArray, QByteArray> answers;
     QByteArray silent;
+    QByteArray dripping;
     int count = 0;
     int greetings = 0;
 };
