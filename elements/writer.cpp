@@ -75,6 +75,18 @@ std::string fixedText(double value, int width, int decimals)
     return greatestText(static_cast<std::size_t>(width), decimals, value < 0);
 }
 
+/// An angle in degrees, in 0 to 360, which is all that eight columns hold of it.
+std::string angleText(double degrees)
+{
+    if (!std::isfinite(degrees))
+        return fixedText(degrees, 8, 4);
+    if (degrees >= 0 && degrees <= 360)
+        return fixedText(std::abs(degrees), 8, 4);  // -0 is zero
+    const double rest = std::fmod(degrees, 360.0);
+    const std::string text = fixedText(rest < 0 ? rest + 360 : rest, 8, 4);
+    return text == "360.0000" ? "  0.0000" : text;
+}
+
 /// The sign takes the place of the zero before the point, since there is no column for both.
 std::string ndotText(double ndot)
 {
@@ -182,13 +194,13 @@ Line lineTwo(const WinpData& in, int i, const Line& lineOne)
     line.copy(lineOne, 2, 7);
     line.put(1, '2');
     line.put(9, fixedText(in.inc[i], 8, 4));
-    line.put(18, fixedText(in.ra[i], 8, 4));
+    line.put(18, angleText(in.ra[i]));
     if (in.ecc[i] >= 1)
         line.put(26, fixedText(in.ecc[i], 8, 5));
     else
         line.put(27, ellipseText(in.ecc[i]));
-    line.put(35, fixedText(in.aper[i], 8, 4));
-    line.put(44, fixedText(in.m0[i], 8, 4));
+    line.put(35, angleText(in.aper[i]));
+    line.put(44, angleText(in.m0[i]));
     line.put(53, meanMotionText(in.n0[i], in.ecc[i]));
     line.addChecksum();
     return line;
