@@ -9,8 +9,7 @@
 #include <algorithm>
 #include <array>
 #include <charconv>
-#include <future>
-#include <iterator>
+#include <cstring>
 #include <string_view>
 
 namespace {
@@ -234,7 +233,8 @@ OmmField fieldOfElement(QStringView name)
     return fieldOf(std::string_view(keyword, length));
 }
 
-std::vector<OmmMessage> xmlMessages(QXmlStreamReader& reader)
+/// Up to the end of the document or to what is no XML. `started` counts the messages that begin.
+std::vector<OmmMessage> xmlMessages(QXmlStreamReader& reader, int& started)
 {
     std::vector<OmmMessage> messages;
     OmmMessage message;
@@ -242,6 +242,7 @@ std::vector<OmmMessage> xmlMessages(QXmlStreamReader& reader)
         reader.readNext();
         const bool isMessage = reader.name() == messageElement;
         if (reader.isStartElement() && isMessage) {
+            ++started;
             message.clear();
         } else if (reader.isStartElement()) {
             const OmmField field = fieldOfElement(reader.name());
@@ -254,34 +255,45 @@ std::vector<OmmMessage> xmlMessages(QXmlStreamReader& reader)
     return messages;
 }
 
-/// Where the second half of a long document of plain messages begins; its end if it is better read as a whole.
-qsizetype middleOf(const QByteArray& document)
+/// Where the next element "omm" begins; -1 if there is none.
+qsizetype nextMessage(const QByteArray& document, qsizetype from)
 {
-    constexpr qsizetype longDocument = 500'000;
-    const QByteArray end = "</omm>";
-    const bool isPlain = document.startsWith('<') && !document.contains("<!");  // a comment may hold anything
-    const qsizetype middle =
-        document.size() > longDocument && isPlain ? document.indexOf(end, document.size() / 2) : -1;
-    return middle < 0 ? document.size() : middle + end.size();
+    qsizetype start = document.indexOf("<omm", from);
+    while (start >= 0 && !(start + 4 < document.size() && std::strchr(" \t\r\n>", document[start + 4])))
+        start = document.indexOf("<omm", start + 4);
+    return start;
 }
 
-/// The two halves are read side by side: this is the one form that takes longer to read than its entries.
+/// The messages after so many of a damaged document, each read by itself with the head that all share.
+void appendRest(std::vector<OmmMessage>& messages, const QByteArray& document, int passed)
+{
+    qsizetype start = nextMessage(document, 0);
+    const bool shortHead = start >= 0 && start <= static_cast<qsizetype>(ommHeadLength);
+    const QByteArray head = shortHead ? document.left(start) : QByteArray();
+    for (int i = 0; i < passed && start >= 0; ++i)
+        start = nextMessage(document, start + 4);
+    while (start >= 0) {
+        const qsizetype next = nextMessage(document, start + 4);
+        const QByteArray piece = document.mid(start, next < 0 ? -1 : next - start);
+        QXmlStreamReader reader(head + piece);
+        int started = 0;
+        for (OmmMessage& message : xmlMessages(reader, started))
+            messages.push_back(std::move(message));
+        start = next;
+    }
+}
+
+/// One stream from the declaration to the end. What is no XML costs the message it stands in, and no other.
 std::vector<OmmMessage> xmlMessages(const QByteArray& document)
 {
     // nothing may stand in front of the declaration
     const qsizetype start = document.size() - static_cast<qsizetype>(fromFirstCharacter(viewOf(document)).size());
     const QByteArray whole = document.mid(start);
-    const qsizetype middle = middleOf(whole);
-    QXmlStreamReader first(whole.left(middle));
-    if (middle == whole.size())
-        return xmlMessages(first);
-    std::future<std::vector<OmmMessage>> rest = std::async(std::launch::async, [&] {
-        QXmlStreamReader second("<ndm>" + whole.mid(middle));
-        return xmlMessages(second);
-    });
-    std::vector<OmmMessage> messages = xmlMessages(first);
-    std::vector<OmmMessage> others = rest.get();
-    messages.insert(messages.end(), std::move_iterator(others.begin()), std::move_iterator(others.end()));
+    QXmlStreamReader reader(whole);
+    int started = 0;
+    std::vector<OmmMessage> messages = xmlMessages(reader, started);
+    if (reader.hasError())
+        appendRest(messages, whole, started);
     return messages;
 }
 

@@ -1,5 +1,6 @@
 // Orbit Mean-Elements Messages as element files.
 #include "elements/exact_entry.h"
+#include "elements/omm_forms.h"
 #include "elements/search_helper.h"
 #include "omm_catalogue.h"
 
@@ -188,6 +189,30 @@ TEST(Omm, ReadsWhatOtherProgramsWrite)
             EXPECT_EQ(namesOf(wide.toStdString()), both) << form.what;
         }
     }
+}
+
+/// The number of messages that a document gives.
+std::size_t messagesIn(const std::string& xml)
+{
+    return ommMessages(OmmForm::xml, QByteArray::fromStdString(xml)).size();
+}
+
+TEST(Omm, ReadsALargeXmlDocumentToItsEnd)
+{
+    std::vector<omm::Message> many(600, changed("OBJECT_NAME=GR\xD6SSE"));
+    const std::string latin = replaced(omm::xml(many), "UTF-8", "ISO-8859-1");
+    ASSERT_GT(latin.size(), 500'000U);
+    EXPECT_EQ(messagesIn(latin), 600U);
+    many.assign(600, atlasMessage());
+    const std::string plain = omm::xml(many);
+    const std::string named =
+        replaced(replaced(plain, "<ndm", "<ndm xmlns:s=\"u\""), "<omm ", "<omm s:noNamespaceSchemaLocation=\"o\" ");
+    EXPECT_EQ(messagesIn(named), 600U);
+    std::string damaged = plain;
+    damaged.replace(damaged.find("<OBJECT_NAME>", damaged.size() / 2), 1, "&");
+    EXPECT_EQ(messagesIn(damaged), 599U);
+    damaged.replace(damaged.rfind("</omm>"), 6, "");
+    EXPECT_EQ(messagesIn(damaged), 598U);
 }
 
 TEST(Omm, LeavesTextFilesAlone)
