@@ -8,6 +8,8 @@
 #include <sys/stat.h>
 
 namespace {
+constexpr std::size_t largestMessageFile = 256 * 1024 * 1024;  // the whole catalogue takes a third of it at most
+
 /// Reads from where the file stands; up to `limit` bytes, or to its end.
 QByteArray bytesOf(std::FILE* file, std::size_t limit)
 {
@@ -45,9 +47,16 @@ FilePtr openElementFile(const char* name)
     std::rewind(file.get());
     if (form == OmmForm::none)
         return file;
+    std::string text;
+    if (size > largestMessageFile) {
+        ExactEntry entry;
+        entry.name = "*** FILE TOO LARGE ***";
+        entry.refusal = "a file of messages has at most 256 MB";
+        appendExact(text, entry);
+        return streamOf(text);
+    }
     const std::vector<OmmMessage> messages = ommMessages(form, bytesOf(file.get(), size));
     releaseVectorRegisters();
-    std::string text;
     for (const OmmMessage& message : messages)
         appendExact(text, entryOf(message));
     return streamOf(text);

@@ -68,5 +68,10 @@ TEST(DamagedFile, IsPassedOverWhereItIsNoElementFile)
     EXPECT_EQ(entriesOf(atlas + std::string(10000, '2') + "\n" + stateRecord), 2);
     EXPECT_FALSE(openElementFile("."));
     EXPECT_FALSE(openElementFile("absent"));
+    ScratchDir::write("set.tle", "{\"");
+    QFile::resize("set.tle", 60'000'000'000);  // takes no room on the disk
+    FileSearch huge = FileSearch::of("set.tle");
+    EXPECT_EQ(huge.next(), 0);
+    EXPECT_NE(huge.report.find("at most 256 MB"), std::string::npos) << huge.report;
 }
 }  // namespace
