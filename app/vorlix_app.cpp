@@ -19,6 +19,7 @@
 
 #include "app/scan_watch.h"
 #include "elements/download.h"
+#include "elements/kept_selection.h"
 #include "record/further_settings.h"
 #include "record/progress.h"
 #include "record/text.h"
@@ -90,6 +91,17 @@ VorlixApp::VorlixApp()
     timer = new QTimer(this);
     connect(timer, &QTimer::timeout, this, &VorlixApp::slotTmCheck);
     QTimer::singleShot(0, this, [this] { offerLeftover(TLEname); });
+
+    const QStringList missing = missingAfterStart(*indata);
+    if (!TLEname.isEmpty() && !missing.isEmpty())
+        tellMissing(missing);
+}
+
+/// In the status bar, which shows itself for that.
+void VorlixApp::tellMissing(const QStringList& names)
+{
+    statusBar()->show();
+    statusBar()->showMessage(tr("Not found in the element file: %1").arg(names.join(QStringLiteral(", "))));
 }
 
 VorlixApp::~VorlixApp()

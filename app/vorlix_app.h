@@ -99,6 +99,7 @@ public Q_SLOTS:
     void slotStopTime();
     void httpDone(bool error);
     void offerLeftover(const QString& elementFile);
+    void tellMissing(const QStringList& names);
 
 protected:
     void keyPressEvent(QKeyEvent* event) override;

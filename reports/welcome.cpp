@@ -5,8 +5,7 @@
 #include <cstdio>
 
 #include "astro/calendar.h"
-#include "elements/element_file.h"
-#include "elements/reader.h"
+#include "elements/kept_selection.h"
 #include "record/clock.h"
 #include "record/config.h"
 #include "record/files.h"
@@ -102,27 +101,6 @@ void writeEpoch(WinpData* in, WoutData* out)
     putText(out, formatted(line, "Epoch for R.A./Dec.: %g", in->yrepoch));
 }
 
-/// Moves the entry in the work slot to the end of the selection.
-void select(WinpData* in)
-{
-    ShiftElm(in, std::min(in->satn, maxSatellites - 1), workSlot);
-    in->satn = std::min(in->satn + 1, maxSatellites);
-}
-
-void selectByNames(WinpData* in, int names)
-{
-    const FilePtr file = openElementFile(in->tlename);
-    if (!file)
-        return;
-    char report[entryTextRoom];
-    for (int i = 0; i < names; ++i) {
-        std::rewind(file.get());
-        assignField(in->cfgname[workSlot], fieldText(in->cfgname[i]));
-        if (tleread(in, file.get(), report, 0) > 0)
-            select(in);
-    }
-}
-
 void writeSelection(const WinpData& in, WoutData* out)
 {
     if (in.satn < 1)
@@ -161,6 +139,6 @@ void swelcm(WinpData* in, WoutData* out)
 
     const int names = in->satn;
     in->satn = 0;
-    selectByNames(in, names);
+    selectConfigured(in, names);
     writeSelection(*in, out);
 }

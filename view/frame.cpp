@@ -7,6 +7,7 @@
 #include <QPaintEvent>
 #include <QPainter>
 
+#include "elements/kept_selection.h"
 #include "engine/position.h"
 #include "record/config.h"
 #include "record/text.h"
@@ -291,4 +292,5 @@ void VorlixView::vQuit()
     if (!why.empty())
         warn(this, tr("Vorlix"),
              tr("The settings are not kept.\n") + nothingWritten(tr("vorlix.cfg"), textQString(why)));
+    keepSelectedNumbers(*indata);
 }

@@ -1,5 +1,6 @@
 #include "elements/selection.h"
 
+#include "elements/kept_selection.h"
 #include "elements/search_helper.h"
 
 #include "record/text.h"
@@ -70,6 +71,48 @@ TEST_F(Selection, SearchesItsFileAndKeepsTheSearch)
     EXPECT_EQ(text, "atlas");
     EXPECT_EQ((std::array{mode, norad, satn, low, recent}), (std::array{0, 694, 0, 1, 1}));
     satfle = nullptr;
+}
+
+/// Two lines with this number in place of that of ATLAS CENTAUR 2.
+std::string entryOf(const std::string& name, const char* number)
+{
+    std::string lines = atlasLines;
+    lines.replace(2, 5, number).replace(lines.find("\n2 ") + 3, 5, number);
+    return name + lines;
+}
+
+/// Numbers in the selection after a start with these names in the configuration, and what it did not find.
+std::string afterStart(const QStringList& names)
+{
+    setDefaults(indata);
+    assignField(indata->tlename, "set.tle");
+    for (qsizetype i = 0; i < names.size(); ++i)
+        assignField(indata->cfgname[i], names[i].toStdString());
+    selectConfigured(indata, static_cast<int>(names.size()));
+    std::string numbers;
+    for (int i = 0; i < indata->satn; ++i)
+        numbers += std::to_string(indata->norad[i]) + " ";
+    return numbers + missingAfterStart(*indata).join(",").toStdString();
+}
+
+TEST_F(Selection, ComesBackByItsNumbers)
+{
+    const ScratchDir here;
+    const QString same = QStringLiteral("SL-16 R/B");
+    ScratchDir::write("set.tle", entryOf("", "00001") + entryOf("SL-16 R/B\n", "00002") +
+                                     entryOf("SL-16 R/B\n", "00003") + entryOf("SL-16 R/B\n", "00004"));
+    EXPECT_EQ(afterStart({same, "GONE", same}), "2 2 GONE");
+    int slot = 0;
+    for (const int number : {4, 1, 9, 3}) {
+        assignField(indata->fsname[slot], number == 1 ? "                    " : "SL-16 R/B           ");
+        indata->norad[slot++] = number;
+    }
+    indata->satn = slot;
+    keepSelectedNumbers(*indata);
+    EXPECT_EQ(afterStart({same, same, same}), "4 1 2 3 ");  // 9 has gone
+    EXPECT_EQ(afterStart({same, same}), "2 2 ");            // of another selection
+    ScratchDir::write("vorlix.ini", "[selection\nnumbers=\xFF,,=4\n@@");
+    EXPECT_EQ(afterStart({same}), "2 ");
 }
 
 struct RemovalCase
