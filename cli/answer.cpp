@@ -1,78 +1,27 @@
 #include "cli/answer.h"
 
 #include "cli/words.h"
-#include "exports/geo_form.h"
-#include "exports/time_text.h"
 
-#include <QJsonArray>
-#include <QJsonDocument>
-#include <QJsonObject>
 #include <utility>
 
 namespace {
 
 constexpr std::size_t bytesInMemory = 8'000'000;
 
-QJsonArray arrayOf(const std::vector<std::string>& texts)
+ListRequest requestOf(const Session& session)
 {
-    QJsonArray array;
-    for (const std::string& text : texts)
-        array.append(QString::fromStdString(text));
-    return array;
-}
-
-QString text(const std::string& s)
-{
-    return QString::fromStdString(s);
-}
-
-QJsonObject requestOf(const Session& session)
-{
-    const WinpData& in = *session.record;
-    std::vector<std::string> files;
+    ListRequest request{wordsOf(session.request.task).name,
+                        session.site,
+                        session.from,
+                        session.to,
+                        session.now,
+                        session.zoneHours,
+                        {},
+                        session.request.satellites,
+                        session.request.numeric};
     for (const ElementFile& file : session.files)
-        files.push_back(file.shown);
-    return {{"task", wordsOf(session.request.task).name},
-            {"site", QJsonObject{{"name", text(session.site.name)},
-                                 {"latitude_deg", session.site.latitude},
-                                 {"longitude_deg", session.site.longitude},
-                                 {"height_m", session.site.height}}},
-            {"from", text(isoTime(session.from))},
-            {"to", text(isoTime(session.to))},
-            {"element_files", arrayOf(files)},
-            {"satellites", arrayOf(session.request.satellites)},
-            {"conditions", QJsonObject{{"min_elevation_deg", in.satel},
-                                       {"max_sun_elevation_deg", in.sunel},
-                                       {"light", !in.visflg   ? "any"
-                                                 : in.moonflg ? "moonlit"
-                                                              : "sunlit"}}}};
-}
-
-QJsonObject modelsOf(const Session& session)
-{
-    const WinpData& in = *session.record;
-    return {{"orbit", session.request.numeric ? "numerical flight" : "SGP4/SDP4"},
-            {"gravity_constants", in.wgs == 0 ? "WGS72" : "WGS84"},
-            {"equinox", in.yrepoch == 0.0 ? text("of date") : text(shortestNumber(in.yrepoch))},
-            {"elevations", "without refraction"},
-            {"time_scale", "UTC"}};
-}
-
-std::string compact(const QJsonObject& object)
-{
-    return QJsonDocument(object).toJson(QJsonDocument::Compact).toStdString();
-}
-
-std::string elementsText(const std::vector<UsedElements>& used, double from)
-{
-    std::string list;
-    for (const UsedElements& e : used)
-        list += std::string(list.empty() ? "" : ",") + "\n{\"name\": " + jsonString(e.satellite.name) +
-                ", \"catalogue_number\": " + std::to_string(e.satellite.number) + ", \"designator\": " +
-                (e.satellite.designator.empty() ? "null" : jsonString(e.satellite.designator)) +
-                ", \"epoch\": " + jsonString(isoTime(e.epoch)) + ", \"age_days\": " + fixedNumber(from - e.epoch, 4) +
-                '}';
-    return list;
+        request.files.push_back(file.shown);
+    return request;
 }
 
 /// Lists of steps come satellite after satellite, all others in time order if nothing else is asked for.
@@ -92,10 +41,11 @@ bool inTimeOrder(const Request& request)
 
 }  // namespace
 
-Answer::Answer(const Session& theSession, const Channels& theChannels, const ListKind& theKind)
+Answer::Answer(const Session& theSession, const Channels& theChannels, const ListKind& kind)
     : session(theSession),
       channels(theChannels),
-      kind(theKind),
+      document(theSession.request.form, kind, requestOf(theSession), *theSession.record),
+      lists(theSession.request.task != Task::convert),
       sorter(bytesInMemory),
       sorts(inTimeOrder(theSession.request))
 {}
@@ -114,7 +64,8 @@ void Answer::begin()
     }
     if (file)
         std::setvbuf(file.get(), nullptr, _IONBF, 0);
-    write(head());
+    if (lists)
+        write(document.head());
 }
 
 void Answer::put(std::string_view piece)
@@ -123,74 +74,10 @@ void Answer::put(std::string_view piece)
     write(piece);
 }
 
-std::string Answer::head() const
-{
-    if (session.request.task == Task::convert)
-        return {};
-    switch (session.request.form) {
-    case Form::table:
-        return tableHeader(kind.columns, session.zoneHours);
-    case Form::csv:
-        return csvHeader(kind.columns);
-    case Form::json:
-        return "{\"request\": " + compact(requestOf(session)) + ",\n\"models\": " + compact(modelsOf(session)) +
-               ",\n\"" + kind.key + "\": [\n";
-    case Form::ics:
-        return calendarHead();
-    case Form::geojson:
-        return geoHead();
-    default:
-        return {};
-    }
-}
-
-std::string Answer::tail() const
-{
-    if (session.request.task == Task::convert)
-        return {};
-    switch (session.request.form) {
-    case Form::json:
-        return "],\n\"elements\": [" + elementsText(used, session.from) + "]}\n";
-    case Form::ics:
-        return calendarTail();
-    case Form::geojson:
-        return geoTail();
-    default:
-        return {};
-    }
-}
-
-std::string Answer::textOf(const Row& row) const
-{
-    switch (session.request.form) {
-    case Form::csv:
-        return csvLine(kind.columns, row);
-    case Form::json:
-        return jsonObject(kind.columns, row);
-    case Form::ndjson:
-        return jsonObject(kind.columns, row) + '\n';
-    case Form::ics:
-        return calendarEvent(calendarEventOf(kind.columns, row, kind.single, session.site), session.now);
-    case Form::geojson:
-        return geoPoint({numberAt(kind.columns, row, "ground_latitude_deg"),
-                         numberAt(kind.columns, row, "ground_longitude_deg"), 0.0},
-                        jsonObject(kind.columns, row));
-    default:
-        return tableLine(kind.columns, row, session.zoneHours);
-    }
-}
-
-/// Whether commas stand between the items.
-bool Answer::joined() const
-{
-    return session.request.task != Task::convert &&
-           (session.request.form == Form::json || session.request.form == Form::geojson);
-}
-
 void Answer::add(double time, const Row& row)
 {
     if (!full())
-        addText(time, textOf(row));
+        addText(time, document.item(row));
 }
 
 void Answer::addText(double time, std::string item)
@@ -222,7 +109,7 @@ bool Answer::give(const std::string& item)
         return false;
     begin();
     ++given;
-    if (!joined())
+    if (!lists || !document.joinsItems())
         return write(item);
     const bool goesOn = pending.empty() || write(pending + ",\n");
     pending = item;
@@ -244,7 +131,8 @@ Problem Answer::end(const Problem& before)
     const bool whole = sorter.giveAll([&](const std::string& item) { return give(item); });
     if (!pending.empty())
         write(pending + '\n');
-    write(tail());
+    if (lists)
+        write(document.tail(used));
     if (!whole)
         return {status::unreadable, "vorlix: there is no room for the list in the folder of temporary files"};
     if (closed && !session.request.output.empty())

@@ -4,26 +4,11 @@
 #include "cli/channels.h"
 #include "cli/session.h"
 #include "cli/sorter.h"
-#include "exports/lists.h"
+#include "exports/list_document.h"
 
 #include <memory>
 #include <string>
 #include <vector>
-
-/// What a list is called and how its rows look.
-struct ListKind
-{
-    const char* key;  // in JSON: "passes"
-    Columns columns;
-    const char* single;  // in calendars: "pass"
-};
-
-/// Where the elements of a satellite come from.
-struct UsedElements
-{
-    SatelliteName satellite;
-    double epoch;  // MJD UTC
-};
 
 class Answer
 {
@@ -54,16 +39,13 @@ public:
 
 private:
     void begin();
-    std::string head() const;
-    std::string tail() const;
-    std::string textOf(const Row& row) const;
-    bool joined() const;
     bool give(const std::string& item);
     bool write(std::string_view text);
 
     const Session& session;
     Channels channels;
-    ListKind kind;
+    ListDocument document;
+    bool lists;  // and not element sets
     Sorter sorter;
     bool sorts;
     bool begun = false;   // the output is open

@@ -1,7 +1,7 @@
 // What a command line asks for, as values; nothing of it has been looked up yet.
 #pragma once
 
-#include "exports/lists.h"
+#include "exports/list_document.h"
 
 #include <optional>
 #include <string>
@@ -20,21 +20,6 @@ enum class Task
     convert,
     next,
     now
-};
-
-/// The form of an answer.
-enum class Form
-{
-    table,
-    csv,
-    json,
-    ndjson,
-    ics,
-    geojson,
-    oem,
-    tle,
-    xml,
-    kvn
 };
 
 /// How a command line ends.
