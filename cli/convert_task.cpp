@@ -8,6 +8,7 @@
 #include "elements/writer.h"
 #include "exports/element_forms.h"
 #include "record/files.h"
+#include "reports/list_rows.h"
 
 #include <QByteArray>
 #include <cstdlib>

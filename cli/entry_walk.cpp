@@ -4,6 +4,7 @@
 #include "elements/element_file.h"
 #include "record/progress.h"
 #include "record/text.h"
+#include "reports/list_rows.h"
 #include "scan/entries.h"
 #include "scan/workers.h"
 
@@ -81,12 +82,6 @@ std::string Wanted::missing() const
                      (which.nearest.empty() ? std::string() : "; the nearest name is \"" + which.nearest + '"') +
                      '\n';
     return lines;
-}
-
-SatelliteName nameOf(const WinpData& in, int slot)
-{
-    return {fieldQString(in.fsname[slot]).trimmed().toStdString(), in.norad[slot],
-            fieldQString(in.ldsn[slot]).trimmed().toStdString()};
 }
 
 EntryWalk::EntryWalk(const Session& theSession, const Channels& theChannels, std::function<bool()> isFull)

@@ -33,9 +33,6 @@ private:
     std::vector<Which> list;
 };
 
-/// How a list calls the satellite of a slot.
-SatelliteName nameOf(const WinpData& in, int slot);
-
 /// An entry in work, with the rows that it gives.
 struct EntryRows : EntryRecords
 {

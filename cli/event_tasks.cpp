@@ -6,16 +6,11 @@
 #include "engine/aos_list.h"
 #include "engine/flares.h"
 #include "engine/pass_search.h"
-#include "engine/position.h"
-#include "engine/sun_moon_transit.h"
-#include "record/numbers.h"
-#include "record/text.h"
+#include "reports/list_rows.h"
 #include "scan/entry_lines.h"
 #include "scan/iridium_scan.h"
 
-#include <array>
 #include <memory>
-#include <optional>
 #include <string>
 #include <vector>
 
@@ -24,14 +19,6 @@ namespace {
 constexpr int primeSlot = 0;
 constexpr int hit = 1;  // of nextpass
 constexpr double defaultDistanceKm = 50.0;
-constexpr int transitTextRoom = 64;
-
-/// Width, duration and direction of a transit of the Sun or Moon.
-struct Crossing
-{
-    std::optional<double> halfWidthKm, seconds, angleDeg;
-    bool reached = true;  // by the transit zone
-};
 
 /// Packs degrees into the hours or degrees that the record holds.
 void setPlace(WinpData& in, const Angles& place)
@@ -65,76 +52,8 @@ void setKind(WinpData& in, const std::string& kind, const Request& request)
     chooseEventKind(&in);
 }
 
-Crossing crossingOf(WinpData& in, const Pass& event, bool automatic)
-{
-    Crossing crossing;
-    int result = hit;
-    char text[transitTextRoom] = {};
-    SunMoonTr(&in, event.tm[1], primeSlot, event.b[2], automatic, result, text);
-    crossing.reached = result == hit;
-    std::string figures(fieldText(text));
-    for (char& c : figures)
-        if ((c < '0' || c > '9') && c != '.' && c != '-')
-            c = ' ';
-    double numbers[3] = {};
-    if (numbersOf(QString::fromStdString(figures).simplified().toStdString(), 3, numbers) == 3) {
-        crossing.halfWidthKm = numbers[0];
-        crossing.seconds = numbers[1];
-        crossing.angleDeg = numbers[2];
-    }
-    return crossing;
-}
-
-Value orNone(const std::optional<double>& x)
-{
-    return x ? Value(*x) : Value();
-}
-
-const char* surfaceOf(const WinpData& in)
-{
-    if (in.irsolp)
-        return "solar panel";
-    return in.occra < 0.0 ? "left mirror" : in.occra > 0.0 ? "right mirror" : "front mirror";
-}
-
-/// One event, with its ground point at the same instant.
-Row eventRow(WinpData& in, const std::string& kind, const Pass& event, const Crossing& crossing)
-{
-    const bool iridium = in.iridflg == event::iridium;
-    const std::string surface = iridium ? surfaceOf(in) : "";
-    GetSatPos(event.tm[1], &in, satpos, primeSlot, 0);
-    const bool onGround = satpos->occlat[primeSlot] < anglesOnly;
-    const SatelliteName name = nameOf(in, primeSlot);
-    return {name.name,
-            name.number,
-            name.designator.empty() ? Value() : Value(name.designator),
-            kind,
-            Instant{event.tm[1]},
-            event.b[1],
-            event.a[1],
-            iridium ? Value() : Value(event.b[2]),
-            orNone(crossing.halfWidthKm),
-            orNone(crossing.seconds),
-            orNone(crossing.angleDeg),
-            iridium ? Value(event.b[2]) : Value(),
-            iridium ? Value(surface) : Value(),
-            onGround ? Value(satpos->occlat[primeSlot]) : Value(),
-            onGround ? Value(satpos->occlng[primeSlot]) : Value()};
-}
-
-const char* kindName(const std::string& kind)
-{
-    constexpr std::array names{std::pair{"sun", "Sun transit"}, std::pair{"moon", "Moon transit"},
-                               std::pair{"place", "occultation"}, std::pair{"flare", "flare"}};
-    for (const auto& [word, name] : names)
-        if (kind == word)
-            return name;
-    return "mirror flare";
-}
-
 /// The events of the satellite in the prime slot.
-std::vector<std::pair<double, Row>> eventsOf(WinpData& in, const Session& session, const std::string& kind,
-                                             bool automatic)
+std::vector<std::pair<double, Row>> eventsOf(WinpData& in, const Session& session, bool automatic)
 {
     std::vector<std::pair<double, Row>> rows;
     double t = session.from;
@@ -144,9 +63,9 @@ std::vector<std::pair<double, Row>> eventsOf(WinpData& in, const Session& sessio
         if (result == 0)
             break;
         if (result == hit) {
-            const Crossing crossing = transitsOfDisk(in) ? crossingOf(in, pass, automatic) : Crossing();
+            const Crossing crossing = transitsOfDisk(in) ? crossingOf(in, primeSlot, pass, automatic) : Crossing();
             if (crossing.reached)
-                rows.emplace_back(pass.tm[1], eventRow(in, kindName(kind), pass, crossing));
+                rows.emplace_back(pass.tm[1], eventRow(in, primeSlot, pass, crossing));
         }
         const double next = timeAfterPass(in, primeSlot, pass);
         if (!(next > t))  // a time too far off for steps of a minute
@@ -165,8 +84,7 @@ void handOver(const WinpData& in, const std::vector<std::pair<double, Row>>& row
 }
 
 /// One kind over all wanted satellites; entries are shared among the threads where they do not depend on each other.
-Problem findKind(const WinpData& record, const std::string& kind, const Session& session, EntryWalk& walk,
-                 Answer& answer)
+Problem findKind(const WinpData& record, const Session& session, EntryWalk& walk, Answer& answer)
 {
     const auto in = std::make_unique<WinpData>(record);
     const bool automatic = automaticWidth(*in);
@@ -175,9 +93,8 @@ Problem findKind(const WinpData& record, const std::string& kind, const Session&
     if (in->occflg == 1 && in->iridflg == event::transit)
         in->sunel = anySunElevationDeg;
     if (!EntrySearch::entriesIndependent(*in))
-        return walk.oneByOne(*in,
-                             [&](WinpData& one) { handOver(one, eventsOf(one, session, kind, automatic), answer); });
-    const auto search = [&](EntryRows& entry) { entry.rows = eventsOf(entry.in, session, kind, automatic); };
+        return walk.oneByOne(*in, [&](WinpData& one) { handOver(one, eventsOf(one, session, automatic), answer); });
+    const auto search = [&](EntryRows& entry) { entry.rows = eventsOf(entry.in, session, automatic); };
     return walk.shared(*in, search, [&](const EntryRows& entry) { handOver(entry.in, entry.rows, answer); });
 }
 
@@ -189,7 +106,7 @@ Problem findMirrorFlares(const Session& session, EntryWalk& walk, Answer& answer
     for (const bool panels : {false, true}) {
         search.accept(session.request.maxMagnitude.value_or(in->irmag), false, panels);
         in->irsolp = panels;
-        if (const Problem problem = findKind(*in, "iridium", session, walk, answer))
+        if (const Problem problem = findKind(*in, session, walk, answer))
             return problem;
     }
     return {};
@@ -210,7 +127,7 @@ Problem findEvents(const Session& session, const Channels& channels, Answer& ans
             problem = findMirrorFlares(session, walk, answer);
         } else {
             setKind(*in, kind, session.request);
-            problem = findKind(*in, kind, session, walk, answer);
+            problem = findKind(*in, session, walk, answer);
         }
         if (problem)
             return problem;

@@ -8,6 +8,7 @@
 #include "engine/event_geometry.h"
 #include "engine/pass_search.h"
 #include "engine/position.h"
+#include "reports/list_rows.h"
 #include "scan/matching.h"
 
 #include <algorithm>

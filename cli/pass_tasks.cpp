@@ -5,6 +5,7 @@
 #include "engine/aos_list.h"
 #include "engine/pass_search.h"
 #include "record/slot_copy.h"
+#include "reports/list_rows.h"
 
 #include <array>
 #include <functional>
@@ -33,17 +34,6 @@ void eachPass(WinpData& in, const Session& session, const std::function<bool(con
             return;
         t = next;
     }
-}
-
-PassTimes timesOf(const Pass& pass)
-{
-    PassTimes times{};
-    for (int k = 0; k < 3; ++k) {
-        times.time[k] = pass.tm[k];
-        times.elevation[k] = pass.a[k];
-        times.azimuth[k] = pass.b[k];
-    }
-    return times;
 }
 
 void handOver(const EntryRows& entry, Answer& answer)
@@ -109,9 +99,8 @@ Row contactRow(const WinpData& in, const Pass& pass)
 Problem findPasses(const Session& session, const Channels& channels, Answer& answer)
 {
     return searchPasses(session, channels, answer, [&](EntryRows& entry) {
-        const SatelliteName name = nameOf(entry.in, primeSlot);
         eachPass(entry.in, session, [&](const Pass& pass) {
-            entry.rows.emplace_back(pass.tm[0], passRow(name, timesOf(pass)));
+            entry.rows.emplace_back(pass.tm[0], passRowOf(entry.in, primeSlot, pass));
             return true;
         });
     });
@@ -122,7 +111,7 @@ Problem findNext(const Session& session, const Channels& channels, Answer& answe
     return searchPasses(session, channels, answer, [&](EntryRows& entry) {
         eachPass(entry.in, session, [&](const Pass& pass) {
             if (pass.tm[0] > session.from + leastLeadDays)
-                entry.rows.emplace_back(pass.tm[0], passRow(nameOf(entry.in, primeSlot), timesOf(pass)));
+                entry.rows.emplace_back(pass.tm[0], passRowOf(entry.in, primeSlot, pass));
             return entry.rows.empty();
         });
     });

@@ -1,6 +1,5 @@
 // Lists of instants: places in the sky, sub-satellite points, states; and what is up at one instant.
 
-#include "astro/angles.h"
 #include "cli/entry_walk.h"
 #include "cli/tasks.h"
 #include "engine/pass_search.h"
@@ -8,20 +7,19 @@
 #include "exports/ephemeris_form.h"
 #include "exports/geo_form.h"
 #include "orbit/prime_state.h"
+#include "reports/list_rows.h"
 
 #include <array>
 #include <cmath>
 #include <functional>
 #include <memory>
 #include <string>
-#include <utility>
 #include <vector>
 
 namespace {
 
 constexpr int primeSlot = 0;
 constexpr double secondsPerDay = 86400.0;
-constexpr double lightKmPerS = 299792.458;
 constexpr double stepRounding = 1e-9;  // of a step: the last one may miss the end by so much
 
 /// The number of instants from the start of the interval to its end.
@@ -41,49 +39,6 @@ void eachInstant(const Session& session, const Answer& answer, const std::functi
     const long long steps = stepsOf(session);
     for (long long i = 0; i < steps && !answer.full(); ++i)
         take(instantAt(session, i));
-}
-
-Value lightOf(const SatPosData& sp)
-{
-    return std::string(sp.sunel[primeSlot] >= 0.0 ? "sunlit" : "shadow");
-}
-
-/// Relativistic change of a frequency, Hz, for a range rate in km/s, positive when receding.
-Value dopplerOf(const Session& session, double rate)
-{
-    if (!session.request.frequency)
-        return {};
-    const double b = rate / lightKmPerS;
-    const double hz = *session.request.frequency;
-    return std::abs(b) < 1.0 ? Value(hz * std::sqrt((1.0 - b) / (1.0 + b)) - hz) : Value();
-}
-
-Row startOf(const WinpData& in, double t)
-{
-    const SatelliteName name = nameOf(in, primeSlot);
-    return {name.name, name.number, name.designator.empty() ? Value() : Value(name.designator), Instant{t}};
-}
-
-Row lookRow(const WinpData& in, const Session& session, double t)
-{
-    const SatPosData& sp = *satpos;
-    Row row = startOf(in, t);
-    const bool bright = session.request.length && sp.mag < noFlare;
-    for (Value value :
-         {Value(sp.az[primeSlot]), Value(sp.el[primeSlot]), Value(sp.dst[primeSlot]), Value(sp.rrate[primeSlot]),
-          dopplerOf(session, sp.rrate[primeSlot]), Value(DmsDegF(sp.ra[primeSlot]) * 15.0),
-          Value(DmsDegF(sp.dec[primeSlot])), lightOf(sp), bright ? Value(sp.mag) : Value()})
-        row.push_back(std::move(value));
-    return row;
-}
-
-Row trackRow(const WinpData& in, double t)
-{
-    Row row = startOf(in, t);
-    for (Value value : {Value(satpos->lat[primeSlot]), Value(satpos->lng[primeSlot]), Value(satpos->hgt[primeSlot]),
-                        lightOf(*satpos)})
-        row.push_back(std::move(value));
-    return row;
 }
 
 struct FrameWords
@@ -116,7 +71,7 @@ EphemerisState stateAt(WinpData& in, const FrameWords& words, double t)
 
 Row stateRow(const WinpData& in, const FrameWords& words, const EphemerisState& state)
 {
-    Row row = startOf(in, state.mjd);
+    Row row = stepRow(in, primeSlot, state.mjd);
     row.emplace_back(std::string(words.word));
     for (const double x : state.r)
         row.emplace_back(x);
@@ -156,7 +111,7 @@ void addTrackLine(WinpData& in, const Session& session, Answer& answer)
     });
     const std::array columns{trackColumns()[0], trackColumns()[1], trackColumns()[2], Column{"start", nullptr},
                              Column{"end", nullptr}};
-    Row row = startOf(in, session.from);
+    Row row = stepRow(in, primeSlot, session.from);
     row.emplace_back(Instant{instantAt(session, stepsOf(session) - 1)});
     answer.addText(session.from, geoLine(points, jsonObject(columns, row)));
 }
@@ -197,7 +152,7 @@ Problem lookAt(const Session& session, const Channels& channels, Answer& answer)
     return eachSatellite(session, channels, answer, [&](WinpData& in) {
         eachInstant(session, answer, [&](double t) {
             GetSatPos(t, &in, satpos, primeSlot, 0);
-            answer.add(t, lookRow(in, session, t));
+            answer.add(t, lookRow(in, primeSlot, t, session.request.frequency.value_or(0.0)));
         });
     });
 }
@@ -210,7 +165,7 @@ Problem followTracks(const Session& session, const Channels& channels, Answer& a
             return addTrackLine(in, session, answer);
         eachInstant(session, answer, [&](double t) {
             GetSatPos(t, &in, satpos, primeSlot, 0);
-            answer.add(t, trackRow(in, t));
+            answer.add(t, trackRow(in, primeSlot, t));
         });
     });
 }
@@ -228,6 +183,6 @@ Problem whatIsUp(const Session& session, const Channels& channels, Answer& answe
     return eachSatellite(session, channels, answer, [&](WinpData& in) {
         GetSatPos(session.from, &in, satpos, primeSlot, 0);
         if (cksatok(&in, satpos, primeSlot))
-            answer.add(session.from, lookRow(in, session, session.from));
+            answer.add(session.from, lookRow(in, primeSlot, session.from, 0.0));
     });
 }
