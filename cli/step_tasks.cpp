@@ -6,7 +6,7 @@
 #include "engine/position.h"
 #include "exports/ephemeris_form.h"
 #include "exports/geo_form.h"
-#include "orbit/prime_state.h"
+#include "orbit/conversions.h"
 #include "reports/list_rows.h"
 
 #include <array>
@@ -60,13 +60,16 @@ const FrameWords& frameOf(const Session& session)
     return frames[i];
 }
 
+/// km and km/s.
 EphemerisState stateAt(WinpData& in, const FrameWords& words, double t)
 {
     GetSatPos(t, &in, satpos, primeSlot, 0);
-    double x = satpos->rsat[0], y = satpos->rsat[1], z = satpos->rsat[2];
-    double vx = satpos->vsat[0], vy = satpos->vsat[1], vz = satpos->vsat[2];
-    vsRefState(frame::trueOfDate, words.code, t, x, y, z, vx, vy, vz);
-    return {t, {x, y, z}, {vx, vy, vz}};
+    Vec3 r = satpos->rsat * 1000.0;
+    Vec3 v = satpos->vsat * 1000.0;
+    changeFrame(frame::trueOfDate, words.code, t, {}, r, v);
+    r = r / 1000.0;
+    v = v / 1000.0;
+    return {t, {r[0], r[1], r[2]}, {v[0], v[1], v[2]}};
 }
 
 Row stateRow(const WinpData& in, const FrameWords& words, const EphemerisState& state)
