@@ -76,24 +76,6 @@ Problem findPair(const Session& session, const Channels& channels, WinpData& pai
     return {found[0] && found[1] ? status::found : status::nothingFound, {}};
 }
 
-Row contactRow(const WinpData& in, const Pass& pass)
-{
-    const SatelliteName one = nameOf(in, primeSlot);
-    const SatelliteName other = nameOf(in, otherSlot);
-    return {one.name,
-            one.number,
-            one.designator.empty() ? Value() : Value(one.designator),
-            other.name,
-            other.number,
-            Instant{pass.tm[0]},
-            Instant{pass.tm[2]},
-            (pass.tm[2] - pass.tm[0]) * secondsPerDay,
-            pass.a[0],
-            pass.b[0],
-            pass.a[2],
-            pass.b[2]};
-}
-
 }  // namespace
 
 Problem findPasses(const Session& session, const Channels& channels, Answer& answer)
@@ -129,7 +111,7 @@ Problem findContacts(const Session& session, const Channels& channels, Answer& a
     for (const int slot : {primeSlot, otherSlot})
         answer.use({nameOf(*in, slot), in->mjdep[slot]});
     eachPass(*in, session, [&](const Pass& pass) {
-        answer.add(pass.tm[0], contactRow(*in, pass));
+        answer.add(pass.tm[0], contactRow(*in, primeSlot, otherSlot, pass));
         return !answer.full();
     });
     return {};

@@ -70,6 +70,25 @@ Row passRowOf(const WinpData& in, int slot, const Pass& pass)
     return passRow(nameOf(in, slot), times);
 }
 
+Row contactRow(const WinpData& in, int slot, int other, const Pass& pass)
+{
+    constexpr double secondsPerDay = 86400.0;
+    const SatelliteName one = nameOf(in, slot);
+    const SatelliteName seen = nameOf(in, other);
+    return {one.name,
+            one.number,
+            one.designator.empty() ? Value() : Value(one.designator),
+            seen.name,
+            seen.number,
+            Instant{pass.tm[0]},
+            Instant{pass.tm[2]},
+            (pass.tm[2] - pass.tm[0]) * secondsPerDay,
+            pass.a[0],
+            pass.b[0],
+            pass.a[2],
+            pass.b[2]};
+}
+
 Row stepRow(const WinpData& in, int slot, double t)
 {
     const SatelliteName name = nameOf(in, slot);

@@ -14,6 +14,9 @@ SatelliteName nameOf(const WinpData& in, int slot);
 
 Row passRowOf(const WinpData& in, int slot, const Pass& pass);
 
+/// A time in which two satellites see each other, as `nextpass` finds it in relative mode.
+Row contactRow(const WinpData& in, int slot, int other, const Pass& pass);
+
 /// The place of a slot in the sky, as `satpos` holds it for the instant `t`.
 ///
 /// @param frequencyHz  of a transmitter, for the Doppler shift; 0 for none

@@ -1,0 +1,246 @@
+#include "reports/save_forms.h"
+
+#include "engine/aos_list.h"
+#include "engine/pass_search.h"
+#include "engine/position.h"
+#include "exports/geo_form.h"
+#include "record/clock.h"
+#include "record/keep.h"
+#include "record/progress.h"
+#include "record/text.h"
+#include "reports/list_rows.h"
+#include "scan/save_lines.h"
+
+#include <QString>
+#include <algorithm>
+#include <array>
+#include <functional>
+#include <utility>
+#include <vector>
+
+namespace {
+
+constexpr int hit = 1;  // of nextpass
+constexpr double mjdOf1970 = 40587.0;
+constexpr double secondsPerDay = 86400.0;
+constexpr double lineStepDays = 0.5 / 1440.0;
+
+struct FormName
+{
+    const char* ending;
+    Form form;
+};
+constexpr std::array formNames{FormName{".csv", Form::csv}, FormName{".json", Form::json},
+                               FormName{".ics", Form::ics}, FormName{".geojson", Form::geojson}};
+
+ListRequest requestOf(const WinpData& in, const char* task, double from, double to)
+{
+    ListRequest request;
+    request.task = task;
+    request.site = {fieldQString(in.geoname).trimmed().toStdString(), in.lat, in.lng, in.height};
+    request.from = from;
+    request.to = to;
+    request.made = static_cast<double>(systemSeconds()) / secondsPerDay + mjdOf1970;
+    request.zoneHours = in.tzone;
+    request.files = {std::string(fieldText(in.tlename))};
+    request.satellites = {nameOf(in, in.prs).name};
+    request.numeric = in.numflg[in.prs] != 0;
+    return request;
+}
+
+/// What the passes of a record are called, and their task.
+struct Listing
+{
+    ListKind kind;
+    const char* task;
+};
+
+Listing listingOf(const WinpData& in)
+{
+    if (relativeMode(in))
+        return {{"contacts", contactColumns(), "contact"}, "contacts"};
+    if (in.iridflg > event::plain)
+        return {{"events", eventColumns(), "event"}, "events"};
+    return {{"passes", passColumns(), "pass"}, "passes"};
+}
+
+/// A list that grows item by item.
+class GrowingList
+{
+public:
+    GrowingList(Form form, const ListKind& kind, const ListRequest& request, const WinpData& in)
+        : document(form, kind, request, in), text(document.head())
+    {
+        used.push_back({nameOf(in, in.prs), in.mjdep[in.prs]});
+    }
+    void add(const Row& row) { addItem(document.item(row)); }
+    void addItem(const std::string& item) { text += (document.joinsItems() && count++ > 0 ? ",\n" : "") + item; }
+    std::string whole() const
+    {
+        return text + (document.joinsItems() && count > 0 ? "\n" : "") + document.tail(used);
+    }
+
+private:
+    ListDocument document;
+    std::string text;
+    std::vector<UsedElements> used;
+    long count = 0;
+};
+
+/// Calls `take` for each pass or event of the list of the prime satellite.
+void eachListed(WinpData* in, double from, double to, const std::function<void(const Pass&, const Crossing&)>& take)
+{
+    const bool automatic = automaticWidth(*in);
+    const Keep distance(in->maxdst, automatic ? automaticWidthKm : in->maxdst);
+    const bool anySun = in->iridflg == event::transit && in->occflg == 1;
+    const Keep sunLimit(in->sunel, anySun ? anySunElevationDeg : in->sunel);
+    double t = from;
+    while (t <= to && tellProgress(fieldText(in->fsname[in->prs]))) {
+        Pass pass;
+        const int result = nextpass(in, in->prs, t, to, pass.tm, pass.a, pass.b);
+        if (result == 0)
+            return;
+        if (result == hit) {
+            const Crossing crossing = transitsOfDisk(*in) ? crossingOf(*in, in->prs, pass, automatic) : Crossing();
+            if (crossing.reached)
+                take(pass, crossing);
+        }
+        const double next = timeAfterPass(*in, in->prs, pass);
+        if (!(next > t))
+            return;
+        t = next;
+    }
+}
+
+/// The line below the satellite between two instants, both included.
+std::string lineBelow(WinpData* in, double from, double to, double step, const std::string& properties)
+{
+    std::vector<GeoPoint> points;
+    const int slot = in->prs;
+    for (double t = from; tellProgress(); t = std::min(t + step, to)) {
+        GetSatPos(t, in, satpos, slot, 0);
+        points.push_back({satpos->lat[slot], satpos->lng[slot], satpos->hgt[slot]});
+        if (!(t < to) || !(t + step > t))
+            break;
+    }
+    return geoLine(points, properties);
+}
+
+/// Start of the pass that the details are of, and the first instant at which its conditions fail.
+struct PassSpan
+{
+    double from, to;
+};
+
+PassSpan spanOfPass(WinpData* in)
+{
+    const Keep sunLimit(in->sunel, in->occflg == 1 ? anySunElevationDeg : in->sunel);
+    const double from = in->aostm[in->aossel];
+    double t = from;
+    do {
+        t += in->tmstep;
+        GetSatPos(t, in, satpos, in->prs, 0);
+    } while (t > from && cksatok(in, satpos, in->prs) && tellProgress(fieldText(in->fsname[in->prs]), t));
+    return {from, t};
+}
+
+/// The pass that starts at `from`, as a list of one.
+std::string singlePass(WinpData* in, Form form, const PassSpan& span)
+{
+    const Keep plain(in->iridflg, event::plain);
+    GrowingList list(form, listingOf(*in).kind, requestOf(*in, "passes", span.from, span.to), *in);
+    Pass pass;
+    if (nextpass(in, in->prs, span.from, span.to, pass.tm, pass.a, pass.b) != 0)
+        list.add(relativeMode(*in) ? contactRow(*in, in->prs, secondSatellite(*in), pass)
+                                   : passRowOf(*in, in->prs, pass));
+    return list.whole();
+}
+
+/// Steps from one instant up to, not including, another.
+std::string steps(WinpData* in, Form form, const PassSpan& span, bool track)
+{
+    const ListKind kind = track ? ListKind{"points", trackColumns(), ""} : ListKind{"positions", lookColumns(), ""};
+    GrowingList list(form, kind, requestOf(*in, track ? "track" : "look", span.from, span.to), *in);
+    for (double t = span.from; t < span.to && tellProgress(fieldText(in->fsname[in->prs]), t); t += in->tmstep) {
+        GetSatPos(t, in, satpos, in->prs, 0);
+        list.add(track ? trackRow(*in, in->prs, t) : lookRow(*in, in->prs, t, in->frequ));
+        if (!(t + in->tmstep > t))
+            break;
+    }
+    return list.whole();
+}
+
+/// One line below the satellite.
+std::string line(WinpData* in, const PassSpan& span)
+{
+    static constexpr std::array columns{Column{"name", nullptr}, Column{"catalogue_number", nullptr},
+                                        Column{"designator", nullptr}, Column{"start", nullptr},
+                                        Column{"end", nullptr}};
+    Row row = stepRow(*in, in->prs, span.from);
+    row.emplace_back(Instant{span.to});
+    GrowingList list(Form::geojson, {"points", columns, ""}, requestOf(*in, "track", span.from, span.to), *in);
+    list.addItem(lineBelow(in, span.from, span.to, in->tmstep, jsonObject(columns, row)));
+    return list.whole();
+}
+
+}  // namespace
+
+std::optional<Form> formOfName(std::string_view name)
+{
+    const QString whole = QString::fromUtf8(name.data(), static_cast<qsizetype>(name.size()));
+    for (const FormName& row : formNames)
+        if (whole.endsWith(QLatin1String(row.ending), Qt::CaseInsensitive))
+            return row.form;
+    return std::nullopt;
+}
+
+std::string passListText(WinpData* in, Form form)
+{
+    const Listing listing = listingOf(*in);
+    const double from = startMjd(in);
+    const double to = from + heldSpan(in->dur);
+    const bool lines = form == Form::geojson && in->iridflg == event::plain;
+    GrowingList list(form, listing.kind, requestOf(*in, listing.task, from, to), *in);
+    eachListed(in, from, to, [&](const Pass& pass, const Crossing& crossing) {
+        const Row row = relativeMode(*in)            ? contactRow(*in, in->prs, secondSatellite(*in), pass)
+                        : in->iridflg > event::plain ? eventRow(*in, in->prs, pass, crossing)
+                                                     : passRowOf(*in, in->prs, pass);
+        if (lines)
+            list.addItem(lineBelow(in, pass.tm[0], pass.tm[2], lineStepDays, jsonObject(listing.kind.columns, row)));
+        else
+            list.add(row);
+    });
+    return list.whole();
+}
+
+std::string passStepsText(WinpData* in, Form form, bool groundTrack)
+{
+    const PassSpan span = spanOfPass(in);
+    if (form == Form::ics)
+        return singlePass(in, form, span);
+    return form == Form::geojson ? line(in, span) : steps(in, form, span, groundTrack);
+}
+
+std::string trackText(WinpData* in, Form form)
+{
+    const double from = startMjd(in);
+    const PassSpan span{from, from + heldSpan(in->dur)};
+    if (form == Form::ics)
+        return {};
+    return form == Form::geojson ? line(in, span) : steps(in, form, span, true);
+}
+
+bool writeInForm(WinpData* in, Form form, const std::string& text)
+{
+    std::string content = text;
+    if (form == Form::csv && in->newsave == 0) {
+        const std::string before = contentOfFile(in->savename).value_or(std::string());
+        const std::size_t heading = text.find('\n') + 1;
+        if (before.compare(0, heading, text, 0, heading) == 0)
+            content = before + text.substr(heading);
+    }
+    if (text.empty() || !replaceFile(in->savename, content))
+        return false;
+    in->newsave = 0;
+    return true;
+}
