@@ -74,7 +74,7 @@ void Answer::put(std::string_view piece)
     write(piece);
 }
 
-void Answer::add(double time, const Row& row)
+void Answer::add(double time, const ListRow& row)
 {
     if (!full())
         addText(time, document.item(row));
@@ -93,7 +93,7 @@ void Answer::addText(double time, std::string item)
 
 void Answer::use(const UsedElements& elements)
 {
-    if (session.request.form == Form::json)
+    if (session.request.form == ListForm::json)
         used.push_back(elements);
 }
 

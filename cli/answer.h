@@ -16,7 +16,7 @@ public:
     Answer(const Session& session, const Channels& channels, const ListKind& kind);
 
     /// A row with the time that it is sorted by.
-    void add(double time, const Row& row);
+    void add(double time, const ListRow& row);
 
     /// A piece of the answer that is in its form already.
     void addText(double time, std::string text);

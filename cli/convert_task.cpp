@@ -51,16 +51,16 @@ OmmMessage messageOf(const WinpData& in)
     return messages.empty() ? OmmMessage() : messages[0];
 }
 
-MessageFrame frameOf(Form form)
+MessageFrame frameOf(ListForm form)
 {
     switch (form) {
-    case Form::csv:
+    case ListForm::csv:
         return {csvHead(), "", ""};
-    case Form::json:
+    case ListForm::json:
         return jsonFrame();
-    case Form::xml:
+    case ListForm::xml:
         return xmlFrame();
-    case Form::kvn:
+    case ListForm::kvn:
         return kvnFrame();
     default:
         return {};
@@ -70,13 +70,13 @@ MessageFrame frameOf(Form form)
 std::string textOf(WinpData& in, const Session& session)
 {
     switch (session.request.form) {
-    case Form::csv:
+    case ListForm::csv:
         return csvText(in);
-    case Form::json:
+    case ListForm::json:
         return jsonMessage(messageOf(in));
-    case Form::xml:
+    case ListForm::xml:
         return xmlMessage(messageOf(in), session.now);
-    case Form::kvn:
+    case ListForm::kvn:
         return kvnMessage(messageOf(in), session.now);
     default:
         return writtenText([&](std::FILE* file) { writeTwoLines(file, &in, primeSlot); });
@@ -84,11 +84,11 @@ std::string textOf(WinpData& in, const Session& session)
 }
 
 /// Why a satellite cannot be in a file of the form; empty if it can.
-std::string leftOutBecause(const WinpData& in, Form form)
+std::string leftOutBecause(const WinpData& in, ListForm form)
 {
-    if (form != Form::tle && in.numflg[primeSlot])
+    if (form != ListForm::tle && in.numflg[primeSlot])
         return "its state has no place in messages of mean elements";
-    if (form == Form::tle && in.norad[primeSlot] > greatestColumnNumber)
+    if (form == ListForm::tle && in.norad[primeSlot] > greatestColumnNumber)
         return "its number has no place in two lines";
     return {};
 }

@@ -36,7 +36,7 @@ private:
 /// An entry in work, with the rows that it gives.
 struct EntryRows : EntryRecords
 {
-    std::vector<std::pair<double, Row>> rows;  // with the times they are sorted by
+    std::vector<std::pair<double, ListRow>> rows;  // with the times they are sorted by
 };
 
 /// A walk through the files of a session. Each satellite stands in slot 0 of a record of its own.

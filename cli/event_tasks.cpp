@@ -53,9 +53,9 @@ void setKind(WinpData& in, const std::string& kind, const Request& request)
 }
 
 /// The events of the satellite in the prime slot.
-std::vector<std::pair<double, Row>> eventsOf(WinpData& in, const Session& session, bool automatic)
+std::vector<std::pair<double, ListRow>> eventsOf(WinpData& in, const Session& session, bool automatic)
 {
-    std::vector<std::pair<double, Row>> rows;
+    std::vector<std::pair<double, ListRow>> rows;
     double t = session.from;
     Pass pass;
     while (t <= session.to) {
@@ -75,7 +75,7 @@ std::vector<std::pair<double, Row>> eventsOf(WinpData& in, const Session& sessio
     return rows;
 }
 
-void handOver(const WinpData& in, const std::vector<std::pair<double, Row>>& rows, Answer& answer)
+void handOver(const WinpData& in, const std::vector<std::pair<double, ListRow>>& rows, Answer& answer)
 {
     if (!rows.empty())
         answer.use({nameOf(in, primeSlot), in.mjdep[primeSlot]});

@@ -113,7 +113,7 @@ Nearest nearestOf(WinpData& in, const Sighting& sighting, const Request& request
     return best;
 }
 
-Row matchRow(WinpData& in, const Session& session, const Nearest& nearest)
+ListRow matchRow(WinpData& in, const Session& session, const Nearest& nearest)
 {
     const SatelliteName name = nameOf(in, primeSlot);
     const SkyPlace then = satelliteAt(in, nearest.time + oneSecondDays);
@@ -122,8 +122,8 @@ Row matchRow(WinpData& in, const Session& session, const Nearest& nearest)
     const bool sunlit = satpos->sunel[primeSlot] >= 0.0;
     return {name.name,
             name.number,
-            name.designator.empty() ? Value() : Value(name.designator),
-            Instant{nearest.time},
+            name.designator.empty() ? ListValue() : ListValue(name.designator),
+            ListTime{nearest.time},
             nearest.separation * degPerRad,
             (nearest.time - session.now) * secondsPerDay,
             place.azimuth * degPerRad,

@@ -192,7 +192,7 @@ void takeCommon(Values& values, const TaskWords& task, Request& request)
     const std::string form = values.oneOf("format", forms[0], forms);
     for (std::size_t i = 0; i < formNames.size(); ++i)
         if (form == formNames[i])
-            request.form = static_cast<Form>(i);
+            request.form = static_cast<ListForm>(i);
     if (const auto limit = values.number("limit", {1, static_cast<double>(mostRows), "a whole number above 0"}))
         request.limit = std::llround(*limit);
     if (const auto workers = values.number("workers", {1, mostWorkers, "a number of threads from 1 to 256"}))

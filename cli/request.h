@@ -51,7 +51,7 @@ struct Angles
 struct Request
 {
     Task task = Task::passes;
-    Form form = Form::table;
+    ListForm form = ListForm::table;
     std::vector<std::string> files;       // "-" is standard input; none: that of the saved configuration
     std::vector<std::string> satellites;  // names, numbers, designators; none: all of the files
     std::optional<ListSite> site;

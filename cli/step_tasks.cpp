@@ -72,9 +72,9 @@ EphemerisState stateAt(WinpData& in, const FrameWords& words, double t)
     return {t, {r[0], r[1], r[2]}, {v[0], v[1], v[2]}};
 }
 
-Row stateRow(const WinpData& in, const FrameWords& words, const EphemerisState& state)
+ListRow stateRow(const WinpData& in, const FrameWords& words, const EphemerisState& state)
 {
-    Row row = stepRow(in, primeSlot, state.mjd);
+    ListRow row = stepRow(in, primeSlot, state.mjd);
     row.emplace_back(std::string(words.word));
     for (const double x : state.r)
         row.emplace_back(x);
@@ -87,7 +87,7 @@ Row stateRow(const WinpData& in, const FrameWords& words, const EphemerisState& 
 void tellStatesOf(WinpData& in, const Session& session, Answer& answer)
 {
     const FrameWords& words = frameOf(session);
-    const bool oem = session.request.form == Form::oem;
+    const bool oem = session.request.form == ListForm::oem;
     if (session.request.numeric)
         in.numflg[primeSlot] = 1;
     if (oem) {
@@ -112,10 +112,10 @@ void addTrackLine(WinpData& in, const Session& session, Answer& answer)
         GetSatPos(t, &in, satpos, primeSlot, 0);
         points.push_back({satpos->lat[primeSlot], satpos->lng[primeSlot], satpos->hgt[primeSlot]});
     });
-    const std::array columns{trackColumns()[0], trackColumns()[1], trackColumns()[2], Column{"start", nullptr},
-                             Column{"end", nullptr}};
-    Row row = stepRow(in, primeSlot, session.from);
-    row.emplace_back(Instant{instantAt(session, stepsOf(session) - 1)});
+    const std::array columns{trackColumns()[0], trackColumns()[1], trackColumns()[2], ListColumn{"start", nullptr},
+                             ListColumn{"end", nullptr}};
+    ListRow row = stepRow(in, primeSlot, session.from);
+    row.emplace_back(ListTime{instantAt(session, stepsOf(session) - 1)});
     answer.addText(session.from, geoLine(points, jsonObject(columns, row)));
 }
 
@@ -162,7 +162,7 @@ Problem lookAt(const Session& session, const Channels& channels, Answer& answer)
 
 Problem followTracks(const Session& session, const Channels& channels, Answer& answer)
 {
-    const bool lines = session.request.form == Form::geojson;
+    const bool lines = session.request.form == ListForm::geojson;
     return eachSatellite(session, channels, answer, [&](WinpData& in) {
         if (lines)
             return addTrackLine(in, session, answer);
@@ -175,7 +175,7 @@ Problem followTracks(const Session& session, const Channels& channels, Answer& a
 
 Problem tellStates(const Session& session, const Channels& channels, Answer& answer)
 {
-    if (session.request.form == Form::oem)
+    if (session.request.form == ListForm::oem)
         if (const Problem problem = checkSingle(session, channels))
             return problem;
     return eachSatellite(session, channels, answer, [&](WinpData& in) { tellStatesOf(in, session, answer); });

@@ -76,7 +76,7 @@ std::string elementsText(const std::vector<UsedElements>& used, double from)
 }
 
 /// The ground point of an event, or the point below a satellite.
-GeoPoint pointOf(Columns columns, const Row& row)
+GeoPoint pointOf(ListColumns columns, const ListRow& row)
 {
     const bool ground = columnIndex(columns, "ground_latitude_deg") < columns.size();
     return {numberAt(columns, row, ground ? "ground_latitude_deg" : "latitude_deg"),
@@ -86,7 +86,7 @@ GeoPoint pointOf(Columns columns, const Row& row)
 
 }  // namespace
 
-ListDocument::ListDocument(Form listForm, const ListKind& listKind, const ListRequest& listRequest,
+ListDocument::ListDocument(ListForm listForm, const ListKind& listKind, const ListRequest& listRequest,
                            const WinpData& record)
     : form(listForm),
       kind(listKind),
@@ -98,15 +98,15 @@ ListDocument::ListDocument(Form listForm, const ListKind& listKind, const ListRe
 std::string ListDocument::head() const
 {
     switch (form) {
-    case Form::table:
+    case ListForm::table:
         return tableHeader(kind.columns, request.zoneHours);
-    case Form::csv:
+    case ListForm::csv:
         return csvHeader(kind.columns);
-    case Form::json:
+    case ListForm::json:
         return "{\"request\": " + requestObject + ",\n\"models\": " + modelsObject + ",\n\"" + kind.key + "\": [\n";
-    case Form::ics:
+    case ListForm::ics:
         return calendarHead();
-    case Form::geojson:
+    case ListForm::geojson:
         return geoHead();
     default:
         return {};
@@ -116,29 +116,29 @@ std::string ListDocument::head() const
 std::string ListDocument::tail(const std::vector<UsedElements>& used) const
 {
     switch (form) {
-    case Form::json:
+    case ListForm::json:
         return "],\n\"elements\": [" + elementsText(used, request.from) + "]}\n";
-    case Form::ics:
+    case ListForm::ics:
         return calendarTail();
-    case Form::geojson:
+    case ListForm::geojson:
         return geoTail();
     default:
         return {};
     }
 }
 
-std::string ListDocument::item(const Row& row) const
+std::string ListDocument::item(const ListRow& row) const
 {
     switch (form) {
-    case Form::csv:
+    case ListForm::csv:
         return csvLine(kind.columns, row);
-    case Form::json:
+    case ListForm::json:
         return jsonObject(kind.columns, row);
-    case Form::ndjson:
+    case ListForm::ndjson:
         return jsonObject(kind.columns, row) + '\n';
-    case Form::ics:
+    case ListForm::ics:
         return calendarEvent(calendarEventOf(kind.columns, row, kind.single, request.site), request.made);
-    case Form::geojson:
+    case ListForm::geojson:
         return geoPoint(pointOf(kind.columns, row), jsonObject(kind.columns, row));
     default:
         return tableLine(kind.columns, row, request.zoneHours);

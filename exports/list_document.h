@@ -8,7 +8,7 @@
 #include <vector>
 
 /// The form of a list.
-enum class Form
+enum class ListForm : int
 {
     table,
     csv,
@@ -26,7 +26,7 @@ enum class Form
 struct ListKind
 {
     const char* key;  // in JSON: "passes"
-    Columns columns;
+    ListColumns columns;
     const char* single;  // in calendars: "pass"
 };
 
@@ -54,18 +54,18 @@ class ListDocument
 {
 public:
     /// @param record  conditions and models
-    ListDocument(Form listForm, const ListKind& listKind, const ListRequest& listRequest, const WinpData& record);
+    ListDocument(ListForm listForm, const ListKind& listKind, const ListRequest& listRequest, const WinpData& record);
 
     std::string head() const;
     /// A row. In `geojson` it becomes a point if the columns have a ground point or a point below the satellite.
-    std::string item(const Row& row) const;
+    std::string item(const ListRow& row) const;
     std::string tail(const std::vector<UsedElements>& used) const;
 
     /// Whether commas and line feeds stand between the items.
-    bool joinsItems() const { return form == Form::json || form == Form::geojson; }
+    bool joinsItems() const { return form == ListForm::json || form == ListForm::geojson; }
 
 private:
-    Form form;
+    ListForm form;
     ListKind kind;
     ListRequest request;
     std::string requestObject, modelsObject;

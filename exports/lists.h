@@ -25,22 +25,22 @@ struct PassTimes
     double time[3], elevation[3], azimuth[3];
 };
 
-Columns passColumns();
-Row passRow(const SatelliteName& satellite, const PassTimes& pass);
+ListColumns passColumns();
+ListRow passRow(const SatelliteName& satellite, const PassTimes& pass);
 
 /// Events: transits, occultations and flares.
-Columns eventColumns();
+ListColumns eventColumns();
 /// Times in which two satellites see each other.
-Columns contactColumns();
+ListColumns contactColumns();
 /// Places in the sky.
-Columns lookColumns();
+ListColumns lookColumns();
 /// Sub-satellite points.
-Columns trackColumns();
+ListColumns trackColumns();
 /// Positions and velocities.
-Columns stateColumns();
+ListColumns stateColumns();
 /// Satellites that fit a sighting.
-Columns matchColumns();
+ListColumns matchColumns();
 
 /// The calendar's entry for a row of passes, events or contacts. Its identifier is made of kind, satellite, minute of
 /// the maximum (or of the start) and place.
-CalendarEvent calendarEventOf(Columns columns, const Row& row, const char* kind, const ListSite& site);
+CalendarEvent calendarEventOf(ListColumns columns, const ListRow& row, const char* kind, const ListSite& site);

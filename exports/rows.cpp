@@ -18,13 +18,13 @@ struct Choice : Cases...
 };
 
 /// The plain text of a value, empty for none.
-std::string plainText(const Column& column, const Value& value)
+std::string plainText(const ListColumn& column, const ListValue& value)
 {
     return std::visit(Choice{[](std::monostate) { return std::string(); },
                              [&](double x) { return fixedNumber(x, column.decimals); },
                              [](long long n) { return std::to_string(n); },
                              [](bool yes) { return std::string(yes ? "true" : "false"); },
-                             [](const std::string& text) { return text; }, [](Instant t) { return isoTime(t.mjd); }},
+                             [](const std::string& text) { return text; }, [](ListTime t) { return isoTime(t.mjd); }},
                       value);
 }
 
@@ -33,10 +33,10 @@ std::string utf8(std::string_view text)
     return textQString(text).toStdString();
 }
 
-std::string jsonValue(const Column& column, const Value& value)
+std::string jsonValue(const ListColumn& column, const ListValue& value)
 {
     const std::string text = plainText(column, value);
-    if (std::holds_alternative<std::string>(value) || std::holds_alternative<Instant>(value))
+    if (std::holds_alternative<std::string>(value) || std::holds_alternative<ListTime>(value))
         return jsonString(text);
     return text.empty() ? "null" : text;
 }
@@ -66,18 +66,18 @@ std::string zoneName(double zoneHours)
     return zone == "Z" ? "UTC" : zone;
 }
 
-std::string shownText(const Column& column, const Value& value, double zoneHours)
+std::string shownText(const ListColumn& column, const ListValue& value, double zoneHours)
 {
     const auto* number = std::get_if<double>(&value);
     if (number && column.shownDecimals >= 0)
         return fixedNumber(*number, column.shownDecimals);
-    if (const auto* t = std::get_if<Instant>(&value))
+    if (const auto* t = std::get_if<ListTime>(&value))
         return shownInstant(isoCivil(t->mjd, zoneHours), column.width);
     return plainText(column, value);
 }
 
 /// Wide columns without decimals are texts and times; numbers stand to the right.
-bool leftAligned(const Column& column)
+bool leftAligned(const ListColumn& column)
 {
     return column.width >= 12 && column.decimals == 0;
 }
@@ -90,7 +90,7 @@ std::string inWidth(const std::string& text, int width, bool left)
 }
 
 template <class Text>
-std::string tableRow(Columns columns, Text&& text)
+std::string tableRow(ListColumns columns, Text&& text)
 {
     std::string line;
     for (std::size_t i = 0; i < columns.size(); ++i) {
@@ -106,7 +106,7 @@ std::string tableRow(Columns columns, Text&& text)
 
 }  // namespace
 
-std::size_t columnIndex(Columns columns, std::string_view name)
+std::size_t columnIndex(ListColumns columns, std::string_view name)
 {
     std::size_t i = 0;
     while (i < columns.size() && columns[i].name != name)
@@ -114,17 +114,17 @@ std::size_t columnIndex(Columns columns, std::string_view name)
     return i;
 }
 
-double numberAt(Columns columns, const Row& row, std::string_view name)
+double numberAt(ListColumns columns, const ListRow& row, std::string_view name)
 {
     const std::size_t i = columnIndex(columns, name);
     if (i >= row.size())
         return 0.0;
     return std::visit(Choice{[](double x) { return x; }, [](long long n) { return static_cast<double>(n); },
-                             [](Instant t) { return t.mjd; }, [](const auto&) { return 0.0; }},
+                             [](ListTime t) { return t.mjd; }, [](const auto&) { return 0.0; }},
                       row[i]);
 }
 
-std::string textAt(Columns columns, const Row& row, std::string_view name)
+std::string textAt(ListColumns columns, const ListRow& row, std::string_view name)
 {
     const std::size_t i = columnIndex(columns, name);
     return i < row.size() ? plainText(columns[i], row[i]) : std::string();
@@ -164,7 +164,7 @@ std::string jsonString(std::string_view text)
     return quoted + '"';
 }
 
-std::string jsonObject(Columns columns, const Row& row)
+std::string jsonObject(ListColumns columns, const ListRow& row)
 {
     std::string object = "{";
     for (std::size_t i = 0; i < row.size(); ++i) {
@@ -175,15 +175,15 @@ std::string jsonObject(Columns columns, const Row& row)
     return object + "}";
 }
 
-std::string csvHeader(Columns columns)
+std::string csvHeader(ListColumns columns)
 {
     std::string line;
-    for (const Column& column : columns)
+    for (const ListColumn& column : columns)
         (line += line.empty() ? "" : ",") += column.name;
     return line + "\r\n";
 }
 
-std::string csvLine(Columns columns, const Row& row)
+std::string csvLine(ListColumns columns, const ListRow& row)
 {
     std::string line;
     for (std::size_t i = 0; i < row.size(); ++i)
@@ -191,16 +191,16 @@ std::string csvLine(Columns columns, const Row& row)
     return line + "\r\n";
 }
 
-std::string tableHeader(Columns columns, double zoneHours)
+std::string tableHeader(ListColumns columns, double zoneHours)
 {
     return tableRow(columns, [&](std::size_t i) {
-        const Column& column = columns[i];
+        const ListColumn& column = columns[i];
         const std::string zone = column.width == instantWidth ? ' ' + zoneName(zoneHours) : std::string();
         return inWidth(column.heading + zone, column.width, leftAligned(column));
     });
 }
 
-std::string tableLine(Columns columns, const Row& row, double zoneHours)
+std::string tableLine(ListColumns columns, const ListRow& row, double zoneHours)
 {
     return tableRow(columns, [&](std::size_t i) {
         return inWidth(utf8(shownText(columns[i], row[i], zoneHours)), columns[i].width, leftAligned(columns[i]));

@@ -10,7 +10,7 @@
 #include <vector>
 
 /// A column of a list.
-struct Column
+struct ListColumn
 {
     const char* name;        // in files, with the unit: "range_km"
     const char* heading;     // in tables; null: tables leave the column out
@@ -23,24 +23,24 @@ struct Column
 constexpr int instantWidth = 19, timeWidth = 8;
 
 /// An instant, as a Modified Julian Date, UTC.
-struct Instant
+struct ListTime
 {
     double mjd;
 };
 
 /// A value of a row. `monostate` is one that there is none of, and so is a number that is not finite.
-using Value = std::variant<std::monostate, double, long long, bool, std::string, Instant>;
+using ListValue = std::variant<std::monostate, double, long long, bool, std::string, ListTime>;
 
 /// The values of a row, one for each column.
-using Row = std::vector<Value>;
-using Columns = std::span<const Column>;
+using ListRow = std::vector<ListValue>;
+using ListColumns = std::span<const ListColumn>;
 
 /// The place of a column, `columns.size()` if there is none of that name.
-std::size_t columnIndex(Columns columns, std::string_view name);
+std::size_t columnIndex(ListColumns columns, std::string_view name);
 
 /// The number, the instant or the text under a name; 0 or an empty text where there is none.
-double numberAt(Columns columns, const Row& row, std::string_view name);
-std::string textAt(Columns columns, const Row& row, std::string_view name);
+double numberAt(ListColumns columns, const ListRow& row, std::string_view name);
+std::string textAt(ListColumns columns, const ListRow& row, std::string_view name);
 
 /// A number with so many decimals; without a sign if all its digits are 0.
 std::string fixedNumber(double value, int decimals);
@@ -52,12 +52,12 @@ std::string shortestNumber(double value);
 std::string jsonString(std::string_view text);
 
 /// The values of a row as the members of a JSON object, in the order of the columns; without any value null.
-std::string jsonObject(Columns columns, const Row& row);
+std::string jsonObject(ListColumns columns, const ListRow& row);
 
 /// Lines by RFC 4180, CR and LF included.
-std::string csvHeader(Columns columns);
-std::string csvLine(Columns columns, const Row& row);
+std::string csvHeader(ListColumns columns);
+std::string csvLine(ListColumns columns, const ListRow& row);
 
 /// Lines of a table for the eye, line feed included. Instants are civil time of a zone, which the heading tells.
-std::string tableHeader(Columns columns, double zoneHours);
-std::string tableLine(Columns columns, const Row& row, double zoneHours);
+std::string tableHeader(ListColumns columns, double zoneHours);
+std::string tableLine(ListColumns columns, const ListRow& row, double zoneHours);

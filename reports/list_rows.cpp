@@ -18,13 +18,13 @@ constexpr int hit = 1;  // of nextpass
 constexpr int transitTextRoom = 64;
 constexpr double lightKmPerS = 299792.458;
 
-Value lightOf(int slot)
+ListValue lightOf(int slot)
 {
     return std::string(satpos->sunel[slot] >= 0.0 ? "sunlit" : "shadow");
 }
 
 /// Relativistic change of a frequency, Hz, for a range rate in km/s, positive when receding.
-Value dopplerOf(double frequencyHz, double rate)
+ListValue dopplerOf(double frequencyHz, double rate)
 {
     const double b = rate / lightKmPerS;
     if (frequencyHz == 0.0 || !(std::abs(b) < 1.0))
@@ -32,9 +32,9 @@ Value dopplerOf(double frequencyHz, double rate)
     return frequencyHz * std::sqrt((1.0 - b) / (1.0 + b)) - frequencyHz;
 }
 
-Value orNone(const std::optional<double>& x)
+ListValue orNone(const std::optional<double>& x)
 {
-    return x ? Value(*x) : Value();
+    return x ? ListValue(*x) : ListValue();
 }
 
 std::string kindOf(const WinpData& in)
@@ -61,7 +61,7 @@ SatelliteName nameOf(const WinpData& in, int slot)
             fieldQString(in.ldsn[slot]).trimmed().toStdString()};
 }
 
-Row passRowOf(const WinpData& in, int slot, const Pass& pass)
+ListRow passRowOf(const WinpData& in, int slot, const Pass& pass)
 {
     PassTimes times{};
     std::copy_n(pass.tm, 3, times.time);
@@ -70,18 +70,18 @@ Row passRowOf(const WinpData& in, int slot, const Pass& pass)
     return passRow(nameOf(in, slot), times);
 }
 
-Row contactRow(const WinpData& in, int slot, int other, const Pass& pass)
+ListRow contactRow(const WinpData& in, int slot, int other, const Pass& pass)
 {
     constexpr double secondsPerDay = 86400.0;
     const SatelliteName one = nameOf(in, slot);
     const SatelliteName seen = nameOf(in, other);
     return {one.name,
             one.number,
-            one.designator.empty() ? Value() : Value(one.designator),
+            one.designator.empty() ? ListValue() : ListValue(one.designator),
             seen.name,
             seen.number,
-            Instant{pass.tm[0]},
-            Instant{pass.tm[2]},
+            ListTime{pass.tm[0]},
+            ListTime{pass.tm[2]},
             (pass.tm[2] - pass.tm[0]) * secondsPerDay,
             pass.a[0],
             pass.b[0],
@@ -89,28 +89,30 @@ Row contactRow(const WinpData& in, int slot, int other, const Pass& pass)
             pass.b[2]};
 }
 
-Row stepRow(const WinpData& in, int slot, double t)
+ListRow stepRow(const WinpData& in, int slot, double t)
 {
     const SatelliteName name = nameOf(in, slot);
-    return {name.name, name.number, name.designator.empty() ? Value() : Value(name.designator), Instant{t}};
+    return {name.name, name.number, name.designator.empty() ? ListValue() : ListValue(name.designator), ListTime{t}};
 }
 
-Row lookRow(const WinpData& in, int slot, double t, double frequencyHz)
+ListRow lookRow(const WinpData& in, int slot, double t, double frequencyHz)
 {
     const SatPosData& sp = *satpos;
-    Row row = stepRow(in, slot, t);
+    ListRow row = stepRow(in, slot, t);
     const bool bright = in.chlen > 0.0 && slot == in.prs && sp.mag < noFlare;
-    for (Value value : {Value(sp.az[slot]), Value(sp.el[slot]), Value(sp.dst[slot]), Value(sp.rrate[slot]),
-                        dopplerOf(frequencyHz, sp.rrate[slot]), Value(DmsDegF(sp.ra[slot]) * 15.0),
-                        Value(DmsDegF(sp.dec[slot])), lightOf(slot), bright ? Value(sp.mag) : Value()})
+    for (ListValue value :
+         {ListValue(sp.az[slot]), ListValue(sp.el[slot]), ListValue(sp.dst[slot]), ListValue(sp.rrate[slot]),
+          dopplerOf(frequencyHz, sp.rrate[slot]), ListValue(DmsDegF(sp.ra[slot]) * 15.0),
+          ListValue(DmsDegF(sp.dec[slot])), lightOf(slot), bright ? ListValue(sp.mag) : ListValue()})
         row.push_back(std::move(value));
     return row;
 }
 
-Row trackRow(const WinpData& in, int slot, double t)
+ListRow trackRow(const WinpData& in, int slot, double t)
 {
-    Row row = stepRow(in, slot, t);
-    for (Value value : {Value(satpos->lat[slot]), Value(satpos->lng[slot]), Value(satpos->hgt[slot]), lightOf(slot)})
+    ListRow row = stepRow(in, slot, t);
+    for (ListValue value :
+         {ListValue(satpos->lat[slot]), ListValue(satpos->lng[slot]), ListValue(satpos->hgt[slot]), lightOf(slot)})
         row.push_back(std::move(value));
     return row;
 }
@@ -135,7 +137,7 @@ Crossing crossingOf(WinpData& in, int slot, const Pass& event, bool automatic)
     return crossing;
 }
 
-Row eventRow(WinpData& in, int slot, const Pass& event, const Crossing& crossing)
+ListRow eventRow(WinpData& in, int slot, const Pass& event, const Crossing& crossing)
 {
     const bool iridium = in.iridflg == event::iridium;
     const std::string surface = iridium ? surfaceOf(in) : "";
@@ -144,17 +146,17 @@ Row eventRow(WinpData& in, int slot, const Pass& event, const Crossing& crossing
     const SatelliteName name = nameOf(in, slot);
     return {name.name,
             name.number,
-            name.designator.empty() ? Value() : Value(name.designator),
+            name.designator.empty() ? ListValue() : ListValue(name.designator),
             kindOf(in),
-            Instant{event.tm[1]},
+            ListTime{event.tm[1]},
             event.b[1],
             event.a[1],
-            iridium ? Value() : Value(event.b[2]),
+            iridium ? ListValue() : ListValue(event.b[2]),
             orNone(crossing.halfWidthKm),
             orNone(crossing.seconds),
             orNone(crossing.angleDeg),
-            iridium ? Value(event.b[2]) : Value(),
-            iridium ? Value(surface) : Value(),
-            onGround ? Value(satpos->occlat[slot]) : Value(),
-            onGround ? Value(satpos->occlng[slot]) : Value()};
+            iridium ? ListValue(event.b[2]) : ListValue(),
+            iridium ? ListValue(surface) : ListValue(),
+            onGround ? ListValue(satpos->occlat[slot]) : ListValue(),
+            onGround ? ListValue(satpos->occlng[slot]) : ListValue()};
 }

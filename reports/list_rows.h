@@ -12,21 +12,21 @@ struct Pass;
 /// How a list calls the satellite of a slot.
 SatelliteName nameOf(const WinpData& in, int slot);
 
-Row passRowOf(const WinpData& in, int slot, const Pass& pass);
+ListRow passRowOf(const WinpData& in, int slot, const Pass& pass);
 
 /// A time in which two satellites see each other, as `nextpass` finds it in relative mode.
-Row contactRow(const WinpData& in, int slot, int other, const Pass& pass);
+ListRow contactRow(const WinpData& in, int slot, int other, const Pass& pass);
 
 /// The place of a slot in the sky, as `satpos` holds it for the instant `t`.
 ///
 /// @param frequencyHz  of a transmitter, for the Doppler shift; 0 for none
-Row lookRow(const WinpData& in, int slot, double t, double frequencyHz);
+ListRow lookRow(const WinpData& in, int slot, double t, double frequencyHz);
 
 /// The point below the satellite of a slot, as `satpos` holds it for the instant `t`.
-Row trackRow(const WinpData& in, int slot, double t);
+ListRow trackRow(const WinpData& in, int slot, double t);
 
 /// Name, number and designator of a slot, and an instant: how rows of steps begin.
-Row stepRow(const WinpData& in, int slot, double t);
+ListRow stepRow(const WinpData& in, int slot, double t);
 
 /// Width, duration and direction of a transit of the Sun or Moon.
 struct Crossing
@@ -39,4 +39,4 @@ struct Crossing
 Crossing crossingOf(WinpData& in, int slot, const Pass& event, bool automatic);
 
 /// An event that `nextpass` found, with its ground point at the same instant. Uses `satpos`.
-Row eventRow(WinpData& in, int slot, const Pass& event, const Crossing& crossing);
+ListRow eventRow(WinpData& in, int slot, const Pass& event, const Crossing& crossing);

@@ -8,6 +8,7 @@
 #include "record/numbers.h"
 #include "record/progress.h"
 #include "record/text.h"
+#include "reports/save_forms.h"
 #include "reports/step_lines.h"
 #include "scan/records_before.h"
 
@@ -82,10 +83,16 @@ int saveOrbitTrack(WinpData* in, std::string* why)
         return 1;
     const LongCalculation calculation;
     const auto before = std::make_unique<RecordsBefore>(*in);
-    const std::string track = trackOf(in);
+    const auto form = formOfName(fieldText(in->savename));
+    const std::string track = form ? trackText(in, *form) : trackOf(in);
     if (calculationEnded()) {
         before->putBack(in);
         return calculationCancelled;
+    }
+    if (form && track.empty()) {
+        if (why)
+            *why = "The list does not fit into a file of this form";
+        return 1;
     }
     const std::string reason = replaceFile(in->savename, track);
     if (why)

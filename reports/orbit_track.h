@@ -10,6 +10,9 @@ struct WinpData;
 ///
 /// The file keeps its old content until the track is whole.
 ///
+/// A name that ends in ".csv", ".json" or ".geojson" takes the points below the satellite in that form; one that ends in
+/// ".ics" is refused.
+///
 /// The lines tell longitude, latitude and height of the satellite, or, while transits or flares with a known surface
 /// are looked for, the ground point of the event. Visibility plays no part. The record `satpos` stands at the last
 /// step afterwards. A step that does not move the time ends the track; a span of more than 100,000 days is held to that,

@@ -14,6 +14,7 @@
 #include "record/progress.h"
 #include "record/text.h"
 #include "record/winp_data.h"
+#include "reports/save_forms.h"
 #include "reports/step_lines.h"
 #include "scan/records_before.h"
 
@@ -25,7 +26,6 @@ namespace {
 
 constexpr double oneSecondDays = 1.1574074074074073e-5;
 constexpr double shortestWholeSecondDays = 1.157407407e-5;  // a step of one second, its last digits left open
-constexpr int mostSavedSteps = 16250;
 
 // of a time stamp
 constexpr std::size_t dateOnly = 7;
@@ -34,20 +34,6 @@ constexpr std::size_t dateAndSeconds = 16;
 
 constexpr double noneYetDeg = -100.0;
 double greatestElevation = noneYetDeg;  // of the listing under way, degrees, without refraction
-
-/// The start of a pass, moved on to the next full minute or second as the time step asks.
-double alignedStart(double t, double step)
-{
-    int day = 0, month = 0, year = 0, h = 0, m = 0;
-    double hours = 0, s = 0;
-    caldat(t, day, month, year, hours);
-    dms(hours, h, m, s);
-    if (step == oneMinuteDays)
-        return mjd(day, month, year, ddd(h, s > 0.0 ? m + 1 : m, 0.0));
-    if (step >= oneSecondDays)
-        return mjd(day, month, year, ddd(h, m, truncToInt(s) + 1));
-    return t;
-}
 
 int civilYear(const WinpData& in, double t)
 {
@@ -217,7 +203,33 @@ std::string furtherSteps(WinpData* in, double t, int mode)
     return steps;
 }
 
+/// The steps in the form that the ending of the save file asks for.
+bool savePassInForm(ListForm form, bool groundTrack)
+{
+    const LongCalculation calculation;
+    const auto before = std::make_unique<RecordsBefore>(*indata);
+    const std::string text = passStepsText(indata, form, groundTrack);
+    if (calculationEnded()) {
+        before->putBack(indata);
+        return false;
+    }
+    return writeInForm(indata, form, text);
+}
+
 }  // namespace
+
+double alignedStart(double t, double step)
+{
+    int day = 0, month = 0, year = 0, h = 0, m = 0;
+    double hours = 0, s = 0;
+    caldat(t, day, month, year, hours);
+    dms(hours, h, m, s);
+    if (step == oneMinuteDays)
+        return mjd(day, month, year, ddd(h, s > 0.0 ? m + 1 : m, 0.0));
+    if (step >= oneSecondDays)
+        return mjd(day, month, year, ddd(h, m, truncToInt(s) + 1));
+    return t;
+}
 
 int GetPassDTxt(WinpData* in, double& t, char* text, int mode)
 {
@@ -274,6 +286,8 @@ int vsGetPassDTxt(double& t, QString& text, bool pole)
 
 bool vsSavePassDt(int mode, std::string* why)
 {
+    if (const auto form = formOfName(fieldText(indata->savename)))
+        return savePassInForm(*form, mode == passform::groundTrack);
     const LongCalculation calculation;
     const auto before = std::make_unique<RecordsBefore>(*indata);
     char first[passDetailsRoom];

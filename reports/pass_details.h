@@ -17,6 +17,11 @@ enum Mode
 }
 
 constexpr int passDetailsRoom = 512;
+constexpr int mostSavedSteps = 16250;  // of a listing in a file
+
+/// The first step of a listing: the start of a pass (MJD UTC), moved on to the next full minute or second as the time
+/// step (days) asks.
+double alignedStart(double t, double step);
 
 /// Composes one step of the pass `aossel` of the table, the first one behind its heading.
 ///
@@ -40,6 +45,9 @@ void GetPoleTxt(WinpData* in, char* text);
 int vsGetPassDTxt(double& t, QString& text, bool pole);
 
 /// Writes the listing to the save file, with `passform::save` also the pole behind two steps or more.
+///
+/// A file of another form than text, by the ending of its name, takes the same steps in that form, see
+/// `reports/save_forms.h`.
 ///
 /// The file starts anew if `newsave` is set, which then becomes 0; a file that cannot be written leaves `newsave`.
 ///

@@ -9,6 +9,7 @@
 #include "record/progress.h"
 #include "record/text.h"
 #include "reports/list_rows.h"
+#include "reports/pass_details.h"
 #include "scan/save_lines.h"
 
 #include <QString>
@@ -28,10 +29,10 @@ constexpr double lineStepDays = 0.5 / 1440.0;
 struct FormName
 {
     const char* ending;
-    Form form;
+    ListForm form;
 };
-constexpr std::array formNames{FormName{".csv", Form::csv}, FormName{".json", Form::json},
-                               FormName{".ics", Form::ics}, FormName{".geojson", Form::geojson}};
+constexpr std::array formNames{FormName{".csv", ListForm::csv}, FormName{".json", ListForm::json},
+                               FormName{".ics", ListForm::ics}, FormName{".geojson", ListForm::geojson}};
 
 ListRequest requestOf(const WinpData& in, const char* task, double from, double to)
 {
@@ -68,12 +69,12 @@ Listing listingOf(const WinpData& in)
 class GrowingList
 {
 public:
-    GrowingList(Form form, const ListKind& kind, const ListRequest& request, const WinpData& in)
+    GrowingList(ListForm form, const ListKind& kind, const ListRequest& request, const WinpData& in)
         : document(form, kind, request, in), text(document.head())
     {
         used.push_back({nameOf(in, in.prs), in.mjdep[in.prs]});
     }
-    void add(const Row& row) { addItem(document.item(row)); }
+    void add(const ListRow& row) { addItem(document.item(row)); }
     void addItem(const std::string& item) { text += (document.joinsItems() && count++ > 0 ? ",\n" : "") + item; }
     std::string whole() const
     {
@@ -126,38 +127,41 @@ std::string lineBelow(WinpData* in, double from, double to, double step, const s
     return geoLine(points, properties);
 }
 
-/// Start of the pass that the details are of, and the first instant at which its conditions fail.
+/// An interval, MJD UTC.
 struct PassSpan
 {
     double from, to;
 };
 
+/// From the first step of the pass details to the first one that is not listed.
 PassSpan spanOfPass(WinpData* in)
 {
     const Keep sunLimit(in->sunel, in->occflg == 1 ? anySunElevationDeg : in->sunel);
-    const double from = in->aostm[in->aossel];
+    const double from = alignedStart(in->aostm[in->aossel], in->tmstep);
     double t = from;
-    do {
-        t += in->tmstep;
+    for (int step = 0; step < mostSavedSteps && tellProgress(fieldText(in->fsname[in->prs]), t); ++step) {
         GetSatPos(t, in, satpos, in->prs, 0);
-    } while (t > from && cksatok(in, satpos, in->prs) && tellProgress(fieldText(in->fsname[in->prs]), t));
+        if (!cksatok(in, satpos, in->prs) || !(t + in->tmstep > t))
+            break;
+        t += in->tmstep;
+    }
     return {from, t};
 }
 
-/// The pass that starts at `from`, as a list of one.
-std::string singlePass(WinpData* in, Form form, const PassSpan& span)
+/// The pass of the details, as a list of one.
+std::string singlePass(WinpData* in, ListForm form, const PassSpan& span)
 {
     const Keep plain(in->iridflg, event::plain);
     GrowingList list(form, listingOf(*in).kind, requestOf(*in, "passes", span.from, span.to), *in);
     Pass pass;
-    if (nextpass(in, in->prs, span.from, span.to, pass.tm, pass.a, pass.b) != 0)
+    if (nextpass(in, in->prs, in->aostm[in->aossel], span.to, pass.tm, pass.a, pass.b) != 0)
         list.add(relativeMode(*in) ? contactRow(*in, in->prs, secondSatellite(*in), pass)
                                    : passRowOf(*in, in->prs, pass));
     return list.whole();
 }
 
 /// Steps from one instant up to, not including, another.
-std::string steps(WinpData* in, Form form, const PassSpan& span, bool track)
+std::string steps(WinpData* in, ListForm form, const PassSpan& span, bool track)
 {
     const ListKind kind = track ? ListKind{"points", trackColumns(), ""} : ListKind{"positions", lookColumns(), ""};
     GrowingList list(form, kind, requestOf(*in, track ? "track" : "look", span.from, span.to), *in);
@@ -173,19 +177,19 @@ std::string steps(WinpData* in, Form form, const PassSpan& span, bool track)
 /// One line below the satellite.
 std::string line(WinpData* in, const PassSpan& span)
 {
-    static constexpr std::array columns{Column{"name", nullptr}, Column{"catalogue_number", nullptr},
-                                        Column{"designator", nullptr}, Column{"start", nullptr},
-                                        Column{"end", nullptr}};
-    Row row = stepRow(*in, in->prs, span.from);
-    row.emplace_back(Instant{span.to});
-    GrowingList list(Form::geojson, {"points", columns, ""}, requestOf(*in, "track", span.from, span.to), *in);
+    static constexpr std::array columns{ListColumn{"name", nullptr}, ListColumn{"catalogue_number", nullptr},
+                                        ListColumn{"designator", nullptr}, ListColumn{"start", nullptr},
+                                        ListColumn{"end", nullptr}};
+    ListRow row = stepRow(*in, in->prs, span.from);
+    row.emplace_back(ListTime{span.to});
+    GrowingList list(ListForm::geojson, {"points", columns, ""}, requestOf(*in, "track", span.from, span.to), *in);
     list.addItem(lineBelow(in, span.from, span.to, in->tmstep, jsonObject(columns, row)));
     return list.whole();
 }
 
 }  // namespace
 
-std::optional<Form> formOfName(std::string_view name)
+std::optional<ListForm> formOfName(std::string_view name)
 {
     const QString whole = QString::fromUtf8(name.data(), static_cast<qsizetype>(name.size()));
     for (const FormName& row : formNames)
@@ -194,17 +198,17 @@ std::optional<Form> formOfName(std::string_view name)
     return std::nullopt;
 }
 
-std::string passListText(WinpData* in, Form form)
+std::string passListText(WinpData* in, ListForm form)
 {
     const Listing listing = listingOf(*in);
     const double from = startMjd(in);
     const double to = from + heldSpan(in->dur);
-    const bool lines = form == Form::geojson && in->iridflg == event::plain;
+    const bool lines = form == ListForm::geojson && in->iridflg == event::plain;
     GrowingList list(form, listing.kind, requestOf(*in, listing.task, from, to), *in);
     eachListed(in, from, to, [&](const Pass& pass, const Crossing& crossing) {
-        const Row row = relativeMode(*in)            ? contactRow(*in, in->prs, secondSatellite(*in), pass)
-                        : in->iridflg > event::plain ? eventRow(*in, in->prs, pass, crossing)
-                                                     : passRowOf(*in, in->prs, pass);
+        const ListRow row = relativeMode(*in)            ? contactRow(*in, in->prs, secondSatellite(*in), pass)
+                            : in->iridflg > event::plain ? eventRow(*in, in->prs, pass, crossing)
+                                                         : passRowOf(*in, in->prs, pass);
         if (lines)
             list.addItem(lineBelow(in, pass.tm[0], pass.tm[2], lineStepDays, jsonObject(listing.kind.columns, row)));
         else
@@ -213,27 +217,27 @@ std::string passListText(WinpData* in, Form form)
     return list.whole();
 }
 
-std::string passStepsText(WinpData* in, Form form, bool groundTrack)
+std::string passStepsText(WinpData* in, ListForm form, bool groundTrack)
 {
     const PassSpan span = spanOfPass(in);
-    if (form == Form::ics)
+    if (form == ListForm::ics)
         return singlePass(in, form, span);
-    return form == Form::geojson ? line(in, span) : steps(in, form, span, groundTrack);
+    return form == ListForm::geojson ? line(in, span) : steps(in, form, span, groundTrack);
 }
 
-std::string trackText(WinpData* in, Form form)
+std::string trackText(WinpData* in, ListForm form)
 {
     const double from = startMjd(in);
     const PassSpan span{from, from + heldSpan(in->dur)};
-    if (form == Form::ics)
+    if (form == ListForm::ics)
         return {};
-    return form == Form::geojson ? line(in, span) : steps(in, form, span, true);
+    return form == ListForm::geojson ? line(in, span) : steps(in, form, span, true);
 }
 
-bool writeInForm(WinpData* in, Form form, const std::string& text)
+bool writeInForm(WinpData* in, ListForm form, const std::string& text)
 {
     std::string content = text;
-    if (form == Form::csv && in->newsave == 0) {
+    if (form == ListForm::csv && in->newsave == 0) {
         const std::string before = contentOfFile(in->savename).value_or(std::string());
         const std::size_t heading = text.find('\n') + 1;
         if (before.compare(0, heading, text, 0, heading) == 0)

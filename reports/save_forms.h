@@ -10,26 +10,26 @@
 
 /// The form of a list that the ending of a name stands for: ".csv", ".json", ".ics" or ".geojson", in any case;
 /// nothing for any other, which takes the text of the report.
-std::optional<Form> formOfName(std::string_view name);
+std::optional<ListForm> formOfName(std::string_view name);
 
 /// The passes or events of the prime satellite, those that `aospass` lists, over `dur` days from the start date. In
 /// GeoJSON a pass is the line below the satellite. In relative mode these are the contacts of the two satellites.
 ///
 /// `iridflg` says what is looked for. Uses `satpos`; a calculation that the listener ends gives a part of the list.
-std::string passListText(WinpData* in, Form form);
+std::string passListText(WinpData* in, ListForm form);
 
 /// The steps of the pass `aossel` of the last table: places in the sky, or points below the satellite. In a calendar it
 /// is the pass itself that stands, in GeoJSON the line below the satellite.
-std::string passStepsText(WinpData* in, Form form, bool groundTrack);
+std::string passStepsText(WinpData* in, ListForm form, bool groundTrack);
 
 /// The points below the prime satellite over `dur` days from the start date, in steps of `tmstep`.
 ///
 /// @return  an empty text for a calendar, which has no form for a track
-std::string trackText(WinpData* in, Form form);
+std::string trackText(WinpData* in, ListForm form);
 
 /// Writes a list to `savename`, which must be complete, in the form of its ending. A file of CSV that was begun since
 /// its name was chosen (`newsave` 0) goes on with further rows if they have the same columns; any other file is
 /// replaced as a whole. `newsave` is 0 afterwards if the file was written.
 ///
 /// @return  false if the file cannot be written, or if the text is empty
-bool writeInForm(WinpData* in, Form form, const std::string& text);
+bool writeInForm(WinpData* in, ListForm form, const std::string& text);

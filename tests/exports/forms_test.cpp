@@ -42,17 +42,18 @@ TEST(Times, RoundAndStayInTheCalendar)
 
 TEST(Rows, KeepEveryTextAndNumber)
 {
-    const std::array columns{Column{"text", "text", 6}, Column{"number", "number", 7, 2}, Column{"none", "none", 4}};
+    const std::array columns{ListColumn{"text", "text", 6}, ListColumn{"number", "number", 7, 2},
+                             ListColumn{"none", "none", 4}};
     const std::string odd = "a,\"b\"\r\n\x01\\ \xc3\xb6 \xf6";  // the last one is no UTF-8
-    const Row row{odd, -0.001, Value()};
+    const ListRow row{odd, -0.001, ListValue()};
     EXPECT_EQ(csvLine(columns, row), "\"a,\"\"b\"\"\r\n\x01\\ \xc3\x83\xc2\xb6 \xc3\xb6\",0.00,\r\n");
     const QJsonObject read = QJsonDocument::fromJson(QByteArray::fromStdString(jsonObject(columns, row))).object();
     EXPECT_EQ(read["text"].toString(), QString::fromLatin1(odd.data(), static_cast<qsizetype>(odd.size())));
     EXPECT_EQ(read["number"].toDouble(-1), 0.0);
     EXPECT_TRUE(read["none"].isNull());
-    EXPECT_EQ(jsonObject(columns, {std::string("x"), nan, Value()}),
+    EXPECT_EQ(jsonObject(columns, {std::string("x"), nan, ListValue()}),
               R"({"text": "x", "number": null, "none": null})");
-    EXPECT_EQ(tableLine(columns, {std::string("longer than six"), 1e300, Value()}, 0).size(), 6 + 2 + 7 + 1);
+    EXPECT_EQ(tableLine(columns, {std::string("longer than six"), 1e300, ListValue()}, 0).size(), 6 + 2 + 7 + 1);
 }
 
 TEST(Calendar, FoldsLinesBetweenCharacters)
