@@ -251,6 +251,18 @@ std::span<const VorlixApp::ActionRow> VorlixApp::actionRows()
                  "here as well."),
             &App::slotSettSysConf, nullptr},
 
+        ActionRow{&App::fileExport, "fileExport", TEXT("&Export..."), "", "",
+            TEXT("Writes the report on the screen in another form"),
+            TEXT("Export\n\nWrites the report on the screen into a file. The ending of its name tells the form: .csv for "
+                 "spreadsheets, .json for programs, .ics for calendars, .geojson for maps, .txt for the lines as they "
+                 "are. A table of passes can take each of them, other reports .txt and .csv."),
+            &App::slotFileExport, nullptr},
+        ActionRow{&App::editCopy, "editCopy", TEXT("&Copy"), "Ctrl+Shift+C", "",
+            TEXT("Copies the report on the screen to the clipboard"),
+            TEXT("Copy\n\nPuts the report on the screen on the clipboard, as text and, for spreadsheets, as comma "
+                 "separated values."),
+            &App::slotEditCopy, nullptr},
+
         ActionRow{&App::helpAbout, "helpAbout", TEXT("&About..."), "", "",
             TEXT("About the application"),
             TEXT("About\n\nShows the version of Vorlix."),

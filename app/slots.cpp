@@ -128,6 +128,39 @@ void VorlixApp::slotFileSaveAs()
     showStatus(tr("Ready."));
 }
 
+/// Adds the ending of the form that was chosen if the name has none; empty if the person changes their mind.
+QString VorlixApp::askForExportName()
+{
+    QString filter;
+    const QString name = QFileDialog::getSaveFileName(this, tr("Export"), QString(),
+                                                      tr("Comma separated (*.csv);;JSON (*.json);;Calendar (*.ics);;"
+                                                         "GeoJSON (*.geojson);;Text (*.txt);;all files (*.*)"),
+                                                      &filter);
+    const QString ending = filter.section(QStringLiteral("(*"), 1).section(QLatin1Char(')'), 0, 0);
+    const bool complete = name.isEmpty() || ending == QLatin1String(".*") || !QFileInfo(name).suffix().isEmpty();
+    return complete ? name : withEnding(name, ending, tr("Export"));
+}
+
+void VorlixApp::slotFileExport()
+{
+    showStatus(tr("Exporting the report..."));
+    slotStopTime();
+    const QString name = askForExportName();
+    if (name.isEmpty()) {
+        showStatus(tr("*** File not selected ***"));
+        return;
+    }
+    view->vExport(name);
+    showStatus(tr("Ready."));
+}
+
+void VorlixApp::slotEditCopy()
+{
+    showStatus(tr("Copying the report..."));
+    view->vCopy();
+    showStatus(tr("Ready."));
+}
+
 void VorlixApp::slotFileTLESave()
 {
     showStatus(tr("Saving the TLE's on file..."));
@@ -136,20 +169,29 @@ void VorlixApp::slotFileTLESave()
     showStatus(tr("Ready."));
 }
 
+/// A name with its ending; empty if a file of that name is there and the person wants to keep it, since the dialog has
+/// asked about the name without the ending only.
+QString VorlixApp::withEnding(const QString& name, const QString& ending, const QString& caption)
+{
+    if (name.endsWith(ending, Qt::CaseInsensitive))
+        return name;
+    const bool replace =
+        !QFile::exists(name + ending) ||
+        QMessageBox::question(this, caption,
+                              tr("%1 already exists.\nDo you want to replace it?").arg(name + ending)) ==
+            QMessageBox::Yes;
+    return replace ? name + ending : QString();
+}
+
 /// Adds the ending that makes it OMM CSV if that form was chosen; empty if the person changes their mind.
 QString VorlixApp::askForElementSaveName()
 {
     QString filter;
     const QString name = QFileDialog::getSaveFileName(this, tr("Select a TLE filename"), view->getTSaveName(),
                                                       elementSaveFilters(), &filter);
-    const QString ending = QStringLiteral(".csv");
-    if (name.isEmpty() || filter != messagesFilter() || name.endsWith(ending, Qt::CaseInsensitive))
+    if (name.isEmpty() || filter != messagesFilter())
         return name;
-    // the dialog has asked about the name without the ending only
-    const bool replace = !QFile::exists(name + ending) ||
-                         agrees(this, tr("Select a TLE filename"),
-                                tr("%1 already exists.\nDo you want to replace it?").arg(name + ending));
-    return replace ? name + ending : QString();
+    return withEnding(name, QStringLiteral(".csv"), tr("Select a TLE filename"));
 }
 
 void VorlixApp::slotFileTLESaveAs()

@@ -155,7 +155,7 @@ void VorlixApp::initMenuBar()
 {
     fileMenu = makeMenu("fileMenu", tr("&File"),
                         {fileOpen, fileUpdate, nullptr, fileSave, fileSaveAs, nullptr, fileTLESave, fileTLESaveAs,
-                         nullptr, filePicture, nullptr, fileQuit});
+                         nullptr, filePicture, nullptr, fileQuit, nullptr, fileExport});
     inputMenu = makeMenu(
         "inputMenu", tr("&Input"),
         {inputSelectSat, inputRemoveSat, inputNextSat, nullptr, inputDate, inputLocation, nullptr, inputIers});
@@ -172,6 +172,7 @@ void VorlixApp::initMenuBar()
                   nullptr,     viewVisibility, viewStep,   viewMagnitude,  nullptr,  viewFontSize, viewLeft,
                   nullptr,     viewSize25,     viewSize50, viewNormalSize, nullptr,  viewToolBar,  viewStatusBar});
     settMenu = makeMenu("settMenu", tr("&Settings"), {settSysConf});
+    editMenu = makeMenu("editMenu", tr("&Edit"), {editCopy});
     helpMenu = makeMenu("helpMenu", tr("&Help"), {helpAbout, helpAboutQt, nullptr, helpQuick, nullptr, whatsThis});
 }
 

@@ -45,6 +45,8 @@ public Q_SLOTS:
     void slotFileTLESaveAs();
     void slotFilePicture();
     void slotFileQuit();
+    void slotFileExport();
+    void slotEditCopy();
 
     void slotInputSelectSat();
     void slotInputRemoveSat();
@@ -132,7 +134,9 @@ private:
     bool calculationGoesOn(const QString& what);
     void calculationOver();
     void run(void (VorlixApp::*slot)());
+    QString withEnding(const QString& name, const QString& ending, const QString& caption);
     QString askForElementSaveName();
+    QString askForExportName();
     void startOrStop(int mode, int milliseconds);
     void scrollHome();
     bool letterKey(int key);
@@ -152,6 +156,7 @@ private:
     QMenu* plotMenu = nullptr;
     QMenu* viewMenu = nullptr;
     QMenu* settMenu = nullptr;
+    QMenu* editMenu = nullptr;
     QMenu* helpMenu = nullptr;
     QToolBar* toolBar = nullptr;
 
@@ -163,6 +168,8 @@ private:
     QAction* fileTLESaveAs = nullptr;
     QAction* filePicture = nullptr;
     QAction* fileQuit = nullptr;
+    QAction* fileExport = nullptr;
+    QAction* editCopy = nullptr;
     QAction* inputSelectSat = nullptr;
     QAction* inputRemoveSat = nullptr;
     QAction* inputNextSat = nullptr;

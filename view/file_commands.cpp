@@ -13,6 +13,7 @@
 #include "record/progress.h"
 #include "record/text.h"
 #include "reports/orbit_track.h"
+#include "reports/save_forms.h"
 #include "view/message_boxes.h"
 
 namespace {
@@ -122,6 +123,8 @@ void VorlixView::vFileSave()
         CmIridium();
         return;
     }
+    if (const auto form = formOfName(fieldText(indata->savename)))
+        return saveListInForm(*form);
     std::string why;
     if (!listPasses(&why))
         return;

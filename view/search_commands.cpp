@@ -12,6 +12,7 @@
 #include "record/progress.h"
 #include "record/text.h"
 #include "record/wout_data.h"
+#include "reports/save_forms.h"
 #include "scan/all_satellites.h"
 #include "scan/iridium_scan.h"
 #include "scan/matching.h"
@@ -49,6 +50,7 @@ bool VorlixView::listPasses(std::string* why)
         *why = reason;
     if (indata->tofile)
         return true;
+    noteListed();
     indata->dspmd = -1;
     showSattxt();
     return true;
@@ -63,6 +65,13 @@ bool VorlixView::vAllSat()
 int VorlixView::listAll()
 {
     vsFileName(indata->savename);
+    if (formOfName(fieldText(indata->savename))) {
+        QMessageBox::information(
+            this, tr("All Passes"),
+            tr("*** This list is a text: choose a save file that ends in .txt by File / Save as. In "
+               "other forms the command \"vorlix passes\" writes it."));
+        return calculationCancelled;
+    }
     const Keep kind(indata->iridflg);
     const Keep flareMagnitude(indata->flrmgf, false);
     if (indata->iridflg != event::iridium && chooseEventKind(indata) && !askDistance())

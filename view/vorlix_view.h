@@ -8,7 +8,9 @@
 
 #include <array>
 #include <cstddef>
+#include <memory>
 #include <optional>
+#include <string>
 #include <vector>
 
 #include <QColor>
@@ -25,6 +27,7 @@
 
 class QImage;
 class QPainter;
+enum class ListForm : int;
 struct DiskFrame;
 struct MapFrame;
 struct SatPosData;
@@ -150,6 +153,11 @@ public:
     /// @return  true if the list was written
     bool vAllSat();
     void vOrbitTrack();
+    /// Writes the report on show into a file, in the form of its ending: a table of passes in any, other reports as text
+    /// or CSV. @return  false after a message
+    bool vExport(const QString& name);
+    /// The report on show to the clipboard, as text and as CSV.
+    void vCopy();
     void vIridium();
     void CmIridium();
     void vMatch();
@@ -239,6 +247,10 @@ private:
     // searches and tables
     bool askDistance();
     bool listPasses(std::string* why = nullptr);
+    void saveListInForm(ListForm form);
+    void noteListed();
+    bool reportIsTable() const;
+    std::optional<std::string> tableInForm(ListForm form);
     int listAll();
     void listMatches();
 
@@ -300,6 +312,9 @@ private:
     QPixmap picPix;     // the picture as loaded,
     QPixmap picBase;    // at the chosen size,
     QPixmap picDsp;     // and with plots on it
+
+    std::unique_ptr<WinpData> listedRecord;  // that the last table of passes was made with,
+    std::string listedText;                  // and its lines
 
     // what of a plot need not be painted again by the next one
     std::optional<DrawnLegend> legend;  // in mapPix

@@ -1,7 +1,9 @@
 // Start and end of a run, whatever the files hold; the questions of the file menu; what quitting saves.
 
+#include <QClipboard>
 #include <QFileDialog>
 #include <QInputDialog>
+#include <QMimeData>
 #include <QScrollArea>
 #include <QSpinBox>
 #include <QStatusBar>
@@ -153,6 +155,38 @@ private Q_SLOTS:
         QCOMPARE(place->read("mine.csv"), QByteArray("precious"));
         QCOMPARE(follow(saving + "| press Yes\n| see; accept"), QStringList(done));
         QCOMPARE(place->read("mine.csv"), saved);
+    }
+
+    void theReportLeavesInOtherForms()
+    {
+        cleanup();
+        open(dataFile("vienna.cfg"));
+        const QString exported = "fileExport\n| form %1; file %2\n";
+        QCOMPARE(follow(exported.arg("Calendar (*.ics)", "report") + "| see; accept"),
+                 QStringList("*** This report is no table of passes: choose a name that ends in .txt or .csv"));
+        choose("editCopy");
+        QCOMPARE(QGuiApplication::clipboard()->text().split('\n').value(0), report().value(0));
+
+        windows::select("SEASAT 1");
+        choose("calcAOS");
+        follow(exported.arg("Comma separated (*.csv)", "passes") + exported.arg("Text (*.txt)", "passes") +
+               exported.arg("all files (*.*)", "passes.json"));
+        const QByteArray csv = place->read("passes.csv");
+        QVERIFY(indata->naos > 0 && csv.startsWith("name,catalogue_number,"));
+        QCOMPARE(csv.count('\n'), indata->naos + 1);
+        QCOMPARE(QString(place->read("passes.txt")), report().join('\n') + '\n');
+        QVERIFY(place->read("passes.json").startsWith("{\"request\": "));
+        const double before = indata->satel;
+        indata->satel = 80.0;  // the list on the screen stays what it is
+        choose("Ctrl+Shift+C");
+        QCOMPARE(QGuiApplication::clipboard()->mimeData()->data("text/csv"), csv);
+
+        canvas()->setSaveName(place->path("saved.csv"));
+        indata->satel = before;
+        QCOMPARE(follow("fileSave\n| see; accept"), QStringList("Saved on File saved.csv"));
+        QCOMPARE(place->read("saved.csv"), csv);
+        QVERIFY(follow("calcAllSats\n| see; accept").value(0).startsWith("*** This list is a text"));
+        QCOMPARE(place->read("saved.csv"), csv);
     }
 
     void theFontSizeCommandOffersThreeSizes()

@@ -1,0 +1,110 @@
+// Lists that leave the window in other forms than its own text: files by their ending, and the clipboard.
+
+#include "view/vorlix_view.h"
+
+#include <QClipboard>
+#include <QFile>
+#include <QGuiApplication>
+#include <QMessageBox>
+#include <QMimeData>
+
+#include "engine/aos_list.h"
+#include "exports/rows.h"
+#include "record/keep.h"
+#include "record/text.h"
+#include "record/wout_data.h"
+#include "reports/save_forms.h"
+#include "scan/save_lines.h"
+#include "view/calculation.h"
+
+namespace {
+
+/// The report on show as lines.
+std::string reportText()
+{
+    std::string text;
+    for (int line = 0; line < outdata->nlines; ++line)
+        (text += lineText(*outdata, line)) += '\n';
+    return text;
+}
+
+/// The report as a table of one column.
+std::string reportCsv()
+{
+    static constexpr ListColumn columns[] = {{"line", nullptr}};
+    std::string text = csvHeader(columns);
+    for (int line = 0; line < outdata->nlines; ++line)
+        text += csvLine(columns, {std::string(lineText(*outdata, line))});
+    return text;
+}
+
+}  // namespace
+
+/// The passes of the prime satellite into the save file, in the form of its ending.
+void VorlixView::saveListInForm(ListForm form)
+{
+    const Keep kind(indata->iridflg);
+    const Keep flareMagnitude(indata->flrmgf, false);
+    if (chooseEventKind(indata) && !askDistance())
+        return;
+    std::string text;
+    if (!calculated([&] { text = passListText(indata, form); }))
+        return;
+    if (writeInForm(indata, form, text))
+        QMessageBox::information(this, tr("Vorlix"), tr("Saved on File ") + fieldQString(indata->savename));
+    else
+        QMessageBox::information(this, tr("Vorlix"), tr("*** Problems with the output file"));
+}
+
+/// The table on show in another form, from the record that it was made with; nothing if there is none.
+std::optional<std::string> VorlixView::tableInForm(ListForm form)
+{
+    if (!listedRecord || outdata->nlines == 0 || !reportIsTable())
+        return std::nullopt;
+    WinpData record = *listedRecord;
+    record.sgpsat = noSlot;
+    std::string text;
+    const bool whole = calculated([&] { text = passListText(&record, form); });
+    indata->sgpsat = noSlot;
+    return whole ? std::optional(text) : std::nullopt;
+}
+
+/// Whether the report is still the table that `listedRecord` belongs to.
+bool VorlixView::reportIsTable() const
+{
+    return reportText() == listedText;
+}
+
+void VorlixView::noteListed()
+{
+    listedRecord = std::make_unique<WinpData>(*indata);
+    listedText = reportText();
+}
+
+bool VorlixView::vExport(const QString& name)
+{
+    const std::string path = QFile::encodeName(name).toStdString();
+    const std::optional<ListForm> form = formOfName(path);
+    std::optional<std::string> text = form ? tableInForm(*form) : std::optional(reportText());
+    if (!text && form == ListForm::csv)
+        text = reportCsv();
+    if (!text) {
+        QMessageBox::information(
+            this, tr("Export"), tr("*** This report is no table of passes: choose a name that ends in .txt or .csv"));
+        return false;
+    }
+    if (!replaceFile(path.c_str(), *text)) {
+        QMessageBox::information(this, tr("Export"), tr("*** Problems with the output file"));
+        return false;
+    }
+    return true;
+}
+
+void VorlixView::vCopy()
+{
+    auto* copy = new QMimeData;
+    copy->setText(textQString(reportText()));
+    copy->setData(QStringLiteral("text/csv"),
+                  QByteArray::fromStdString(tableInForm(ListForm::csv).value_or(reportCsv())));
+    QGuiApplication::clipboard()->setMimeData(copy);
+}
