@@ -10,14 +10,18 @@
 #include "cli/sorter.h"
 #include "cli/times.h"
 #include "record/text.h"
+#include "record/wout_data.h"
 #include "scan/all_satellites.h"
+#include "scan/matching.h"
 
 #include <QDir>
 #include <QRegularExpression>
 #include <QTime>
 #include <algorithm>
 #include <array>
+#include <memory>
 #include <optional>
+#include <set>
 #include <tuple>
 
 #include <gtest/gtest.h>
@@ -141,6 +145,49 @@ TEST(Passes, AreThoseOfTheWindowToTheSecond)
         EXPECT_EQ(found[i].name, expected[i].name);
         for (std::size_t k = 0; k < 3; ++k)
             EXPECT_LE(std::abs(found[i].times[k].msecsTo(expected[i].times[k])), 501) << found[i].name;
+    }
+}
+
+/// The catalogue numbers that fit a sighting, by the report of the window.
+std::multiset<std::string> matchesOfWindow(const char* fields)
+{
+    WinpData in;
+    setDefaults(&in);
+    setFields(in,
+              std::string("visflg=0 satel=10 sunel=90 lat=48.2 lng=16.4 height=200 mjd=58138.70833333333 ") + fields);
+    assignField(in.tlename, TEST_DATA "/elements/catalogue_2018.txt");
+    const auto out = std::make_unique<WoutData>();
+    EXPECT_EQ(SatMatch(&in, out.get()), 0);
+    std::multiset<std::string> numbers;
+    for (int line = 0; line < out->nlines; ++line)
+        if (lineText(*out, line).rfind(" NORAD#:", 0) == 0)
+            numbers.insert(QString::fromUtf8(lineText(*out, line).substr(8, 6).data(), 6).trimmed().toStdString());
+    return numbers;
+}
+
+struct SightingCase
+{
+    const char* words;
+    const char* fields;
+};
+
+TEST(Matches, AreThoseOfTheWindow)
+{
+    const SightingCase cases[] = {
+        {"--azel 253,23 --radius 25 --window 3", "rdf=0 az=253 el=23 mxa=25 tm=3"},
+        {"--azel 253,23 --radius 60 --window 1 --direction 90", "rdf=0 az=253 el=23 mxa=60 tm=1 drf=1 dra=90"},
+        {"--radec 345,30 --radius 40 --window 5", "rdf=1 az=23 el=30 mxa=40 tm=5"},
+    };
+    for (const SightingCase& c : cases) {
+        std::vector<std::string> words = wordsOfLine(c.words);
+        words.insert(words.begin(), {"match", "--at", "2018-01-20T17:00:00Z", "--all", "--format", "csv",
+                                     "--elements", TEST_DATA "/elements/catalogue_2018.txt"});
+        std::multiset<std::string> found;
+        for (const std::string& line : linesOf(runEvening(words).out))
+            found.insert(QString::fromStdString(line).section(QLatin1Char(','), 1, 1).toStdString());
+        found.erase("catalogue_number");
+        EXPECT_EQ(found, matchesOfWindow(c.fields)) << c.words;
+        EXPECT_GE(found.size(), 3) << c.words;
     }
 }
 
