@@ -10,6 +10,7 @@ import csv
 import io
 import json
 import re
+import signal
 import subprocess
 import sys
 from datetime import datetime, timedelta, timezone
@@ -113,6 +114,21 @@ def check_ephemeris(frame):
             assert abs(mean - float(now[axis + 3])) < 0.006, (frame, now)
 
 
+def check_end(act, signal_number):
+    """A long list is ended after its first line: nothing is said, and no line is half."""
+    words = [vorlix, "passes", *SITE, *COMMON, "--days", "200", "--order", "entry", "--format", "ndjson"]
+    with subprocess.Popen(words, stdout=subprocess.PIPE, stderr=subprocess.PIPE) as running:
+        first = running.stdout.readline()
+        act(running)
+        rest = b"" if running.stdout.closed else running.stdout.read()
+        assert running.stderr.read() == b""
+        assert running.wait() == -signal_number
+        for line in (first + rest).splitlines():
+            json.loads(line)
+
+
+check_end(lambda running: running.send_signal(signal.SIGINT), signal.SIGINT)
+check_end(lambda running: running.stdout.close(), signal.SIGPIPE)
 check_lists()
 check_calendar("passes", LISTS["passes"], "start")
 check_calendar("events", LISTS["events"], "time")
