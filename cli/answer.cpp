@@ -2,6 +2,7 @@
 
 #include "cli/words.h"
 
+#include <set>
 #include <utility>
 
 namespace {
@@ -85,16 +86,27 @@ void Answer::addText(double time, std::string item)
     if (full())
         return;
     ++taken;
+    const int element = static_cast<int>(used.size()) - 1;
     if (sorts)
-        sorter.add(time, std::move(item));
+        sorter.add(time, std::move(item), element);
     else
-        give(item);
+        give(item, element);
 }
 
-void Answer::use(const UsedElements& elements)
+void Answer::use(const UsedElements& elements, bool always)
 {
     if (session.request.form == ListForm::json)
-        used.push_back(elements);
+        used.emplace_back(elements, always);
+}
+
+std::vector<UsedElements> Answer::namedElements() const
+{
+    std::vector<UsedElements> named;
+    std::set<std::pair<long long, double>> seen;  // several kinds of events may come of the same elements
+    for (const auto& [elements, isNamed] : used)
+        if (isNamed && seen.emplace(elements.satellite.number, elements.epoch).second)
+            named.push_back(elements);
+    return named;
 }
 
 bool Answer::full() const
@@ -103,12 +115,14 @@ bool Answer::full() const
 }
 
 /// False once no more are wanted.
-bool Answer::give(const std::string& item)
+bool Answer::give(const std::string& item, int element)
 {
     if (closed || (session.request.limit && given >= *session.request.limit))
         return false;
     begin();
     ++given;
+    if (element >= 0)
+        used[static_cast<std::size_t>(element)].second = true;
     if (!lists || !document.joinsItems())
         return write(item);
     const bool goesOn = pending.empty() || write(pending + ",\n");
@@ -128,11 +142,11 @@ Problem Answer::end(const Problem& before)
     if (before && !begun && taken == 0)
         return before;
     begin();
-    const bool whole = sorter.giveAll([&](const std::string& item) { return give(item); });
+    const bool whole = sorter.giveAll([&](const std::string& item, int element) { return give(item, element); });
     if (!pending.empty())
         write(pending + '\n');
     if (lists)
-        write(document.tail(used));
+        write(document.tail(namedElements()));
     if (!whole)
         return {status::unreadable, "vorlix: there is no room for the list in the folder of temporary files"};
     if (closed && !session.request.output.empty())

@@ -8,6 +8,7 @@
 
 #include <memory>
 #include <string>
+#include <utility>
 #include <vector>
 
 class Answer
@@ -24,8 +25,10 @@ public:
     /// A text of its own, out of order and outside the limit.
     void put(std::string_view text);
 
-    /// Tells whose elements an answer in JSON names.
-    void use(const UsedElements& elements);
+    /// Tells whose elements the rows that come next are made of; an answer in JSON names those of the rows in it.
+    ///
+    /// @param always  also without a row
+    void use(const UsedElements& elements, bool always = false);
 
     /// Whether no more rows are wanted: the limit is reached, or nobody reads.
     bool full() const;
@@ -39,7 +42,8 @@ public:
 
 private:
     void begin();
-    bool give(const std::string& item);
+    bool give(const std::string& item, int element);
+    std::vector<UsedElements> namedElements() const;
     bool write(std::string_view text);
 
     const Session& session;
@@ -48,11 +52,11 @@ private:
     bool lists;  // and not element sets
     Sorter sorter;
     bool sorts;
-    bool begun = false;   // the output is open
-    bool closed = false;  // nobody reads
-    long long taken = 0;  // rows that came
-    long long given = 0;  // rows that went out
-    std::string pending;  // a joined item that waits for its separator
-    std::vector<UsedElements> used;
+    bool begun = false;                               // the output is open
+    bool closed = false;                              // nobody reads
+    long long taken = 0;                              // rows that came
+    long long given = 0;                              // rows that went out
+    std::string pending;                              // a joined item that waits for its separator
+    std::vector<std::pair<UsedElements, bool>> used;  // and whether the answer names them
     FilePtr file;
 };

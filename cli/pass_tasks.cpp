@@ -109,7 +109,7 @@ Problem findContacts(const Session& session, const Channels& channels, Answer& a
     in->rlm = 1;
     in->sgpsat = noSlot;
     for (const int slot : {primeSlot, otherSlot})
-        answer.use({nameOf(*in, slot), in->mjdep[slot]});
+        answer.use({nameOf(*in, slot), in->mjdep[slot]}, true);
     eachPass(*in, session, [&](const Pass& pass) {
         answer.add(pass.tm[0], contactRow(*in, primeSlot, otherSlot, pass));
         return !answer.full();

@@ -7,19 +7,19 @@ namespace {
 
 constexpr std::size_t mostRuns = 200;  // open files; what comes after stays in memory
 
-bool writeItem(std::FILE* file, double time, const std::string& text)
+bool writeItem(std::FILE* file, double time, int tag, const std::string& text)
 {
     const std::size_t size = text.size();
-    return std::fwrite(&time, sizeof time, 1, file) == 1 && std::fwrite(&size, sizeof size, 1, file) == 1 &&
-           std::fwrite(text.data(), 1, size, file) == size;
+    return std::fwrite(&time, sizeof time, 1, file) == 1 && std::fwrite(&tag, sizeof tag, 1, file) == 1 &&
+           std::fwrite(&size, sizeof size, 1, file) == 1 && std::fwrite(text.data(), 1, size, file) == size;
 }
 
 }  // namespace
 
-void Sorter::add(double time, std::string text)
+void Sorter::add(double time, std::string text, int tag)
 {
     bytes += text.size() + sizeof(Item);
-    waiting.push_back({time, std::move(text)});
+    waiting.push_back({time, tag, std::move(text)});
     if (bytes > room && runs.size() < mostRuns)
         spill();
 }
@@ -36,7 +36,7 @@ void Sorter::spill()
     Run run{FilePtr(std::tmpfile())};
     bool written = run.file != nullptr;
     for (const Item& item : waiting)
-        written = written && writeItem(run.file.get(), item.time, item.text);
+        written = written && writeItem(run.file.get(), item.time, item.tag, item.text);
     written = written && std::fflush(run.file.get()) == 0;
     failed = failed || !written;
     if (written) {
@@ -53,7 +53,8 @@ void Sorter::Run::readNext()
     left = std::fread(&item.time, sizeof item.time, 1, file.get()) == 1;
     if (!left)
         return;
-    left = std::fread(&size, sizeof size, 1, file.get()) == 1;
+    left = std::fread(&item.tag, sizeof item.tag, 1, file.get()) == 1 &&
+           std::fread(&size, sizeof size, 1, file.get()) == 1;
     if (left) {
         item.text.resize(size);
         left = std::fread(item.text.data(), 1, size, file.get()) == size;
@@ -61,7 +62,7 @@ void Sorter::Run::readNext()
     damaged = !left;
 }
 
-bool Sorter::giveAll(const std::function<bool(const std::string&)>& take)
+bool Sorter::giveAll(const std::function<bool(const std::string& text, int tag)>& take)
 {
     sortWaiting();
     for (Run& run : runs)
@@ -73,9 +74,10 @@ bool Sorter::giveAll(const std::function<bool(const std::string&)>& take)
         });
         const bool inFile = first != runs.end() && first->left;
         if (next < waiting.size() && (!inFile || waiting[next].time < first->item.time)) {
-            wanted = take(waiting[next++].text);
+            wanted = take(waiting[next].text, waiting[next].tag);
+            ++next;
         } else if (inFile) {
-            wanted = take(first->item.text);
+            wanted = take(first->item.text, first->item.tag);
             first->readNext();
             failed = failed || first->damaged;
         } else {

@@ -15,17 +15,19 @@ public:
     /// @param mostBytes  of texts in memory before they go to a file
     explicit Sorter(std::size_t mostBytes) : room(mostBytes) {}
 
-    void add(double time, std::string text);
+    /// @param tag  comes back with the text
+    void add(double time, std::string text, int tag = 0);
 
     /// Calls `take` for each text until it returns false. Afterwards nothing is left.
     ///
     /// @return  false if a file could not be written or read
-    bool giveAll(const std::function<bool(const std::string&)>& take);
+    bool giveAll(const std::function<bool(const std::string& text, int tag)>& take);
 
 private:
     struct Item
     {
         double time;
+        int tag;
         std::string text;
     };
 

@@ -125,11 +125,8 @@ Problem eachSatellite(const Session& session, const Channels& channels, Answer& 
 {
     EntryWalk walk(session, channels, [&] { return answer.full(); });
     const Problem problem = walk.oneByOne(*session.record, [&](WinpData& in) {
-        const UsedElements used{nameOf(in, primeSlot), in.mjdep[primeSlot]};
-        const long long before = answer.count();
+        answer.use({nameOf(in, primeSlot), in.mjdep[primeSlot]});
         take(in);
-        if (answer.count() > before)
-            answer.use(used);
     });
     channels.err(walk.missing());
     return problem;

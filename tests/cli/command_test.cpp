@@ -232,13 +232,14 @@ TEST(Sorter, GivesTextsByTimeFromMemoryAndFiles)
     std::vector<std::string> expected;
     for (int i = 0; i < 500; ++i) {
         const int time = i * 7919 % 100;
-        sorter.add(time, std::to_string(1000 * time + i));
+        sorter.add(time, std::to_string(1000 * time + i), i);
         expected.push_back(std::to_string(1000 * time + i));
     }
     std::stable_sort(expected.begin(), expected.end(),
                      [](const auto& a, const auto& b) { return std::stoi(a) < std::stoi(b); });
     std::vector<std::string> given;
-    EXPECT_TRUE(sorter.giveAll([&](const std::string& text) {
+    EXPECT_TRUE(sorter.giveAll([&](const std::string& text, int tag) {
+        EXPECT_EQ(std::stoi(text) % 1000, tag);
         given.push_back(text);
         return true;
     }));
