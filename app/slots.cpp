@@ -177,9 +177,7 @@ QString VorlixApp::withEnding(const QString& name, const QString& ending, const 
         return name;
     const bool replace =
         !QFile::exists(name + ending) ||
-        QMessageBox::question(this, caption,
-                              tr("%1 already exists.\nDo you want to replace it?").arg(name + ending)) ==
-            QMessageBox::Yes;
+        agrees(this, caption, tr("%1 already exists.\nDo you want to replace it?").arg(name + ending));
     return replace ? name + ending : QString();
 }
 

@@ -204,7 +204,7 @@ std::string furtherSteps(WinpData* in, double t, int mode)
 }
 
 /// The steps in the form that the ending of the save file asks for.
-bool savePassInForm(ListForm form, bool groundTrack)
+bool savePassInForm(ListForm form, bool groundTrack, std::string& why)
 {
     const LongCalculation calculation;
     const auto before = std::make_unique<RecordsBefore>(*indata);
@@ -213,7 +213,8 @@ bool savePassInForm(ListForm form, bool groundTrack)
         before->putBack(indata);
         return false;
     }
-    return writeInForm(indata, form, text);
+    why = writeInForm(indata, form, text);
+    return why.empty();
 }
 
 }  // namespace
@@ -286,8 +287,10 @@ int vsGetPassDTxt(double& t, QString& text, bool pole)
 
 bool vsSavePassDt(int mode, std::string* why)
 {
+    std::string ignored;
+    std::string& reason = why ? *why : ignored;
     if (const auto form = formOfName(fieldText(indata->savename)))
-        return savePassInForm(*form, mode == passform::groundTrack);
+        return savePassInForm(*form, mode == passform::groundTrack, reason);
     const LongCalculation calculation;
     const auto before = std::make_unique<RecordsBefore>(*indata);
     char first[passDetailsRoom];
@@ -303,9 +306,7 @@ bool vsSavePassDt(int mode, std::string* why)
     // an old file is given up only for something new
     const ReportFile file(indata->savename, indata->newsave && listed ? "w" : "a");
     std::fputs(text.c_str(), outptr);
-    const std::string reason = file.save();
-    if (why)
-        *why = reason;
+    reason = file.save();
     if (!reason.empty())
         return false;
     if (listed)

@@ -1,5 +1,6 @@
 #include "reports/save_forms.h"
 
+#include "elements/element_file.h"
 #include "engine/aos_list.h"
 #include "engine/pass_search.h"
 #include "engine/position.h"
@@ -10,12 +11,15 @@
 #include "record/text.h"
 #include "reports/list_rows.h"
 #include "reports/pass_details.h"
+#include "scan/entries.h"
+#include "scan/entry_task.h"
 #include "scan/save_lines.h"
 
 #include <QString>
 #include <algorithm>
 #include <array>
 #include <functional>
+#include <memory>
 #include <utility>
 #include <vector>
 
@@ -72,8 +76,12 @@ public:
     GrowingList(ListForm form, const ListKind& kind, const ListRequest& request, const WinpData& in)
         : document(form, kind, request, in), text(document.head())
     {
-        used.push_back({nameOf(in, in.prs), in.mjdep[in.prs]});
+        if (!request.satellites.empty())
+            use(in, in.prs);
     }
+    /// The elements of a slot belong to the list.
+    void use(const WinpData& in, int slot) { used.push_back({nameOf(in, slot), in.mjdep[slot]}); }
+    std::string itemOf(const ListRow& row) const { return document.item(row); }
     void add(const ListRow& row) { addItem(document.item(row)); }
     void addItem(const std::string& item) { text += (document.joinsItems() && count++ > 0 ? ",\n" : "") + item; }
     std::string whole() const
@@ -187,6 +195,20 @@ std::string line(WinpData* in, const PassSpan& span)
     return list.whole();
 }
 
+/// A pass or an event of the list of the prime satellite, in its form.
+std::string listedItem(WinpData* in, ListForm form, const GrowingList& list, const Pass& pass,
+                       const Crossing& crossing)
+{
+    if (relativeMode(*in))
+        return list.itemOf(contactRow(*in, in->prs, secondSatellite(*in), pass));
+    if (in->iridflg > event::plain)
+        return list.itemOf(eventRow(*in, in->prs, pass, crossing));
+    const ListRow row = passRowOf(*in, in->prs, pass);
+    if (form != ListForm::geojson)
+        return list.itemOf(row);
+    return lineBelow(in, pass.tm[0], pass.tm[2], lineStepDays, jsonObject(passColumns(), row));
+}
+
 }  // namespace
 
 std::optional<ListForm> formOfName(std::string_view name)
@@ -203,17 +225,51 @@ std::string passListText(WinpData* in, ListForm form)
     const Listing listing = listingOf(*in);
     const double from = startMjd(in);
     const double to = from + heldSpan(in->dur);
-    const bool lines = form == ListForm::geojson && in->iridflg == event::plain;
     GrowingList list(form, listing.kind, requestOf(*in, listing.task, from, to), *in);
     eachListed(in, from, to, [&](const Pass& pass, const Crossing& crossing) {
-        const ListRow row = relativeMode(*in)            ? contactRow(*in, in->prs, secondSatellite(*in), pass)
-                            : in->iridflg > event::plain ? eventRow(*in, in->prs, pass, crossing)
-                                                         : passRowOf(*in, in->prs, pass);
-        if (lines)
-            list.addItem(lineBelow(in, pass.tm[0], pass.tm[2], lineStepDays, jsonObject(listing.kind.columns, row)));
-        else
-            list.add(row);
+        list.addItem(listedItem(in, form, list, pass, crossing));
     });
+    return list.whole();
+}
+
+std::optional<std::string> allPassesText(WinpData* in, ListForm form)
+{
+    struct Found
+    {
+        std::vector<std::pair<double, std::string>> items;  // with their times
+    };
+    const FilePtr elements = openElementFile(in->tlename);
+    if (!elements)
+        return std::nullopt;
+    const auto record = std::make_unique<WinpData>(*in);
+    record->rlm = 0;
+    record->satn = std::max(1, record->satn);
+    const double from = startMjd(in);
+    const double to = from + heldSpan(in->dur);
+    const Listing listing = listingOf(*record);
+    ListRequest request = requestOf(*record, listing.task, from, to);
+    request.satellites.clear();
+    GrowingList list(form, listing.kind, request, *record);
+    Found all;
+    const auto search = [&](WinpData* own) {
+        Found found;
+        eachListed(own, from, to, [&](const Pass& pass, const Crossing& crossing) {
+            const double time = pass.tm[own->iridflg > event::plain ? 1 : 0];
+            found.items.emplace_back(time, listedItem(own, form, list, pass, crossing));
+        });
+        return found;
+    };
+    const auto takeOver = [&](const Found& found, const WinpData& own) {
+        if (!found.items.empty())
+            list.use(own, own.prs);
+        all.items.insert(all.items.end(), found.items.begin(), found.items.end());
+    };
+    Entries entries(record.get(), elements.get());
+    shareEntries<Found>(entries, record.get(), record->prs, search, takeOver);
+    std::stable_sort(all.items.begin(), all.items.end(),
+                     [](const auto& one, const auto& other) { return one.first < other.first; });
+    for (const auto& [time, item] : all.items)
+        list.addItem(item);
     return list.whole();
 }
 
@@ -234,7 +290,7 @@ std::string trackText(WinpData* in, ListForm form)
     return form == ListForm::geojson ? line(in, span) : steps(in, form, span, true);
 }
 
-bool writeInForm(WinpData* in, ListForm form, const std::string& text)
+std::string writeInForm(WinpData* in, ListForm form, const std::string& text)
 {
     std::string content = text;
     if (form == ListForm::csv && in->newsave == 0) {
@@ -243,8 +299,9 @@ bool writeInForm(WinpData* in, ListForm form, const std::string& text)
         if (before.compare(0, heading, text, 0, heading) == 0)
             content = before + text.substr(heading);
     }
-    if (text.empty() || !replaceFile(in->savename, content))
-        return false;
-    in->newsave = 0;
-    return true;
+    std::string why =
+        text.empty() ? "The list does not fit into a file of this form" : replaceFile(in->savename, content);
+    if (why.empty())
+        in->newsave = 0;
+    return why;
 }

@@ -18,6 +18,10 @@ std::optional<ListForm> formOfName(std::string_view name);
 /// `iridflg` says what is looked for. Uses `satpos`; a calculation that the listener ends gives a part of the list.
 std::string passListText(WinpData* in, ListForm form);
 
+/// The same for every entry of the element file, in time order and never in relative mode; nothing if the file cannot be
+/// opened.
+std::optional<std::string> allPassesText(WinpData* in, ListForm form);
+
 /// The steps of the pass `aossel` of the last table: places in the sky, or points below the satellite. In a calendar it
 /// is the pass itself that stands, in GeoJSON the line below the satellite.
 std::string passStepsText(WinpData* in, ListForm form, bool groundTrack);
@@ -31,5 +35,5 @@ std::string trackText(WinpData* in, ListForm form);
 /// its name was chosen (`newsave` 0) goes on with further rows if they have the same columns; any other file is
 /// replaced as a whole. `newsave` is 0 afterwards if the file was written.
 ///
-/// @return  false if the file cannot be written, or if the text is empty
-bool writeInForm(WinpData* in, ListForm form, const std::string& text);
+/// @return  why nothing was written, for a reader, as of an empty text; empty if all was
+[[nodiscard]] std::string writeInForm(WinpData* in, ListForm form, const std::string& text);

@@ -5,17 +5,18 @@
 #include <QClipboard>
 #include <QFile>
 #include <QGuiApplication>
-#include <QMessageBox>
 #include <QMimeData>
 
 #include "engine/aos_list.h"
 #include "exports/rows.h"
+#include "record/files.h"
 #include "record/keep.h"
+#include "record/progress.h"
 #include "record/text.h"
 #include "record/wout_data.h"
 #include "reports/save_forms.h"
-#include "scan/save_lines.h"
 #include "view/calculation.h"
+#include "view/message_boxes.h"
 
 namespace {
 
@@ -50,10 +51,23 @@ void VorlixView::saveListInForm(ListForm form)
     std::string text;
     if (!calculated([&] { text = passListText(indata, form); }))
         return;
-    if (writeInForm(indata, form, text))
-        QMessageBox::information(this, tr("Vorlix"), tr("Saved on File ") + fieldQString(indata->savename));
+    const std::string why = writeInForm(indata, form, text);
+    if (why.empty())
+        inform(this, tr("Vorlix"), tr("Saved on File ") + fieldQString(indata->savename));
     else
-        QMessageBox::information(this, tr("Vorlix"), tr("*** Problems with the output file"));
+        warn(this, tr("Vorlix"), nothingWritten(fieldQString(indata->savename), textQString(why)));
+}
+
+/// As AllSatAos, in the form of the save file's ending. @return  what AllSatAos returns
+int VorlixView::listAllInForm(ListForm form, std::string& why)
+{
+    std::optional<std::string> text;
+    if (!calculated([&] { text = allPassesText(indata, form); }))
+        return calculationCancelled;
+    if (!text)
+        return 2;
+    why = writeInForm(indata, form, *text);
+    return why.empty() ? 0 : 1;
 }
 
 /// The table on show in another form, from the record that it was made with; nothing if there is none.
@@ -89,15 +103,14 @@ bool VorlixView::vExport(const QString& name)
     if (!text && form == ListForm::csv)
         text = reportCsv();
     if (!text) {
-        QMessageBox::information(
-            this, tr("Export"), tr("*** This report is no table of passes: choose a name that ends in .txt or .csv"));
+        inform(this, tr("Export"),
+               tr("*** This report is no table of passes: choose a name that ends in .txt or .csv"));
         return false;
     }
-    if (!replaceFile(path.c_str(), *text)) {
-        QMessageBox::information(this, tr("Export"), tr("*** Problems with the output file"));
-        return false;
-    }
-    return true;
+    const std::string why = replaceFile(path.c_str(), *text);
+    if (!why.empty())
+        warn(this, tr("Export"), nothingWritten(name, textQString(why)));
+    return why.empty();
 }
 
 void VorlixView::vCopy()

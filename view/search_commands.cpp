@@ -65,11 +65,10 @@ bool VorlixView::vAllSat()
 int VorlixView::listAll()
 {
     vsFileName(indata->savename);
-    if (formOfName(fieldText(indata->savename))) {
-        QMessageBox::information(
-            this, tr("All Passes"),
-            tr("*** This list is a text: choose a save file that ends in .txt by File / Save as. In "
-               "other forms the command \"vorlix passes\" writes it."));
+    const auto form = formOfName(fieldText(indata->savename));
+    if (form && indata->iridflg == event::iridium) {
+        inform(this, tr("All Passes"),
+               tr("*** Flares of mirrors are written as text: choose a save file that ends in .txt"));
         return calculationCancelled;
     }
     const Keep kind(indata->iridflg);
@@ -78,7 +77,9 @@ int VorlixView::listAll()
         return calculationCancelled;
     int result = 0;
     std::string why;
-    {
+    if (form) {
+        result = listAllInForm(*form, why);
+    } else {
         const WaitCursor wait;
         result = AllSatAos(indata, &why);
     }

@@ -248,6 +248,7 @@ private:
     bool askDistance();
     bool listPasses(std::string* why = nullptr);
     void saveListInForm(ListForm form);
+    int listAllInForm(ListForm form, std::string& why);
     void noteListed();
     bool reportIsTable() const;
     std::optional<std::string> tableInForm(ListForm form);

@@ -8,6 +8,7 @@
 #include "reports/orbit_track.h"
 #include "reports/pass_details.h"
 #include "reports/report_helper.h"
+#include "scan/all_satellites.h"
 
 #include <QDateTime>
 #include <QJsonArray>
@@ -71,6 +72,21 @@ TEST_F(SavedForm, HoldsThePassesOfTheTable)
     EXPECT_EQ(linesIn(passListText(indata, ListForm::csv)), indata->naos + 1);
 }
 
+TEST_F(SavedForm, HoldsAllPasses)
+{
+    indata->dur = 1.0;
+    assignField(indata->tlename, TEST_DATA "/reports/three_entries.txt");
+    ASSERT_EQ(AllSatAos(indata), 0);
+    const std::string text = saved();
+    long passes = 0;
+    for (std::size_t at = text.find("\nJAN "); at != std::string::npos; at = text.find("\nJAN ", at + 1))
+        ++passes;
+    ASSERT_GT(passes, 5);
+    EXPECT_EQ(linesIn(*allPassesText(indata, ListForm::csv)), passes + 1);
+    assignField(indata->tlename, "missing.txt");
+    EXPECT_EQ(allPassesText(indata, ListForm::csv), std::nullopt);
+}
+
 TEST_F(SavedForm, HoldsTheStepsOfTheDetails)
 {
     EXPECT_TRUE(vsSavePassDt(passform::groundTrack));
@@ -102,10 +118,10 @@ TEST_F(SavedForm, OfCsvGoesOnUnderTheSameColumns)
     indata->dur = 1.0;
     saveAs("list.csv");
     const std::string list = passListText(indata, ListForm::csv);
-    EXPECT_TRUE(writeInForm(indata, ListForm::csv, list));
-    EXPECT_TRUE(writeInForm(indata, ListForm::csv, list));
+    EXPECT_EQ(writeInForm(indata, ListForm::csv, list), "");
+    EXPECT_EQ(writeInForm(indata, ListForm::csv, list), "");
     EXPECT_EQ(linesIn(ScratchDir::read("list.csv")), 2 * linesIn(list) - 1);
-    EXPECT_TRUE(writeInForm(indata, ListForm::csv, "other\r\n1\r\n"));
+    EXPECT_EQ(writeInForm(indata, ListForm::csv, "other\r\n1\r\n"), "");
     EXPECT_EQ(ScratchDir::read("list.csv"), "other\r\n1\r\n");
 }
 
