@@ -1,20 +1,13 @@
 // The table of the passes or events of the prime satellite, and what it shares with the scan of a whole file.
 #pragma once
 
+#include "engine/pass.h"
+
 #include <string>
 
 struct WinpData;
 struct WoutData;
 class TextWriter;
-
-/// A pass as `nextpass` gives it: start, maximum and end; or an event at index 1, with its distance or magnitude in
-/// `b[2]`.
-struct Pass
-{
-    double tm[3] = {};  // MJD UTC
-    double a[3] = {};   // elevation, degrees
-    double b[3] = {};   // azimuth, degrees
-};
 
 /// Where the search for the pass after this one starts: behind one of a fast satellite an hour is left out.
 double timeAfterPass(const WinpData& in, int isat, const Pass& pass);

@@ -8,17 +8,12 @@
 
 #include "astro/vec3.h"
 #include "engine/aos_list.h"
+#include "engine/prediction.h"
 #include "engine/satpos_data.h"
 #include "record/winp_data.h"
 
 constexpr double minuteDays = 1.0 / 1440.0;
 constexpr double secondDays = 1.0 / 86400.0;
-
-/// A place on the ground, degrees and metres.
-struct Site
-{
-    double lat, lng, height;
-};
 
 constexpr Site vienna{48.25, 16.5, 200.0};
 

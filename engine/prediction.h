@@ -1,0 +1,127 @@
+// Where a satellite stands for an observer and when it passes, as functions of values:
+//
+//   const Orbit orbit = orbitOf(record, slot);
+//   const Site vienna{48.2, 16.4, 180.0};
+//   const Position now = predictPosition(orbit, 58138.75, vienna);
+//   for (const Pass& pass : predictPasses(orbit, vienna, 58138.0, 58141.0))
+//       use(pass.tm[1], pass.a[1]);
+//
+// Times are MJD on the UTC scale, angles degrees. Nothing here keeps or changes anything outside of its arguments, so
+// that any number of threads may call it at the same time. The figures are to the last bit those of GetSatPos and
+// nextpass on a record with the same values.
+#pragma once
+
+#include <memory>
+#include <optional>
+#include <vector>
+
+#include "astro/vec3.h"
+#include "engine/magnitude.h"
+#include "engine/pass.h"
+#include "orbit/orbit.h"
+
+/// An observer on the ellipsoid. Any number does: angles are not reduced, senseless ones are clamped.
+struct Site
+{
+    double lat = 0;     // north positive
+    double lng = 0;     // east positive
+    double height = 0;  // metres
+};
+
+/// What counts as a pass: the program's defaults, passes of sunlit satellites in the dark.
+struct Conditions
+{
+    double leastElevation = 10.0;  // of the satellite; below 0 every step of a search takes a minute
+    double highestSun = -6.0;      // elevation of the Sun at the observer; above 90 any hour of the day
+    bool visibleOnly = true;       // the satellite has to be sunlit; with `Models::moonlight` moonlit and not sunlit
+};
+
+/// How the Earth stands, and what a `Position` shall tell beyond place and light.
+struct Models
+{
+    EarthOrientation earth;      // holds for the forces of a numeric orbit too, in place of `Orbit::forces.earth`
+    double equinox = 0;          // year of the equinox of right ascension and declination; 0: true equator of date
+    bool refraction = true;      // in `Position::apparentElevation`
+    double sphereDiameter = 0;   // metres, of the bright sphere for `magnitude`; 0: none is worked out
+    bool extinction = true;      // in `magnitude`
+    bool moonlight = false;      // the Moon lights: `moonElevation`, and `magnitude` where the Sun does not shine
+    bool solarEclipses = false;  // `eclipse`, and its effect on `magnitude`
+};
+
+/// What one instant gives for one satellite. All of it is finite.
+struct Position
+{
+    double mjd = 0;
+    bool found = true;  // false: the orbit model failed, and all below belongs to a point inside the Earth
+    Vec3 r;             // km, true equator of date
+    Vec3 v;             // km/s
+
+    double lat = 0;     // geodetic, of the point below the satellite
+    double lng = 0;     // east positive, -180 to 180
+    double height = 0;  // km above the ellipsoid
+
+    double elevation = 0;          // without refraction
+    double apparentElevation = 0;  // with it, see `ElvRefr`
+    double azimuth = 0;            // from north through east, 0 to 360
+    double range = 0;              // km
+    double rangeRate = 0;          // km/s, positive when receding
+    double ra = 0;                 // apparent right ascension, hours
+    double dec = 0;                // apparent declination
+
+    double observerSun = 0;    // elevation of the Sun at the observer
+    double sunElevation = 0;   // above the satellite's own horizon, its dip included: from 0 on it is sunlit
+    double moonElevation = 0;  // the same for the Moon; 0 unless `Models::moonlight`
+    double beta = 0;           // between orbit plane and Sun
+    double subSolarLat = 0;    // geodetic, of the point with the Sun in the zenith
+    double subSolarLng = 0;
+    std::optional<double> magnitude;
+    std::optional<SolarEclipse> eclipse;  // type 0 while the Moon is clear of the Sun
+};
+
+/// One satellite over one site, for many instants. An analytic orbit is made ready once, and a numeric one is flown on
+/// from where the last call left it instead of from `Orbit::current`.
+///
+/// One thread may use an object at a time.
+class Predictor
+{
+public:
+    explicit Predictor(const Orbit& orbit, const Site& site = {}, const Conditions& conditions = {},
+                       const Models& models = {});
+    ~Predictor();
+    Predictor(Predictor&&) noexcept;
+    Predictor& operator=(Predictor&&) noexcept;
+
+    /// The position at an instant.
+    Position position(double mjd);
+
+    /// The first pass between two times. One in progress at `from` starts there, one in progress at `until` ends there.
+    std::optional<Pass> nextPass(double from, double until);
+
+    /// Every pass between two times, in their order. After a satellite with more than 14 revolutions a day has passed,
+    /// the search skips an hour. A span above 100 000 days is cut to that.
+    std::vector<Pass> passes(double from, double until);
+
+private:
+    class Records;
+    std::unique_ptr<Records> records;
+};
+
+/// The position of a satellite at an instant, as seen from a site.
+Position predictPosition(const Orbit& orbit, double mjd, const Site& site, const Models& models = {});
+
+/// The first pass between two times, see `Predictor::nextPass`.
+std::optional<Pass> predictNextPass(const Orbit& orbit, const Site& site, double from, double until,
+                                    const Conditions& conditions = {}, const Models& models = {});
+
+/// Every pass between two times, see `Predictor::passes`.
+std::vector<Pass> predictPasses(const Orbit& orbit, const Site& site, double from, double until,
+                                const Conditions& conditions = {}, const Models& models = {});
+
+/// The observer of a record.
+Site siteOf(const WinpData& in);
+
+/// The conditions of a record.
+Conditions conditionsOf(const WinpData& in);
+
+/// The models of a record.
+Models modelsOf(const WinpData& in);
