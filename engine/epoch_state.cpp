@@ -1,7 +1,6 @@
 #include "engine/epoch_state.h"
 
 #include "engine/position.h"
-#include "record/keep.h"
 #include "record/vector_registers.h"
 
 void resetForces(WinpData* in, int k)
@@ -23,9 +22,8 @@ void resetForces(WinpData* in, int k)
 void EpochState(WinpData* in, int k, bool reset)
 {
     releaseVectorRegisters();  // the reader comes here from texts
-    const Keep plain(in->rlm, 0);
     in->sgpsat = noSlot;
-    GetSatPos(in->mjdep[k], in, satpos, k, 0);
+    absolutePosition(in->mjdep[k], in, satpos, k);
     in->numflg[k] = 0;
     currentToEpochState(in, k);
     if (reset)

@@ -62,16 +62,16 @@ struct GroundPoint
 };
 
 /// Direction of the ray in the space where the Earth is a sphere.
-Vec3 rayDirection(const WinpData& in, const Vec3& r, Vec3& d)
+Vec3 rayDirection(RayTarget target, const Vec3& r, Vec3& d)
 {
-    if (in.occflg == 3)
+    if (target == RayTarget::direction)
         return vnorm(Vec3(-d[0], -d[1], -d[2] / polarScale));
     d[2] /= polarScale;
     return vnorm(r - d);
 }
 
 /// Where the ray meets the surface at a height above the ellipsoid; a hit leaves in `r` the way there.
-GroundPoint meetSurface(double ut1, const WinpData& in, double eqeq, double heightKm, Vec3& r, Vec3& d)
+GroundPoint meetSurface(RayTarget target, double ut1, double eqeq, double heightKm, Vec3& r, Vec3& d)
 {
     if (heightKm > -1.0 && heightKm < 20.0) {
         const double scale = earthRadiusKm / (heightKm + earthRadiusKm);
@@ -79,7 +79,7 @@ GroundPoint meetSurface(double ut1, const WinpData& in, double eqeq, double heig
         d *= scale;
     }
     r[2] /= polarScale;
-    Vec3 direction = rayDirection(in, r, d);
+    Vec3 direction = rayDirection(target, r, d);
     const double b = -dot(r, direction);
     const double D = b * b + 1.0 - dot(r, r);
     if (1.0 - D < 0.0 || std::sqrt(1.0 - D) >= 1.0)
@@ -108,25 +108,25 @@ double refractedHeight(double sineOfElevation)
     return 8.40429926257 * std::pow(std::max(e, 1.4), -2.01365949653);
 }
 
-GroundPoint findGroundPoint(double ut1, const WinpData& in, double eqeq, Vec3& r, Vec3& d)
+GroundPoint findGroundPoint(RayTarget target, double observerKm, double ut1, bool refraction, double eqeq, Vec3& r,
+                            Vec3& d)
 {
     constexpr double grazing = 0.26;
     const Vec3 rBefore = r;
     const Vec3 dBefore = d;
-    const double observerKm = 0.001 * in.height;
-    const GroundPoint straight = meetSurface(ut1, in, eqeq, observerKm, r, d);
-    if (!straight.found || !in.refrc || std::abs(straight.sineOfElevation) >= grazing)
+    const GroundPoint straight = meetSurface(target, ut1, eqeq, observerKm, r, d);
+    if (!straight.found || !refraction || std::abs(straight.sineOfElevation) >= grazing)
         return straight;
     r = rBefore;
     d = dBefore;
-    return meetSurface(ut1, in, eqeq, refractedHeight(straight.sineOfElevation) + observerKm, r, d);
+    return meetSurface(target, ut1, eqeq, refractedHeight(straight.sineOfElevation) + observerKm, r, d);
 }
 
 /// Along the surface of a sphere, km.
-double distanceFromObserver(const WinpData& in, const GroundPoint& point)
+double distanceFromObserver(const Site& site, const GroundPoint& point)
 {
-    const double lat = held(in.lat, heldDegrees) * radPerDeg;
-    const double lng = held(in.lng, heldDegrees) * radPerDeg;
+    const double lat = held(site.lat, heldDegrees) * radPerDeg;
+    const double lng = held(site.lng, heldDegrees) * radPerDeg;
     const double k =
         std::sin(lat) * std::sin(point.lat) + std::cos(lat) * std::cos(point.lat) * std::cos(lng - point.lng);
     return std::abs(k) > 1.0 ? k : earthRadiusKm * std::acos(k);
@@ -191,7 +191,14 @@ void GetSatVis(SatPosData* sp, double latc, int isat)
 
 void GetOccTrans(double ut1, WinpData* in, SatPosData* sp, int isat, double eqeq, Vec3& r, Vec3& d)
 {
-    const GroundPoint point = findGroundPoint(ut1, *in, eqeq, r, d);
+    const RayTarget target = in->occflg == 3 ? RayTarget::direction : RayTarget::body;
+    findRayPoint(target, siteOf(*in), ut1, *in, sp, isat, eqeq, r, d);
+}
+
+void findRayPoint(RayTarget target, const Site& site, double ut1, const WinpData& in, SatPosData* sp, int isat,
+                  double eqeq, Vec3& r, Vec3& d)
+{
+    const GroundPoint point = findGroundPoint(target, 0.001 * site.height, ut1, in.refrc, eqeq, r, d);
     if (!point.found) {
         sp->occlat[isat] = noGroundPoint;
         sp->occlng[isat] = 0;
@@ -199,8 +206,8 @@ void GetOccTrans(double ut1, WinpData* in, SatPosData* sp, int isat, double eqeq
     }
     sp->occlat[isat] = point.lat * degPerRad;
     sp->occlng[isat] = point.lng * degPerRad;
-    if (isat == in->prs)
-        sp->mag = distanceFromObserver(*in, point);
+    if (isat == in.prs)
+        sp->mag = distanceFromObserver(site, point);
 }
 
 void ADisDir(double a1, double d1, double a2, double d2, double& cosd, double& pa)

@@ -4,6 +4,7 @@
 #include "astro/mat3.h"
 #include "astro/vec3.h"
 #include "engine/satpos_data.h"
+#include "engine/site.h"
 #include "record/winp_data.h"
 
 /// The attitude frame of yaw steering: as GetRVMat, mode 2, but following the ground track of the prime satellite.
@@ -33,6 +34,17 @@ void GetSatVis(SatPosData* sp, double latc, int isat);
 /// The ground is the ellipsoid at the observer's height, if that lies between -1 and 20 km; a grazing ray is bent by
 /// refraction if refrc is on.
 void GetOccTrans(double ut1, WinpData* in, SatPosData* sp, int isat, double eqeq, Vec3& r, Vec3& d);
+
+/// What the target of a ray is: a body beyond the satellite, or a direction.
+enum class RayTarget
+{
+    body,
+    direction
+};
+
+/// GetOccTrans with observer and kind of the target as arguments, in place of `lat`, `lng`, `height` and `occflg`.
+void findRayPoint(RayTarget target, const Site& site, double ut1, const WinpData& in, SatPosData* sp, int isat,
+                  double eqeq, Vec3& r, Vec3& d);
 
 /// Distance and direction of point 2 from point 1 on the sphere, arguments in radians.
 ///

@@ -98,12 +98,13 @@ void surfaceAngles(const Mat3& frame, const Vec3& normal, double& yaw, double& p
 /// The ground point of a reflected ray.
 ///
 /// @return  with a ground point the way from the satellite to it
+///
+/// Flares and occultations exclude each other: `occflg` is off afterwards.
 Vec3 findFlarePoint(const Scene& s, const Vec3& ray)
 {
     Vec3 r = s.r / earthRadiusKm;
     Vec3 d = ray * -1.0;
-    s.in->occflg = 3;
-    GetOccTrans(s.ut1, s.in, s.sp, s.isat, s.eqeq, r, d);
+    findRayPoint(RayTarget::direction, s.place, s.ut1, *s.in, s.sp, s.isat, s.eqeq, r, d);
     s.in->occflg = 0;
     return r;
 }

@@ -10,8 +10,13 @@
 class LazyPosition
 {
 public:
-    /// @param relative  `in` holds the second satellite's place as the observer's
-    LazyPosition(WinpData* in, SatPosData* sp, int isat, bool relative);
+    /// As the observer of the record sees it.
+    LazyPosition(WinpData* in, SatPosData* sp, int isat);
+
+    /// As another observer sees it.
+    ///
+    /// @param relative  that is the second satellite: its true of date state stays in the position record
+    LazyPosition(WinpData* in, SatPosData* sp, int isat, const Site& observer, bool relative);
 
     /// Goes to an instant, MJD UTC.
     void look(double mjd);

@@ -117,7 +117,7 @@ public:
           relative(relativeMode(*record)),
           lean(lastInstantCounts(*record, slot)),
           pass(arrays),
-          position(record, satpos, slot, false),
+          position(record, satpos, slot),
           bounds(*record, slot, sense)
     {}
 

@@ -12,78 +12,52 @@
 
 namespace {
 
-/// In relative mode the observer stands at the second satellite for the length of the prime's call.
-class RelativeObserver
+/// Where the second satellite of relative mode stands.
+struct SecondPlace
 {
-public:
-    RelativeObserver(double mjd, WinpData* input, SatPosData* positions, int isat)
-        : in(input), sp(positions), on(relativeMode(*input) && isat == input->prs)
-    {
-        if (!on)
-            return;
-        second = secondSatellite(*in);
-        observer = {in->lat, in->lng, in->height};
-        before = placeOfSecond();
-        GetSatPos(mjd, in, sp, second, 0);
-        found = placeOfSecond();
-        in->lat = found.lat;
-        in->lng = found.lng;
-        in->height = found.height * 1000.0;
-        sp->sunel2 = sp->sunel[second];
-    }
-    ~RelativeObserver()
-    {
-        if (!on)
-            return;
-        in->lat = observer.lat;
-        in->lng = observer.lng;
-        in->height = observer.height;
-        sp->lat[second] = before.lat;
-        sp->lng[second] = before.lng;
-        sp->hgt[second] = before.height;
-    }
-    RelativeObserver(const RelativeObserver&) = delete;
-    RelativeObserver& operator=(const RelativeObserver&) = delete;
+    double lat = 0, lng = 0;  // degrees
+    double heightKm = 0;
 
-    bool active() const { return on; }
-
-    /// The second satellite's place takes the fields of the prime that mean nothing here.
-    void close(const Scene& s) const
-    {
-        sp->sunel1 = sp->sunel[s.isat];
-        sp->ra[s.isat] = found.lat;
-        sp->dec[s.isat] = found.lng;
-        sp->sunel[s.isat] = found.height;
-        sp->rrate[s.isat] = dot(s.v - sp->vsat, vnorm(s.r - sp->rsat));
-    }
-
-private:
-    struct Place
-    {
-        double lat = 0, lng = 0, height = 0;
-    };
-
-    Place placeOfSecond() const { return {sp->lat[second], sp->lng[second], sp->hgt[second]}; }
-
-    WinpData* in;
-    SatPosData* sp;
-    bool on;
-    int second = 0;
-    Place observer;  // height in metres
-    Place before;    // height in km, as the record has it
-    Place found;
+    Site site() const { return {lat, lng, heightKm * 1000.0}; }
 };
+
+/// The second satellite's whole position, of which the place is handed on and not kept.
+SecondPlace findSecond(double mjd, WinpData* in, SatPosData* sp)
+{
+    const int second = secondSatellite(*in);
+    const auto place = [&] { return SecondPlace{sp->lat[second], sp->lng[second], sp->hgt[second]}; };
+    const SecondPlace before = place();
+    absolutePosition(mjd, in, sp, second);
+    const SecondPlace found = place();
+    sp->lat[second] = before.lat;
+    sp->lng[second] = before.lng;
+    sp->hgt[second] = before.heightKm;
+    sp->sunel2 = sp->sunel[second];
+    return found;
+}
+
+/// The second satellite's place takes the fields of the prime that mean nothing here.
+void closeRelative(const Scene& s, const SecondPlace& second)
+{
+    s.sp->sunel1 = s.sp->sunel[s.isat];
+    s.sp->ra[s.isat] = second.lat;
+    s.sp->dec[s.isat] = second.lng;
+    s.sp->sunel[s.isat] = second.heightKm;
+    s.sp->rrate[s.isat] = dot(s.v - s.sp->vsat, vnorm(s.r - s.sp->rsat));
+}
 
 }  // namespace
 
-LazyPosition::LazyPosition(WinpData* in, SatPosData* sp, int isat, bool relative)
+LazyPosition::LazyPosition(WinpData* in, SatPosData* sp, int isat) : LazyPosition(in, sp, isat, siteOf(*in), false) {}
+
+LazyPosition::LazyPosition(WinpData* in, SatPosData* sp, int isat, const Site& observer, bool relative)
 {
     s.in = in;
     s.sp = sp;
     s.isat = isat;
     s.prime = isat == in->prs;
     s.relative = relative;
-    readObserver(s);
+    setObserver(s, observer);
 }
 
 void LazyPosition::look(double mjd)
@@ -193,12 +167,30 @@ void LazyPosition::complete(int vis)
 
 void GetSatPos(double mjd, WinpData* in, SatPosData* sp, int isat, int vis)
 {
-    const RelativeObserver relative(mjd, in, sp, isat);
-    LazyPosition position(in, sp, isat, relative.active());
+    if (!relativeMode(*in) || isat != in->prs)
+        return absolutePosition(mjd, in, sp, isat, vis);
+    const SecondPlace second = findSecond(mjd, in, sp);
+    LazyPosition position(in, sp, isat, second.site(), true);
     position.look(mjd);
     position.complete(vis);
-    if (relative.active())
-        relative.close(position.scene());
+    closeRelative(position.scene(), second);
+}
+
+void absolutePosition(double mjd, WinpData* in, SatPosData* sp, int isat, int vis)
+{
+    positionFrom(siteOf(*in), mjd, in, sp, isat, vis);
+}
+
+void positionFrom(const Site& observer, double mjd, WinpData* in, SatPosData* sp, int isat, int vis)
+{
+    LazyPosition position(in, sp, isat, observer, false);
+    position.look(mjd);
+    position.complete(vis);
+}
+
+Site siteOf(const WinpData& in)
+{
+    return {in.lat, in.lng, in.height};
 }
 
 double ElvRefr(WinpData* in, double el)

@@ -2,6 +2,7 @@
 #pragma once
 
 #include "engine/satpos_data.h"
+#include "engine/site.h"
 #include "record/winp_data.h"
 
 /// Everything that the program shows about the satellite of slot `isat` at one instant, into `sp`.
@@ -19,6 +20,12 @@
 /// occra and occdec. There is no failure: a state that is no finite number becomes the far-off state of a failed
 /// analytic model, and times, places and angles out of every range are held inside one, so that `sp` is finite.
 void GetSatPos(double mjd, WinpData* in, SatPosData* sp, int isat, int vis);
+
+/// GetSatPos as if relative mode were off.
+void absolutePosition(double mjd, WinpData* in, SatPosData* sp, int isat, int vis = 0);
+
+/// The same as another observer than that of the record sees it.
+void positionFrom(const Site& observer, double mjd, WinpData* in, SatPosData* sp, int isat, int vis = 0);
 
 /// Apparent elevation for display, degrees: `el` with refraction, if refrc is on, rlm is off and `el` lies between -2
 /// and 85 exclusive; otherwise `el` itself.

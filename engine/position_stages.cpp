@@ -140,12 +140,13 @@ void setGreenwich(Scene& s)
     s.greenwich = lsidtim(s.ut1, 0.0, s.eqeq) * radPerHour;
 }
 
-void readObserver(Scene& s)
+void setObserver(Scene& s, const Site& site)
 {
-    s.lngDeg = held(s.in->lng, heldDegrees);
-    s.lat = held(s.in->lat, heldDegrees) * radPerDeg;
+    s.place = site;
+    s.lngDeg = held(site.lng, heldDegrees);
+    s.lat = held(site.lat, heldDegrees) * radPerDeg;
     s.lng = s.lngDeg * radPerDeg;
-    s.height = held(s.in->height, heldHeightMetres);
+    s.height = held(site.height, heldHeightMetres);
     s.site = observerSite(s.lat, s.height);
 }
 
@@ -320,5 +321,6 @@ void findTransitPoint(Scene& s)
         target = occultationTarget(s);
     }
     Vec3 r = s.r / earthRadiusKm;
-    GetOccTrans(s.ut1, s.in, s.sp, s.isat, s.eqeq, r, target);
+    const RayTarget kind = s.in->occflg == 3 ? RayTarget::direction : RayTarget::body;
+    findRayPoint(kind, s.place, s.ut1, *s.in, s.sp, s.isat, s.eqeq, r, target);
 }

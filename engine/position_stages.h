@@ -6,6 +6,7 @@
 #include "astro/vec3.h"
 #include "engine/magnitude.h"
 #include "engine/satpos_data.h"
+#include "engine/site.h"
 #include "record/winp_data.h"
 
 class Sgp4Ahead;
@@ -40,7 +41,8 @@ struct Scene
     Vec3 r;                            // satellite, km: mean equator of date, then true of date
     Vec3 v;                            // km/s
 
-    double lat = 0;         // observer, radians
+    Site place;             // observer
+    double lat = 0;         // the same clamped, radians
     double lng = 0;         // radians
     double lngDeg = 0;      // degrees
     double height = 0;      // metres
@@ -68,7 +70,7 @@ double wrapPi(double x);
 void setTimes(Scene& s, double mjd);
 void setNutation(Scene& s);
 void setGreenwich(Scene& s);
-void readObserver(Scene& s);
+void setObserver(Scene& s, const Site& site);
 void placeSun(Scene& s);
 void placeMoon(Scene& s);
 bool moonWanted(const Scene& s);

@@ -192,7 +192,7 @@ Position Predictor::position(double mjd)
 {
     Position result;
     records->run([&] {
-        LazyPosition position(&records->in, &records->positions, slot, false);
+        LazyPosition position(&records->in, &records->positions, slot);
         position.look(mjd);
         position.complete();
         result = positionOf(position.scene());
@@ -238,11 +238,6 @@ std::vector<Pass> predictPasses(const Orbit& orbit, const Site& site, double fro
                                 const Conditions& conditions, const Models& models)
 {
     return Predictor(orbit, site, conditions, models).passes(from, until);
-}
-
-Site siteOf(const WinpData& in)
-{
-    return {in.lat, in.lng, in.height};
 }
 
 Conditions conditionsOf(const WinpData& in)

@@ -18,15 +18,8 @@
 #include "astro/vec3.h"
 #include "engine/magnitude.h"
 #include "engine/pass.h"
+#include "engine/site.h"
 #include "orbit/orbit.h"
-
-/// An observer on the ellipsoid. Any number does: angles are not reduced, senseless ones are clamped.
-struct Site
-{
-    double lat = 0;     // north positive
-    double lng = 0;     // east positive
-    double height = 0;  // metres
-};
 
 /// What counts as a pass: the program's defaults, passes of sunlit satellites in the dark.
 struct Conditions
@@ -116,9 +109,6 @@ std::optional<Pass> predictNextPass(const Orbit& orbit, const Site& site, double
 /// Every pass between two times, see `Predictor::passes`.
 std::vector<Pass> predictPasses(const Orbit& orbit, const Site& site, double from, double until,
                                 const Conditions& conditions = {}, const Models& models = {});
-
-/// The observer of a record.
-Site siteOf(const WinpData& in);
 
 /// The conditions of a record.
 Conditions conditionsOf(const WinpData& in);

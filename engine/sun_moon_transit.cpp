@@ -6,7 +6,6 @@
 #include "astro/angles.h"
 #include "engine/event_geometry.h"
 #include "engine/position.h"
-#include "record/keep.h"
 #include "record/numbers.h"
 
 namespace {
@@ -22,9 +21,9 @@ struct Sighting
     double az, el, range;
 };
 
-Sighting sightingAt(double t, WinpData* in, int isat)
+Sighting sightingAt(double t, WinpData* in, int isat, const Site& from)
 {
-    GetSatPos(t, in, satpos, isat, 0);
+    positionFrom(from, t, in, satpos, isat);
     return {satpos->occlat[isat] < noGroundPoint, satpos->occlat[isat] * radPerDeg, satpos->occlng[isat] * radPerDeg,
             satpos->az[isat] * radPerDeg,         satpos->el[isat] * radPerDeg,     satpos->dst[isat]};
 }
@@ -68,15 +67,14 @@ double crossingTime(double cosineOfMotion)
 void SunMoonTr(WinpData* in, double t, int isat, double dist, int autow, int& r, char* text)
 {
     constexpr std::size_t room = 64;
-    const Keep lat(in->lat);
-    const Keep lng(in->lng);
-    GetSatPos(t, in, satpos, isat, 0);
+    Site centre = siteOf(*in);
+    absolutePosition(t, in, satpos, isat);
     if (satpos->occlat[isat] < noGroundPoint) {
-        in->lat = satpos->occlat[isat];
-        in->lng = satpos->occlng[isat];
+        centre.lat = satpos->occlat[isat];
+        centre.lng = satpos->occlng[isat];
     }
-    const Sighting now = sightingAt(t, in, isat);
-    const Sighting then = sightingAt(t + oneSecondDays, in, isat);
+    const Sighting now = sightingAt(t, in, isat, centre);
+    const Sighting then = sightingAt(t + oneSecondDays, in, isat, centre);
     const double W = halfWidth(*in, now, trackDirection(now, then));
     double cosine = 0;
     double position = 0;

@@ -106,7 +106,7 @@ MirrorScene sceneOf(double t, WinpData& in, const SatPosData& sp)
     setNutation(s);
     placeSun(s);
     placeMoon(s);
-    readObserver(s);
+    setObserver(s, siteOf(*s.in));
     placeObserver(s);
     return {sp.rsat, sp.vsat, (in.moonflg ? s.moon : s.sun) * earthRadiusKm, s.observer};
 }

@@ -175,7 +175,7 @@ TEST(PassBounds, NothingSettledIsContradictedByThePositionItself)
         in.IERSxp = count % 7 ? 0.0 : 1e5;
         double t = in.mjdep[0] + dice.between(-3.0, 12.0);
         SatPosData found, sp;
-        LazyPosition position(&in, &found, 0, false);
+        LazyPosition position(&in, &found, 0);
         PassBounds bounds(in, 0, 1.0);
         position.look(t);
         position.sunAtObserver();
