@@ -1,11 +1,11 @@
 #include "engine/aos_list.h"
 
 #include "engine/pass_search.h"
+#include "engine/pass_walk.h"
 #include "engine/report_lines.h"
 #include "engine/sun_moon_transit.h"
 #include "record/clock.h"
 #include "record/files.h"
-#include "record/keep.h"
 #include "record/numbers.h"
 #include "record/progress.h"
 #include "record/text.h"
@@ -71,14 +71,14 @@ void putSatellites(WoutData* out, const WinpData& in)
     putFormatted(out, TextWriter(text).add(" ").add(std::string(71, '=')));
 }
 
-void putConditions(WoutData* out, const WinpData& in)
+void putConditions(WoutData* out, const WinpData& in, const PassLimits& limits)
 {
     char text[128];
     TextWriter line(text);
     if (relativeMode(in))
         line.add(" ");
     else
-        line.addFormatted(" min.Sat.Elev.: %g   max.Sun Elev.: %g", in.satel, in.sunel);
+        line.addFormatted(" min.Sat.Elev.: %g   max.Sun Elev.: %g", limits.satel, limits.sunel);
     if (in.visflg)
         line.add(in.moonflg ? "   Moonshine passes only" : "   visible passes only");
     putFormatted(out, line);
@@ -88,12 +88,12 @@ void putConditions(WoutData* out, const WinpData& in)
     PutSpace(out);
 }
 
-void putHeading(WoutData* out, const WinpData& in)
+void putHeading(WoutData* out, const WinpData& in, const PassLimits& limits)
 {
     putPlace(out, in);
     putEventKind(out, in);
     putSatellites(out, in);
-    putConditions(out, in);
+    putConditions(out, in, limits);
     if (relativeMode(in))
         PutNxtLnT(out, "       Start (Long.,Lat.)     End (Long.,Lat.)");
     else if (in.iridflg > event::plain)
@@ -125,13 +125,13 @@ void putSelectable(WinpData* in, WoutData* out, const TextWriter& line, double p
         in->aostm[in->naos++] = passStart;
 }
 
-void putPasses(WinpData* in, WoutData* out, bool automatic)
+void putPasses(WinpData* in, WoutData* out, const PassLimits& limits, bool automatic)
 {
     const double end = startMjd(in) + heldSpan(in->dur);
     double t = startMjd(in);
     Pass pass;
     while (t <= end) {
-        const int result = nextpass(in, in->prs, t, end, pass.tm, pass.a, pass.b);
+        const int result = findNextPass({in, satpos, in->prs, limits}, t, end, pass);
         if (result == 0 || !tellProgress(fieldText(in->fsname[in->prs]), pass.tm[2]))
             return;
         char text[192];
@@ -155,17 +155,18 @@ void putPasses(WinpData* in, WoutData* out, bool automatic)
 bool composeList(WinpData* in, WoutData* out)
 {
     const bool automatic = automaticWidth(*in);
+    PassLimits limits = limitsOf(*in);
     if (automatic)
-        in->maxdst = automaticWidthKm;
-    if (in->iridflg > event::plain && in->maxdst == 0.0) {
+        limits.maxdst = automaticWidthKm;
+    if (in->iridflg > event::plain && limits.maxdst == 0.0) {
         putLines(out, {"", " *** Need distance > 0 for occultations or flares ***",
                        " *** except for Sun or Moon Transits ***", ""});
         return false;
     }
     if (in->iridflg == event::transit && in->occflg == 1)
-        in->sunel = anySunElevationDeg;
-    putHeading(out, *in);
-    putPasses(in, out, automatic);
+        limits.sunel = anySunElevationDeg;
+    putHeading(out, *in, limits);
+    putPasses(in, out, limits, automatic);
     if (in->naos < 1)
         putLines(out, {"", " *** No suitable pass found within time interval ***", ""});
     return true;
@@ -225,8 +226,6 @@ std::string aospass(WinpData* in, WoutData* out)
 {
     in->naos = 0;
     out->nlines = 0;
-    const Keep keptDistance(in->maxdst);
-    const Keep keptSunLimit(in->sunel);
     if (in->satn < 1) {
         putLines(out, {"", " *** No satellite has been selected ***", "", " Use the Input / Select Satellite menu",
                        " (and don't forget to press the SELECT button)", ""});

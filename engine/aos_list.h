@@ -40,7 +40,7 @@ constexpr double anySunElevationDeg = 90.0;
 /// `tofile` is 1.
 ///
 /// `naos` and `aostm` describe the selectable lines afterwards. A refusal is a text in `out` and is not written.
-/// `iridflg` says what is looked for, see `chooseEventKind`. The limits `sunel` and `maxdst` are as before at the end.
+/// `iridflg` says what is looked for, see `chooseEventKind`.
 /// A span `dur` longer than `longestSpanDays` is held to that.
 ///
 /// @return  why the save file could not be written, for a reader; empty otherwise

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <tuple>
 
 #include "astro/angles.h"
 #include "engine/position.h"
@@ -18,10 +19,34 @@ constexpr double nothingSeen = 100000.0;  // start value of the best distance or
 constexpr int antennas = 3;               // mirrors that the search tries one by one
 constexpr double noLatitude = 100.0;
 
+/// CkIrid with the position record as an argument.
+void tryInstant(double t, WinpData* in, SatPosData* sp, int isat, int k, int* state, double* times, double* best,
+                double* el, double* az)
+{
+    if (state[k] == flareOver)
+        return;
+    GetSatPos(t, in, sp, isat, 0);
+    if (!(sp->occlat[isat] < noGroundPoint)) {
+        if (state[k] == flareSeen)
+            state[k] = flareOver;
+        return;
+    }
+    const bool first = state[k] == flareUnseen;
+    if (first || state[k] == flareSought)
+        state[k] = flareSeen;
+    if (first || sp->mag < best[k]) {
+        times[k] = t;
+        best[k] = sp->mag;
+        el[k] = sp->el[isat];
+        az[k] = sp->az[isat];
+    }
+}
+
 /// The entries of the search: one for each mirror, and the first alone for transits and known surfaces.
-struct Search
+struct EventSearch
 {
     WinpData* in;
+    SatPosData* sp;
     int isat;
     int state[antennas] = {flareUnseen, flareUnseen, flareUnseen};
     double times[antennas] = {};
@@ -29,8 +54,14 @@ struct Search
     double el[antennas] = {};
     double az[antennas] = {};
 
-    void tryAt(double t, int k) { CkIrid(t, in, isat, k, state, times, best, el, az); }
+    void tryAt(double t, int k) { tryInto(state, t, k); }
+    void tryInto(int* states, double t, int k);
 };
+
+void EventSearch::tryInto(int* states, double t, int k)
+{
+    tryInstant(t, in, sp, isat, k, states, times, best, el, az);
+}
 
 struct Range
 {
@@ -43,7 +74,7 @@ bool oneSurface(const WinpData& in)
 }
 
 /// Every surface at time t; `latitude` takes that of the first time.
-void tryAll(Search& search, double t, double& latitude)
+void tryAll(EventSearch& search, double t, double& latitude)
 {
     WinpData& in = *search.in;
     if (oneSurface(in)) {
@@ -56,10 +87,10 @@ void tryAll(Search& search, double t, double& latitude)
         search.tryAt(t, k);
     }
     if (latitude > 99.0)
-        latitude = satpos->lat[search.isat];
+        latitude = search.sp->lat[search.isat];
 }
 
-void coarseScan(Search& search, double from, double to, double& latitude)
+void coarseScan(EventSearch& search, double from, double to, double& latitude)
 {
     const std::string_view name = fieldText(search.in->fsname[search.isat]);
     for (double t = from; t < to && t + minuteDays > t && tellProgress(name, t); t += minuteDays)
@@ -70,7 +101,7 @@ void coarseScan(Search& search, double from, double to, double& latitude)
 /// The mirror with the smallest value moves to entry 0, the lower index first.
 ///
 /// @return  whether anything was seen
-bool chooseSurface(Search& search)
+bool chooseSurface(EventSearch& search)
 {
     if (!oneSurface(*search.in)) {
         const auto k = std::min_element(search.best, search.best + antennas) - search.best;
@@ -85,7 +116,7 @@ bool chooseSurface(Search& search)
 }
 
 /// The minute around the best time that holds the minimum.
-Range fineRange(Search& search, double passStart, double passEnd)
+Range fineRange(EventSearch& search, double passStart, double passEnd)
 {
     const double before = search.times[0] - secondDays;
     Range range{};
@@ -103,7 +134,7 @@ Range fineRange(Search& search, double passStart, double passEnd)
     return {std::max(range.from, passStart), std::min(range.to, passEnd)};
 }
 
-void fineScan(Search& search, const Range& range)
+void fineScan(EventSearch& search, const Range& range)
 {
     search.state[0] = flareSought;
     for (double t = range.from; t <= range.to && search.state[0] != flareOver && t + secondDays > t; t += secondDays)
@@ -111,7 +142,7 @@ void fineScan(Search& search, const Range& range)
 }
 
 /// Tenths of a second to both sides of the best time, each side until it has lost the event.
-void lastRefinement(Search& search)
+void lastRefinement(EventSearch& search)
 {
     int later[antennas] = {flareSought, flareSought, flareSought};
     int earlier[antennas] = {flareSought, flareSought, flareSought};
@@ -120,8 +151,8 @@ void lastRefinement(Search& search)
     for (int round = 0; round < 9; ++round) {
         up += tenthSecondDays;
         down -= tenthSecondDays;
-        CkIrid(up, search.in, search.isat, 0, later, search.times, search.best, search.el, search.az);
-        CkIrid(down, search.in, search.isat, 0, earlier, search.times, search.best, search.el, search.az);
+        search.tryInto(later, up, 0);
+        search.tryInto(earlier, down, 0);
     }
 }
 
@@ -133,11 +164,11 @@ struct PointFromObserver
     double distance;  // km
 };
 
-PointFromObserver groundPointAt(double t, WinpData* in, int isat)
+PointFromObserver groundPointAt(double t, const EventSearch& search)
 {
-    GetSatPos(t, in, satpos, isat, 0);
-    return {satpos->occlat[isat] < noGroundPoint, satpos->occlng[isat] - in->lng, satpos->occlat[isat] - in->lat,
-            satpos->mag};
+    const auto& [in, sp, isat] = std::tie(search.in, search.sp, search.isat);
+    GetSatPos(t, in, sp, isat, 0);
+    return {sp->occlat[isat] < noGroundPoint, sp->occlng[isat] - in->lng, sp->occlat[isat] - in->lat, sp->mag};
 }
 
 bool closeBy(const WinpData& in, const PointFromObserver& p)
@@ -172,26 +203,27 @@ double distanceByPythagoras(double d1, double d2, double best)
 }
 
 /// The distance of the observer from a central line that passes close by, km.
-double distanceFromLine(WinpData* in, int isat, double t, double best)
+double distanceFromLine(const EventSearch& search, double t, double best)
 {
-    const PointFromObserver p1 = groundPointAt(t + tenthSecondDays, in, isat);
-    const PointFromObserver p2 = groundPointAt(t - tenthSecondDays, in, isat);
+    const PointFromObserver p1 = groundPointAt(t + tenthSecondDays, search);
+    const PointFromObserver p2 = groundPointAt(t - tenthSecondDays, search);
     if (!p1.found || !p2.found)
         return best;
-    if (closeBy(*in, p1) && closeBy(*in, p2))
-        return distanceInPlane(*in, p1, p2, best);
+    if (closeBy(*search.in, p1) && closeBy(*search.in, p2))
+        return distanceInPlane(*search.in, p1, p2, best);
     return distanceByPythagoras(p1.distance, p2.distance, best);
 }
 
 }  // namespace
 
-int GetIrid(WinpData* in, int isat, int flag, double* tm, double* a, double* b)
+int findEvent(WinpData* in, SatPosData* sp, int isat, double maxdst, bool groundPoint, Pass& pass)
 {
+    auto& [tm, a, b] = pass;
     constexpr int found = 1;
     constexpr int nothing = 2;
     const bool iridium = in->iridflg >= event::iridium;
-    Search search{in, isat};
-    if (!flag) {
+    EventSearch search{in, sp, isat};
+    if (!groundPoint) {
         if (!iridium)
             return nothing;
         search.state[0] = flareOver;
@@ -201,14 +233,14 @@ int GetIrid(WinpData* in, int isat, int flag, double* tm, double* a, double* b)
     if (!chooseSurface(search))
         return nothing;
     if (iridium) {
-        a[2] = satpos->lat[isat];
+        a[2] = sp->lat[isat];
         if (a[0] > 99.0) {
-            GetSatPos(search.times[0] - secondDays, in, satpos, isat, 0);
-            a[0] = satpos->lat[isat];
+            GetSatPos(search.times[0] - secondDays, in, sp, isat, 0);
+            a[0] = sp->lat[isat];
         }
     }
     fineScan(search, fineRange(search, tm[0], tm[2]));
-    if (search.best[0] > (iridium ? in->irmag : in->maxdst))
+    if (search.best[0] > (iridium ? in->irmag : maxdst))
         return nothing;
     lastRefinement(search);
     tm[1] = search.times[0];
@@ -216,27 +248,23 @@ int GetIrid(WinpData* in, int isat, int flag, double* tm, double* a, double* b)
     b[1] = search.az[0];
     b[2] = search.best[0];
     if (!iridium && b[2] < 10.0)
-        b[2] = distanceFromLine(in, isat, tm[1], search.best[0]);
+        b[2] = distanceFromLine(search, tm[1], search.best[0]);
     return found;
+}
+
+int GetIrid(WinpData* in, int isat, int flag, double* tm, double* a, double* b)
+{
+    Pass pass{{tm[0], tm[1], tm[2]}, {a[0], a[1], a[2]}, {b[0], b[1], b[2]}};
+    const int result = findEvent(in, satpos, isat, in->maxdst, flag != 0, pass);
+    for (int k = 0; k < 3; ++k) {
+        tm[k] = pass.tm[k];
+        a[k] = pass.a[k];
+        b[k] = pass.b[k];
+    }
+    return result;
 }
 
 void CkIrid(double t, WinpData* in, int isat, int k, int* state, double* times, double* best, double* el, double* az)
 {
-    if (state[k] == flareOver)
-        return;
-    GetSatPos(t, in, satpos, isat, 0);
-    if (!(satpos->occlat[isat] < noGroundPoint)) {
-        if (state[k] == flareSeen)
-            state[k] = flareOver;
-        return;
-    }
-    const bool first = state[k] == flareUnseen;
-    if (first || state[k] == flareSought)
-        state[k] = flareSeen;
-    if (first || satpos->mag < best[k]) {
-        times[k] = t;
-        best[k] = satpos->mag;
-        el[k] = satpos->el[isat];
-        az[k] = satpos->az[isat];
-    }
+    tryInstant(t, in, satpos, isat, k, state, times, best, el, az);
 }

@@ -3,6 +3,8 @@
 
 #include <array>
 
+#include "engine/pass.h"
+#include "engine/satpos_data.h"
 #include "record/winp_data.h"
 
 /// A reflecting surface of an Iridium satellite: yaw and pitch of its normal in the local attitude.
@@ -42,6 +44,12 @@ enum FlareState : int
 ///
 /// For Iridium flares occdec and occra are changed; occra is the yaw of the best mirror on return.
 int GetIrid(WinpData* in, int isat, int flag, double* tm, double* a, double* b);
+
+/// GetIrid on values.
+///
+/// @param maxdst       the largest distance of a transit or of a flare of a known surface, km
+/// @param groundPoint  one was seen in the pass
+int findEvent(WinpData* in, SatPosData* sp, int isat, double maxdst, bool groundPoint, Pass& pass);
 
 /// Tries time `t` for entry `k` of the search: runs GetSatPos on `satpos` and keeps time, distance or magnitude,
 /// elevation and azimuth in the entry where they are the best so far. Nothing happens to an entry that is over.

@@ -88,14 +88,14 @@ Limit::Limit(double degrees) : sine(std::sin(degrees * radPerDeg)), cosine(std::
         sine = cosine = std::numeric_limits<double>::quiet_NaN();
 }
 
-PassBounds::PassBounds(const WinpData& record, int slot, double sense)
+PassBounds::PassBounds(const WinpData& record, int slot, double sense, double least)
     : in(record),
       isat(slot),
       sign(sense),
       analytic(record.aflg[slot] != 0 && record.numflg[slot] == 0),
-      satel(record.satel),
+      satel(least),
       coarse(farBelowHorizonDeg),
-      best(record.satel),
+      best(least),
       placeAt(std::numeric_limits<double>::quiet_NaN())
 {}
 

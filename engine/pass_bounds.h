@@ -64,7 +64,8 @@ class PassBounds
 {
 public:
     /// @param sense  1 for a search forward in time, -1 backward
-    PassBounds(const WinpData& record, int slot, double sense);
+    /// @param least  the least elevation of a pass, degrees
+    PassBounds(const WinpData& record, int slot, double sense, double least);
 
     /// To be told of instants at which the position has been found.
     void anchor(const Scene& s);
@@ -75,7 +76,7 @@ public:
     void setBest(double degrees);
 
     // The satellite's elevation.
-    Verdict highEnough(double t) { return at(t).highEnough; }  // at least satel
+    Verdict highEnough(double t) { return at(t).highEnough; }  // at least the least elevation
     Verdict farBelow(double t) { return at(t).farBelow; }      // below the limit of the coarse step
     Verdict notAboveBest(double t) { return at(t).notAboveBest; }
 

@@ -10,6 +10,7 @@
 #include "engine/aos_list.h"
 #include "engine/lazy_position.h"
 #include "engine/pass_search.h"
+#include "engine/pass_walk.h"
 #include "engine/position.h"
 #include "orbit/force_model.h"
 #include "orbit/integrator.h"
@@ -159,12 +160,10 @@ public:
         std::optional<FlightOnShow> flight;
         if (in.numflg[slot])
             flight.emplace();
-        SatPosData* before = std::exchange(satpos, &positions);
         std::swap(satrec, elements);
         releaseVectorRegisters();
         calculation();
         std::swap(satrec, elements);
-        satpos = before;
         if (flight)
             flight->putBack();
     }
@@ -205,7 +204,9 @@ std::optional<Pass> Predictor::nextPass(double from, double until)
     Pass pass;
     int result = 0;
     const double end = from + heldSpan(until - from);
-    records->run([&] { result = nextpass(&records->in, slot, from, end, pass.tm, pass.a, pass.b); });
+    records->run([&] {
+        result = findNextPass({&records->in, &records->positions, slot, limitsOf(records->in)}, from, end, pass);
+    });
     return result ? std::optional(pass) : std::nullopt;
 }
 

@@ -4,6 +4,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <cstring>
 #include <fstream>
 #include <functional>
 #include <iterator>
@@ -11,7 +12,9 @@
 #include <string>
 
 #include "astro/angles.h"
+#include "engine/epoch_state.h"
 #include "engine/lazy_position.h"
+#include "engine/pass_walk.h"
 #include "engine/position.h"
 #include "engine/record_helper.h"
 #include "orbit/sgp4.h"
@@ -176,7 +179,7 @@ TEST(PassBounds, NothingSettledIsContradictedByThePositionItself)
         double t = in.mjdep[0] + dice.between(-3.0, 12.0);
         SatPosData found, sp;
         LazyPosition position(&in, &found, 0);
-        PassBounds bounds(in, 0, 1.0);
+        PassBounds bounds(in, 0, 1.0, in.satel);
         position.look(t);
         position.sunAtObserver();
         bounds.anchor(position.scene());
@@ -206,4 +209,90 @@ TEST(PassBounds, NothingSettledIsContradictedByThePositionItself)
         }
     });
     EXPECT_GT(std::min({elevations, suns, shadows}), 0.9 * all);
+}
+
+namespace {
+
+/// A search with all that it leaves behind.
+struct Outcome
+{
+    WinpData in;
+    SatPosData sp;
+    Pass pass;
+    int result = 0;
+
+    Outcome(const WinpData& record, double from, double to, Pace pace)
+    {
+        std::memcpy(&in, &record, sizeof in);
+        std::memset(static_cast<void*>(&sp), 0, sizeof sp);  // the gaps between the fields too
+        in.sgpsat = noSlot;
+        const PassQuery query{&in, &sp, 0, limitsOf(in)};
+        result = from < to ? findNextPass(query, from, to, pass, pace) : findLastPass(query, from, to, pass, pace);
+    }
+
+    bool operator==(const Outcome& o) const
+    {
+        return result == o.result && std::memcmp(&pass, &o.pass, sizeof pass) == 0 &&
+               std::memcmp(&in, &o.in, sizeof in) == 0 && std::memcmp(&sp, &o.sp, sizeof sp) == 0;
+    }
+};
+
+void choosePropagator(WinpData& in, int choice)
+{
+    in.aflg[0] = choice % 5 != 0;
+    if (choice % 25 == 5) {
+        in.ecc[0] = 1.2;
+        in.n0[0] = 7000.0;
+    }
+    if (choice % 25 == 8) {
+        EpochState(&in, 0, true);
+        in.numflg[0] = 1;
+    }
+}
+
+void chooseConditions(WinpData& in, Dice& dice)
+{
+    const auto chance = [&](double share) { return dice.between(0.0, 1.0) < share; };
+    const Site& site = sites[static_cast<std::size_t>(dice.between(0.0, 3.99))];
+    in.lat = site.lat;
+    in.lng = site.lng;
+    in.height = site.height;
+    in.satel = chance(0.2) ? dice.between(-30.0, 0.0) : dice.between(0.0, 70.0);
+    in.sunel = chance(0.5) ? 91.0 : dice.between(-18.0, 75.0);
+    in.visflg = chance(0.6);
+    in.moonflg = chance(0.3);
+    in.pasjmp = chance(0.2);
+    in.wgs = chance(0.3);
+    in.sdp4 = chance(0.8);
+    in.IERSflg = chance(0.2);
+    in.IERSxp = chance(0.1) ? dice.between(0.0, 20.0) : 0.0;
+}
+
+}  // namespace
+
+TEST(Walks, LeaveTheSameBitsFastAndPlain)
+{
+    Dice dice;
+    int passes[2] = {};  // backward, forward
+    for (int k = 0; k < 400; ++k) {
+        SCOPED_TRACE(k);
+        const Shape& shape = shapes[static_cast<std::size_t>(k) % std::size(shapes)];
+        WinpData in = madeUp(shape, dice);
+        choosePropagator(in, k);
+        chooseConditions(in, dice);
+        const bool forward = k % 4 != 0;
+        double t = in.mjdep[0] + dice.between(-3.0, 12.0);
+        const double end = t + (in.numflg[0] ? 0.1 : 0.6) * (forward ? 1.0 : -1.0);
+        for (int found = 1; found == 1;) {
+            const Outcome fast(in, t, end, Pace::fast);
+            ASSERT_EQ(fast, Outcome(in, t, end, Pace::plain)) << shape.what;
+            found = fast.result;
+            passes[forward] += found;
+            t = fast.pass.tm[2] + (forward ? 1.0 : -1.0) / 1440.0;
+            if (forward ? t >= end : t <= end)
+                break;
+        }
+    }
+    EXPECT_GT(passes[0], 60);
+    EXPECT_GT(passes[1], 200);
 }

@@ -1,0 +1,260 @@
+#include "engine/pass_search.h"
+#include "engine/pass_walk.h"
+#include "record/progress.h"
+#include "record/text.h"
+
+namespace {
+
+constexpr double lowestElevationDeg = -90.0;
+constexpr double highestSunDeg = 90.001;  // no Sun stands higher, roundings included
+constexpr unsigned instantsPerTelling = 64;
+
+}  // namespace
+
+bool FastWalk::possible(const WinpData& in, int isat)
+{
+    return in.occflg == 0 && in.flarflg == 0 && !(in.iridflg == event::iridium && isat == in.prs) &&
+           !relativeMode(in);
+}
+
+FastWalk::FastWalk(const PassQuery& query, double sense, Pass& passFound)
+    : WalkBase(query, sense, passFound),
+      position(query.in, query.sp, query.isat),
+      bounds(*query.in, query.isat, sense, query.limits.satel)
+{}
+
+void FastWalk::goTo(double t)
+{
+    now = t;
+    found = true;
+    complete = false;
+    position.look(t);
+    bounds.anchor(position.scene());
+}
+
+/// Goes to an instant of which nothing has to be known.
+void FastWalk::passBy(double t)
+{
+    now = t;
+    found = complete = false;
+}
+
+bool FastWalk::look(double t)
+{
+    goTo(t);
+    return observerConditions(*in, *this);
+}
+
+double FastWalk::elevation(double t)
+{
+    goTo(t);
+    return sp->el[isat];
+}
+
+void FastWalk::finish()
+{
+    if (!found)
+        goTo(now);
+    if (!complete)
+        position.complete();
+    complete = true;
+}
+
+double FastWalk::sunAtObserver()
+{
+    const double el = position.sunAtObserver();
+    bounds.anchorSun(position.scene());
+    return el;
+}
+
+/// @param exactly  tells what the Sun's place itself says
+template <class Exactly>
+bool FastWalk::sunAbove(double degrees, Exactly exactly)
+{
+    if (degrees > highestSunDeg)
+        return false;
+    const Verdict settled = bounds.sunAbove(degrees, now);
+    return settled == Verdict::open ? exactly() : settled == Verdict::yes;
+}
+
+bool FastWalk::dark()
+{
+    return !sunAbove(limits.sunel, [&] { return !(sunAtObserver() < limits.sunel); });
+}
+
+bool FastWalk::sunlit()
+{
+    const Verdict settled = bounds.sunlit(now);
+    if (settled != Verdict::open)
+        return settled == Verdict::yes;
+    const double el = position.sunAtSatellite();
+    bounds.anchorSun(position.scene());
+    return el >= 0.0;
+}
+
+/// By the state at the instant looked at last.
+double FastWalk::step()
+{
+    if (limits.satel < 0.0)
+        return oneMinuteDays;
+    const auto sunFarAbove = [&] { return sunAtObserver() - sunFarAboveDeg > limits.sunel; };
+    if (sign > 0.0 && sunAbove(limits.sunel + sunFarAboveDeg, sunFarAbove))
+        return sunStepDays;
+    return sp->el[isat] < farBelowHorizonDeg ? coarseStepDays : oneMinuteDays;
+}
+
+/// What the bounds settle of the conditions, the cheaper ones first.
+Verdict FastWalk::conditionsAt(double t)
+{
+    const Verdict tooHigh = limits.sunel > highestSunDeg ? Verdict::no : bounds.sunAbove(limits.sunel, t);
+    if (tooHigh == Verdict::yes)
+        return Verdict::no;
+    const Verdict high = bounds.highEnough(t);
+    if (high == Verdict::no || in->visflg == 0)
+        return high == Verdict::yes && tooHigh == Verdict::open ? Verdict::open : high;
+    const Verdict lit = bounds.sunlit(t);
+    if (lit == (in->moonflg ? Verdict::yes : Verdict::no))
+        return Verdict::no;
+    const bool holds = !in->moonflg && lit == Verdict::yes && high == Verdict::yes && tooHigh == Verdict::no;
+    return holds ? Verdict::yes : Verdict::open;
+}
+
+/// Whether the bounds settle that the conditions fail at an instant outside of passes, and the step from there.
+bool FastWalk::failsAt(double t, double& stepThere)
+{
+    const bool stepsVary = !(limits.satel < 0.0);
+    if (stepsVary && sign > 0.0 && !(limits.sunel > highestSunDeg)) {
+        const Verdict farAbove = bounds.sunAbove(limits.sunel + sunFarAboveDeg, t);
+        stepThere = sunStepDays;
+        if (farAbove != Verdict::no)
+            return farAbove == Verdict::yes;
+    }
+    if (conditionsAt(t) != Verdict::no)
+        return false;
+    const Verdict farBelow = stepsVary ? bounds.farBelow(t) : Verdict::no;
+    stepThere = farBelow == Verdict::yes ? coarseStepDays : oneMinuteDays;
+    return farBelow != Verdict::open;
+}
+
+/// Whether the bounds settle that the pass goes on at an instant, and that it is not the highest so far.
+bool FastWalk::holdsBelowBest(double t)
+{
+    return bounds.notAboveBest(t) == Verdict::yes && conditionsAt(t) == Verdict::yes;
+}
+
+bool FastWalk::findPass(double t, double limit)
+{
+    bool inside = false;
+    unsigned instants = 0;
+    while (!beyond(t, limit)) {
+        double stepThere = oneMinuteDays;
+        if (inside ? holdsBelowBest(t) : failsAt(t, stepThere)) {
+            passBy(t);
+        } else {
+            const bool holds = look(t);
+            if (inside && !holds) {
+                putEnd(2, t);
+                return true;
+            }
+            if (holds)
+                noteHighest(t, inside);
+            inside = holds;
+            stepThere = step();
+        }
+        const double next = t + sign * stepThere;
+        if (!beyond(next, t))  // a time too far off for steps of a minute, or no number
+            break;
+        t = next;
+        if (++instants % instantsPerTelling == 0 && !tellProgress(fieldText(in->fsname[isat]), t))
+            return false;
+    }
+    if (!found)
+        goTo(now);
+    if (inside)
+        putEnd(2, limit);
+    return inside;
+}
+
+void FastWalk::noteHighest(double t, bool inside)
+{
+    if (!inside)
+        putEnd(0, t);
+    if (inside && !(sp->el[isat] > pass.a[1]))
+        return;
+    put(1, t, sp->el[isat], sp->az[isat]);
+    bounds.setBest(sp->el[isat]);
+}
+
+void FastWalk::bisectEnd(int index, bool wanted)
+{
+    double h = halfMinuteDays;
+    double trial = pass.tm[index] - h;
+    bool endFound = true;
+    for (int round = 0; round < bisectionRounds; ++round) {
+        const Verdict settled = conditionsAt(trial);
+        const bool holds = settled == Verdict::open ? look(trial) : settled == Verdict::yes;
+        if (settled != Verdict::open)
+            passBy(trial);
+        if (holds == wanted) {
+            endFound = settled == Verdict::open;
+            pass.tm[index] = trial;
+            if (endFound)
+                putEnd(index, trial);
+        }
+        h /= 2.0;
+        if (round + 1 < bisectionRounds)
+            trial += holds == wanted ? -h : h;
+    }
+    if (endFound)
+        return;
+    goTo(pass.tm[index]);
+    putEnd(index, now);
+    if (trial != now)
+        passBy(trial);
+}
+
+void FastWalk::scanEnd(int index, bool wanted)
+{
+    double trial = pass.tm[index] + oneMinuteDays;
+    for (int second = 0; second < secondsPerMinute; ++second, trial -= oneSecondDays) {
+        if (look(trial) == wanted) {
+            putEnd(index, trial);
+            return;
+        }
+    }
+}
+
+void FastWalk::refineMaximum()
+{
+    const double middle = pass.tm[1];
+    const double before = elevation(middle - sign * oneSecondDays);
+    const double after = elevation(middle + sign * oneSecondDays);
+    if (before == after)
+        return;
+    const double minute = sign * oneMinuteDays;
+    if (before > after)
+        scanMaximum(beyond(pass.tm[0], middle - minute) ? pass.tm[0] : middle - minute, middle);
+    else
+        scanMaximum(middle, beyond(middle + minute, pass.tm[2]) ? pass.tm[2] : middle + minute);
+}
+
+/// Ends where the elevation falls below the best of the scan, which has none before it improves on the pass.
+void FastWalk::scanMaximum(double from, double to)
+{
+    double best = noneYetDeg;
+    double t = from;
+    for (int second = 0; second <= secondsPerMinute && !beyond(t, to); ++second, t += sign * oneSecondDays) {
+        if (best < lowestElevationDeg && bounds.notAboveBest(t) == Verdict::yes) {
+            passBy(t);
+            continue;
+        }
+        position.expect(t, sign * oneSecondDays);
+        const double el = elevation(t);
+        if (el > pass.a[1]) {
+            put(1, t, el, sp->az[isat]);
+            best = el;
+        }
+        if (el < best)
+            return;
+    }
+}
