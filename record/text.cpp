@@ -13,6 +13,8 @@
 #include <cmath>
 
 namespace {
+constexpr double hoursOfDay = 24.0;
+constexpr double degreesOfCircle = 360.0;
 constexpr std::array<std::string_view, 12> monthNames{"JAN", "FEB", "MAR", "APR", "MAY", "JUN",
                                                       "JUL", "AUG", "SEP", "OCT", "NOV", "DEC"};
 
@@ -116,6 +118,15 @@ void aosstr(double mjd, double a, double b, char* out, int timeonly)
     TextWriter(out, reportLineBytes).add(date).addFormatted(" %2i:%02i:%02i (%3.0lf,%3.0lf)", t.h, t.m, t.s, a, b);
 }
 
+double carriedMinutes(double packed, double circle)
+{
+    char text[400];
+    if (!std::isfinite(packed) || !formatted(text, "%.2lf", packed).ends_with(".60"))
+        return packed;
+    const double whole = std::floor(std::abs(packed)) + 1.0;
+    return std::copysign(whole < circle ? whole : whole - circle, packed);
+}
+
 void prpang(char* dst, int ra4d, int mode, double value)
 {
     TextWriter text(dst, angleRoom);
@@ -128,6 +139,8 @@ void prpang(char* dst, int ra4d, int mode, double value)
         packed += 0.002;
     else if (ra4d == 0 && packed < 0)
         packed -= 0.002;
+    if (ra4d == 0)
+        packed = carriedMinutes(packed, mode < -1 ? hoursOfDay : degreesOfCircle);
     text.addFormatted(ra4d ? "%9.4lf" : "%7.2lf", packed);
     char* const end = dst + std::min<std::size_t>(text.text().size(), 7);
     char* const point = std::find(dst, end, '.');

@@ -64,7 +64,11 @@ int monthNumber(std::string_view text);
 /// @param timeonly  not 0: without the date
 void aosstr(double mjd, double a, double b, char* out, int timeonly);
 
-/// An angle for the map legend.
+/// A packed figure (D.MM, H.MM) for print with two decimals: minutes that would read 60 carry into the whole, which goes
+/// back to 0 at `circle`. Any other figure stays as it is.
+double carriedMinutes(double packed, double circle);
+
+/// An angle for the map legend; minutes that would read 60 carry, and 24 hours are 0.
 ///
 /// @param dst    at least 32 characters; longer texts are cut
 /// @param ra4d   not 0: one or two digits more

@@ -103,6 +103,12 @@ void addTime(TextWriter& text, const WinpData& in, double t)
     }
 }
 
+/// Packed right ascension and declination to the minute.
+void addMinutes(TextWriter& text, double ra, double dec)
+{
+    text.addFormatted("    %7.2lf  %7.2lf", carriedMinutes(ra, 24.0), carriedMinutes(dec, 360.0));
+}
+
 /// Azimuth and elevation, right ascension and declination; in relative mode the place of the second satellite.
 void addDirection(TextWriter& text, WinpData* in, int mode)
 {
@@ -113,8 +119,12 @@ void addDirection(TextWriter& text, WinpData* in, int mode)
         text.addFormatted("    %8.3lf  %8.3lf", az, el);
     else
         text.addFormatted("     %7.2lf  %7.2lf", az, el);
-    text.addFormatted(fourDigits ? "     %9.4lf  %9.4lf" : "        %7.2lf  %7.2lf", satpos->ra[in->prs],
-                      satpos->dec[in->prs]);
+    if (fourDigits)
+        text.addFormatted("     %9.4lf  %9.4lf", satpos->ra[in->prs], satpos->dec[in->prs]);
+    else if (relativeMode(*in))
+        text.addFormatted("        %7.2lf  %7.2lf", satpos->ra[in->prs], satpos->dec[in->prs]);
+    else
+        addMinutes(text.add("    "), satpos->ra[in->prs], satpos->dec[in->prs]);
 }
 
 void addCentralLine(TextWriter& text, const WinpData& in, int mode)
@@ -182,8 +192,12 @@ void addPole(TextWriter& text, const WinpData& in, double az, double el, const V
     const double azDeg = az < 0.0 ? az * degPerRad + 360.0 : az * degPerRad;
     text.add("Apparent Pole of orbit (Azim   Elev   R.A.  Decl)\n");
     text.addFormatted("           %7.2lf %7.2lf", azDeg, el * degPerRad);
-    text.addFormatted(in.ra4d == 1 ? "    %9.4lf  %9.4lf" : "    %7.2lf  %7.2lf", DegFDms(polar[1] / radPerHour),
-                      DegFDms(polar[2] * degPerRad));
+    const double ra = DegFDms(polar[1] / radPerHour);
+    const double dec = DegFDms(polar[2] * degPerRad);
+    if (in.ra4d == 1)
+        text.addFormatted("    %9.4lf  %9.4lf", ra, dec);
+    else
+        addMinutes(text, ra, dec);
 }
 
 /// The listing from its second step on.
@@ -256,7 +270,7 @@ void GetPoleTxt(WinpData* in, char* text)
     constexpr double quarterMinuteDays = 0.00017361111111111112;
     TextWriter lines(text, passDetailsRoom);
     lines.add("\n\n");
-    if (relativeMode(*in))
+    if (relativeMode(*in) || in->tmaxel == 0.0)  // no step has been listed
         return;
     const double t = in->tmaxel;
     const Vec3 before = apparentDirection(in, t - quarterMinuteDays);

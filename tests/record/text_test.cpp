@@ -116,6 +116,9 @@ constexpr AngleCase angleCases[] = {
     {"hours", 0, -2, 6.4509, "   6h45"},
     {"hours with seconds", 1, -2, 6.4509, "   6h4509"},
     {"nothing", 0, -1, 0.0, "   0\26000"},
+    {"minutes that round up to the next degree", 0, 1, -1.9931, "  -2\26000"},
+    {"to the next hour", 0, -2, 10.5951, "  11h00"},
+    {"to the next day", 0, -2, 23.5959, "   0h00"},
     {"a point behind the seventh character stays", 0, -1, 12345678.0, "12345678.00"},
 };
 
@@ -127,6 +130,8 @@ TEST(LegendAngle, TakesItsFormsAndStaysInItsRoom)
         prpang(out, c.ra4d, c.mode, c.value);
         EXPECT_STREQ(out, c.text) << c.what;
     }
+    EXPECT_EQ(carriedMinutes(21.5958, 24.0), 22.0);
+    EXPECT_EQ(carriedMinutes(21.5949, 24.0), 21.5949);
     prpang(out, 1, 1, 1e300);
     prpang(out, 1, 1, std::nan(""));
     EXPECT_EQ(out[32], '#');

@@ -133,6 +133,17 @@ TEST_F(PassDetails, ThePoleIsTheOneAboveTheHorizon)
     }
 }
 
+TEST_F(PassDetails, AnEmptyListingHasNoPole)
+{
+    indata->satel = 89.99;
+    indata->aostm[0] = 58138.0007;
+    double t = 0;
+    QString text;
+    EXPECT_EQ(vsGetPassDTxt(t, text, false), 0);
+    vsGetPassDTxt(t, text, true);
+    EXPECT_EQ(text.trimmed(), QString());
+}
+
 TEST_F(PassDetails, WithTinyStepsEndAtTheirLimit)
 {
     indata->satel = -90.0;  // the whole day is one pass
