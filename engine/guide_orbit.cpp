@@ -7,28 +7,6 @@
 #include "astro/angles.h"
 #include "orbit/deep_space.h"
 
-// Why the bound holds. SGP4 puts the satellite at the radius mrt and the angles su, xnode, xinc. These are the place in
-// an ellipse with slowly moving elements, which the guide takes over, plus the terms that the guide leaves out. A point
-// at the distance r that is turned by small angles one after the other moves by no more than r times their sum, so each
-// term left out costs r times its amplitude:
-// - short-period terms: su 0.25 temp2 x7thm1, xnode 1.5 temp2 cos i, xinc 1.5 temp2 cos i sin i, mrt 0.5 temp1 x1mth2,
-//   with temp1 = J2 / (2 p), temp2 = J2 / (2 p^2); the mean term of mrt is in the guide;
-// - drag: the eccentricity by bstar cc5 (sin M - sin M0); mean anomaly and perigee, in opposite directions, by
-//   omgcof t + xmcof ((1 + eta cos M)^3 - delmo), delmo being the cube at epoch; the powers of the time are in the
-//   guide;
-// - Moon and Sun (dpper): an element with the coefficients p2, p3, p4 swings by hypot(p2, p3) / 4 + |p4|, because its
-//   two functions are those of one angle's double. In the plain form the node's ph turns about the pole and is taken off
-//   the perigee times cos i: together a turn by gh about the normal and one by ph sin i = h in the plane. In Lyddane's
-//   form, below 0.2 radians, the plane's normal moves by at most h and i, the sum of the longitudes by gh, by
-//   2 pi 0.2 i and by (1 - cos i) times the change of the node, which is at most pi/2 0.2 (h + i); where the sign of the
-//   inclination or the branch of the node changes, the normal moves by 2 i once more. All are below gh + 3 h + 6 i;
-// - resonance: mean anomaly between the two ends of the guide's time by a straight line, off by at most an eighth of
-//   the greatest rate of change times the square of the time, and a quarter of each jump of the rate between steps.
-// An error of the eccentricity moves a point of the ellipse by at most (4 + e / sqrt(1 - e^2)) a, one of the mean anomaly
-// by a sqrt((1 + e) / (1 - e)), that at perigee. Products of two small terms are left to the factor `secondOrder` and the
-// kilometre `spareKm`: the largest is some J2^2 r.
-// Every state is turned from the mean equinox to the true one, and by nutation: both below 10^-4 radians each.
-
 namespace {
 
 constexpr double secondOrder = 1.1;
@@ -51,6 +29,23 @@ constexpr double resonanceStepMin = 720.0;
 double swing(double p2, double p3, double p4 = 0.0)
 {
     return 0.25 * std::sqrt(p2 * p2 + p3 * p3) + std::abs(p4);
+}
+
+/// The greatest change of the mean motion by the resonance, and of that change per radian of the longitude.
+struct ResonancePull
+{
+    double pull, pullRate;
+};
+
+ResonancePull resonancePull(const elsetrec& sat)
+{
+    if (sat.irez == 1)
+        return {std::abs(sat.del1) + std::abs(sat.del2) + std::abs(sat.del3),
+                std::abs(sat.del1) + 2.0 * std::abs(sat.del2) + 3.0 * std::abs(sat.del3)};
+    const double once = std::abs(sat.d2201) + std::abs(sat.d2211) + std::abs(sat.d3210) + std::abs(sat.d3222) +
+                        std::abs(sat.d5220) + std::abs(sat.d5232);
+    const double twice = std::abs(sat.d4410) + std::abs(sat.d4422) + std::abs(sat.d5421) + std::abs(sat.d5433);
+    return {once + twice, once + 2.0 * twice};
 }
 
 /// How far a point of the ellipse moves, in semi-major axes, per unit of the mean anomaly and of the eccentricity.
@@ -136,17 +131,7 @@ bool GuideOrbit::setResonance(elsetrec sat, double from, double to)
     const Sgp4Elements first = at(t1);
     const Sgp4Elements last = at(t2);
     const double span = t2 - t1;
-    double pull = 0, pullRate = 0;
-    if (sat.irez == 1) {
-        pull = std::abs(sat.del1) + std::abs(sat.del2) + std::abs(sat.del3);
-        pullRate = std::abs(sat.del1) + 2.0 * std::abs(sat.del2) + 3.0 * std::abs(sat.del3);
-    } else {
-        const double once = std::abs(sat.d2201) + std::abs(sat.d2211) + std::abs(sat.d3210) + std::abs(sat.d3222) +
-                            std::abs(sat.d5220) + std::abs(sat.d5232);
-        const double twice = std::abs(sat.d4410) + std::abs(sat.d4422) + std::abs(sat.d5421) + std::abs(sat.d5433);
-        pull = once + twice;
-        pullRate = once + 2.0 * twice;
-    }
+    const auto [pull, pullRate] = resonancePull(sat);
     const double longest = std::max(std::abs(t1), std::abs(t2));
     const double drift = std::abs(sat.xfact + sat.no) + pull * longest;
     const double jump = pullRate * drift * resonanceStepMin * resonanceStepMin;  // twice: the jumps add to the drift
@@ -167,24 +152,36 @@ bool GuideOrbit::setResonance(elsetrec sat, double from, double to)
     return std::isfinite(longitudeOff) && std::isfinite(turnOff);
 }
 
+/// The periodic terms of the drag.
+void GuideOrbit::addDrag(const elsetrec& sat, double T)
+{
+    if (sat.isimp == 1)
+        return;
+    eccOff = std::abs(sat.bstar * sat.cc5) * (1.0 + std::abs(sat.sinmao));
+    const double range = std::pow(1.0 + std::abs(sat.eta), 3.0) - std::pow(1.0 - std::abs(sat.eta), 3.0);
+    anomalyOff = std::abs(sat.omgcof) * T + std::abs(sat.xmcof) * range;
+}
+
+/// The periodic terms of Moon and Sun, and their secular change of the inclination.
+void GuideOrbit::addMoonAndSun(const elsetrec& sat, double T)
+{
+    if (!deep)
+        return;
+    eccOff += swing(sat.se2, sat.se3) + swing(sat.ee2, sat.e3);
+    const double inclinationOff = swing(sat.si2, sat.si3) + swing(sat.xi2, sat.xi3);
+    const double h = swing(sat.sh2, sat.sh3) + swing(sat.xh2, sat.xh3);
+    const double gh = swing(sat.sgh2, sat.sgh3, sat.sgh4) + swing(sat.xgh2, sat.xgh3, sat.xgh4);
+    longitudeOff += swing(sat.sl2, sat.sl3, sat.sl4) + swing(sat.xl2, sat.xl3, sat.xl4);
+    turnOff += gh + 3.0 * h + 6.0 * inclinationOff + 3.0 * std::abs(sat.didt) * T;
+}
+
 bool GuideOrbit::withinTheory(const elsetrec& sat, double from, double to)
 {
     const double T = std::max(std::abs(from), std::abs(to));
     reach.minutes = T;
     const double change = std::abs(d1) * T + std::abs(d2) * T * T + (std::abs(d3) * T + std::abs(d4) * T * T) * T * T;
-    if (sat.isimp != 1) {
-        eccOff = std::abs(sat.bstar * sat.cc5) * (1.0 + std::abs(sat.sinmao));
-        const double range = std::pow(1.0 + std::abs(sat.eta), 3.0) - std::pow(1.0 - std::abs(sat.eta), 3.0);
-        anomalyOff = std::abs(sat.omgcof) * T + std::abs(sat.xmcof) * range;
-    }
-    if (deep) {
-        eccOff += swing(sat.se2, sat.se3) + swing(sat.ee2, sat.e3);
-        const double inclinationOff = swing(sat.si2, sat.si3) + swing(sat.xi2, sat.xi3);
-        const double h = swing(sat.sh2, sat.sh3) + swing(sat.xh2, sat.xh3);
-        const double gh = swing(sat.sgh2, sat.sgh3, sat.sgh4) + swing(sat.xgh2, sat.xgh3, sat.xgh4);
-        longitudeOff += swing(sat.sl2, sat.sl3, sat.sl4) + swing(sat.xl2, sat.xl3, sat.xl4);
-        turnOff += gh + 3.0 * h + 6.0 * inclinationOff + 3.0 * std::abs(sat.didt) * T;
-    }
+    addDrag(sat, T);
+    addMoonAndSun(sat, T);
     const double eccChange = std::abs(ecc.rate) * T + eccOff;
     reach.eccLow = sat.ecco - eccChange;
     reach.eccHigh = std::max(sat.ecco + eccChange, cutEccentricity);
@@ -228,18 +225,29 @@ double GuideOrbit::longitudeByDrag(double t) const
     return (l2 + (l3 + (l4 + l5 * t) * t) * t) * t * t;
 }
 
-/// @param a  km
+/// The amplitudes of the short-period terms.
+///
+/// @param r  km
 /// @param p  Earth radii
-double GuideOrbit::offAt(double r, double e, double a, double p) const
+double GuideOrbit::shortPeriodKm(double r, double p) const
 {
     const double temp1 = 0.5 * j2 / p;
     const double temp2 = temp1 / p;
-    const double shortPeriod = r * temp2 * (0.25 * std::abs(x7thm1) + 1.5 * std::abs(cosi) * (1.0 + sini)) +
-                               0.5 * earthRadius * temp1 * x1mth2;
+    return r * temp2 * (0.25 * std::abs(x7thm1) + 1.5 * std::abs(cosi) * (1.0 + sini)) +
+           0.5 * earthRadius * temp1 * x1mth2;
+}
+
+/// Everything that the guide leaves out.
+///
+/// @param r, a  km
+/// @param p     Earth radii
+double GuideOrbit::offAt(double r, double e, double a, double p) const
+{
     const double alongOff =
         anomalyOff + longitudeOff + keplerTolerance + std::abs(xlcof) / p * (eccOff + e * (anomalyOff + turnOff));
-    return spareKm + secondOrder * (shortPeriod + a * byAnomaly(e) * alongOff + a * byEccentricity(e) * eccOff +
-                                    r * (anomalyOff + turnOff + framesRad) + 3.0 * a * perigeeTolerance);
+    return spareKm +
+           secondOrder * (shortPeriodKm(r, p) + a * byAnomaly(e) * alongOff + a * byEccentricity(e) * eccOff +
+                          r * (anomalyOff + turnOff + framesRad) + 3.0 * a * perigeeTolerance);
 }
 
 bool GuideOrbit::place(double t, Place& to)

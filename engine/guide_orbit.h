@@ -5,8 +5,8 @@
 #include "record/winp_data.h"
 
 /// The ellipse that SGP4 and SDP4 draw with their secular and long-period terms alone. What is left out are periodic
-/// terms; the sum of their amplitudes bounds the distance of the model's position, `offKm`. The derivation stands in
-/// the source.
+/// terms; the sum of their amplitudes bounds the distance of the model's position, `offKm`. The proof stands in
+/// guide_orbit.md.
 class GuideOrbit
 {
 public:
@@ -57,10 +57,13 @@ private:
     void setSecular(const elsetrec& sat);
     void setDeep(const elsetrec& sat);
     bool setResonance(elsetrec sat, double from, double to);
+    void addDrag(const elsetrec& sat, double T);
+    void addMoonAndSun(const elsetrec& sat, double T);
     bool withinTheory(const elsetrec& sat, double from, double to);
     void setBounds(const elsetrec& sat);
     double axisFactor(double t) const;
     double longitudeByDrag(double t) const;
+    double shortPeriodKm(double r, double p) const;
     double offAt(double r, double e, double a, double p) const;
 
     bool good = false;

@@ -60,13 +60,17 @@ constexpr Shape shapes[] = {
 
 constexpr Shape swinging{"swinging", 2.5, 6.0, 300.0, 300.0, 0.05, 0.0, 165.0, 0.0};
 
-/// The amplitudes of what Moon and Sun do to an orbit.
+/// What Moon and Sun do to an orbit: amplitudes, and a rate.
 constexpr double elsetrec::*swings[] = {
-    &elsetrec::se2, &elsetrec::se3, &elsetrec::si2, &elsetrec::si3,  &elsetrec::sl2,  &elsetrec::sl3,
-    &elsetrec::sl4, &elsetrec::sh2, &elsetrec::sh3, &elsetrec::sgh2, &elsetrec::sgh3, &elsetrec::sgh4,
-    &elsetrec::ee2, &elsetrec::e3,  &elsetrec::xi2, &elsetrec::xi3,  &elsetrec::xl2,  &elsetrec::xl3,
-    &elsetrec::xl4, &elsetrec::xh2, &elsetrec::xh3, &elsetrec::xgh2, &elsetrec::xgh3, &elsetrec::xgh4,
+    &elsetrec::se2,  &elsetrec::se3,  &elsetrec::si2,  &elsetrec::si3,  &elsetrec::sl2,
+    &elsetrec::sl3,  &elsetrec::sl4,  &elsetrec::sh2,  &elsetrec::sh3,  &elsetrec::sgh2,
+    &elsetrec::sgh3, &elsetrec::sgh4, &elsetrec::ee2,  &elsetrec::e3,   &elsetrec::xi2,
+    &elsetrec::xi3,  &elsetrec::xl2,  &elsetrec::xl3,  &elsetrec::xl4,  &elsetrec::xh2,
+    &elsetrec::xh3,  &elsetrec::xgh2, &elsetrec::xgh3, &elsetrec::xgh4, &elsetrec::didt,
 };
+
+constexpr double swingRad = 0.06;
+constexpr double tiltRadPerMinute = 1.6e-6;  // `didt`; 0.03 radians in 13 days
 
 WinpData madeUp(const Shape& shape, Dice& dice)
 {
@@ -97,7 +101,7 @@ void forEachOrbit(const Run& run)
         for (double elsetrec::*other : swings)
             satrec.*other = swing ? 0.0 : satrec.*other;
         if (swing)
-            satrec.*swing = 0.06;
+            satrec.*swing = swing == &elsetrec::didt ? tiltRadPerMinute : swingRad;
         run(what, in, dice);
     };
     std::ifstream file(TEST_DATA "/elements/catalogue_2018.txt");
