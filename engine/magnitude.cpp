@@ -45,7 +45,7 @@ Share visibleShare(const Disks& d)
     if (std::abs(s) > 1.0)
         return {false, 0.0, 0.0};
     double ofMoon = segment(std::acos(c), d.moon);
-    if (x > d.distance && d.sun > d.moon)
+    if (x > d.distance)  // then the Sun is the larger disk
         ofMoon = std::numbers::pi * (d.moon * d.moon) - ofMoon;
     const double ofSun = segment(std::acos(s), d.sun);
     const double disk = std::numbers::pi * (d.sun * d.sun);

@@ -90,6 +90,32 @@ TEST(Position, AgreesWithAnIndependentChain)
     }
 }
 
+TEST(Position, RangeRateIsTheChangeOfTheRange)
+{
+    // a hyperbola has no secular changes, which the velocity leaves out; on the equator the Earth is as round as the
+    // observer's speed takes it
+    WinpData in = keplerian(0.0, 1.2, 5.0, 42000.0);
+    in.lat = in.height = 0.0;
+    constexpr double t = 58138.01;
+    constexpr double s = 10.0 * secondDays;
+    for (const double lng : {0.0, 90.0, 200.0}) {
+        in.lng = lng;
+        const double change = positionAt(t + s, in).dst[0] - positionAt(t - s, in).dst[0];
+        EXPECT_NEAR(positionAt(t, in).rrate[0], change / 20.0, 2e-5) << lng;
+    }
+}
+
+TEST(Position, EpochOfCoordinatesIsClamped)
+{
+    WinpData in = recordWith({25544});
+    const auto rightAscension = [&](double year) {
+        in.yrepoch = year;
+        return positionAt(58139.0, in).ra[0];
+    };
+    EXPECT_EQ(rightAscension(1e5), rightAscension(2e5));
+    EXPECT_NE(rightAscension(99999.0), rightAscension(1e5));
+}
+
 TEST(Position, EpochZeroGivesPlacesOfDate)
 {
     constexpr double t = 58139.8613;
@@ -121,6 +147,9 @@ TEST(TwoBody, EllipseKeepsPeriodNodeAndPerigee)
     // 0.001082628.
     const StateAt later(58148.0, in);
     EXPECT_NEAR(abs(later.r), a * (1 - e), 1e-5);
+    WinpData growing = in;
+    growing.adot[0] = 5.0;
+    EXPECT_NEAR(abs(StateAt(58148.0, growing).r), (a + 50.0) * (1 - e), 1e-5);
     const double p = a * (1 - e * e);
     const double rate = 1.5 * 12.0 * 360.0 * 0.001082628 * (6378.137 / p) * (6378.137 / p);
     const double cosi = std::cos(inc * radPerDeg);
@@ -247,9 +276,13 @@ TEST(NumericSatellite, StaysNearItsAnalyticOrbitForAnHour)
     WinpData in = recordWith({25544});
     const double t = in.mjdep[0] + 1.0 / 24;
     const Vec3 analytic = positionAt(t, in).rsat;
+    in.dF107 = 200.0;
+    in.moondst = 5.0;
     EpochState(&in, 0, true);  // the current state is that of the epoch again
+    EXPECT_EQ(in.moondst, 0.0);
+    EXPECT_EQ(in.F107[0], 200.0);
+    EXPECT_EQ(in.FB107[0], 155.0);
     in.numflg[0] = 1;
-    in.moondst = 5;
     const Vec3 numeric = positionAt(t, in).rsat;
     // a theory of mean elements is some km off in an osculating orbit of 400 km
     EXPECT_LT(abs(numeric - analytic), 5.0);

@@ -127,6 +127,43 @@ TEST(Transit, ZoneReachesTheObserverOrNot)
     EXPECT_EQ(r, 1);
 }
 
+TEST(Transit, SaysNothingOfCrossingsTooShortOrTooLong)
+{
+    int told[2] = {};
+    for (const double e : {0.0, 0.7}) {
+        WinpData in = recordAt({0.0, 20.0, 0.0});
+        in.occflg = 1;
+        in.aflg[0] = 0;
+        in.mjdep[0] = 58138.0;
+        in.a[0] = 6400.0 / (1.0 - e);
+        in.ecc[0] = e;
+        in.n0[0] = 17.0 * std::pow(1.0 - e, 1.5);
+        for (int k = 0; k < 4000; ++k) {
+            const double t = 58138.0 + k * 10.0 * secondDays;
+            WinpData below = in;
+            if (const SatPosData sp = positionAt(t, below); sp.occlat[0] < anglesOnly) {
+                below.lat = sp.occlat[0];
+                below.lng = sp.occlng[0];
+            }
+            const SatPosData now = positionAt(t, below);
+            const SatPosData then = positionAt(t + secondDays, below);
+            const double motion = angleBetween(direction(now.az[0], now.el[0]), direction(then.az[0], then.el[0]));
+            const double seconds = 0.53 / motion;
+            if (std::abs(seconds - 30.0) < 0.01 || std::abs(seconds - 0.05) < 1e-5)
+                continue;
+            int r = 0;
+            char text[64];
+            in.sgpsat = noSlot;
+            SunMoonTr(&in, t, 0, 0.0, 0, r, text);
+            const bool sensible = seconds > 0.05 && seconds < 30.0;
+            ASSERT_EQ(std::string(text) != " ", sensible) << seconds;
+            ++told[sensible];
+        }
+    }
+    EXPECT_GT(told[0], 10);
+    EXPECT_GT(told[1], 10);
+}
+
 constexpr double stationMiddle = 58139.4 + 75.4 * minuteDays;
 
 TEST(TransitSearch, KnowsTheDistanceOfTheCentralLine)
