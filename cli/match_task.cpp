@@ -2,6 +2,7 @@
 
 #include "astro/angles.h"
 #include "astro/calendar.h"
+#include "astro/earth.h"
 #include "astro/frames.h"
 #include "cli/entry_walk.h"
 #include "cli/tasks.h"
@@ -22,7 +23,6 @@ constexpr int primeSlot = 0;
 constexpr double secondsPerDay = 86400.0;
 constexpr double oneSecondDays = 1.0 / secondsPerDay;
 constexpr double slowRevPerDay = 2.0;
-constexpr double earthRadiusKm = 6378.137;
 constexpr double zenithLimitDeg = 89.1;  // above it "up" has no meaning
 
 /// A place in the sky, radians.

@@ -6,6 +6,7 @@
 
 #include "astro/angles.h"
 #include "astro/calendar.h"
+#include "astro/earth.h"
 #include "astro/time_scales.h"
 #include "astro/vec3.h"
 #include "engine/epoch_state.h"
@@ -21,7 +22,6 @@ constexpr double smallestDivisor = 1e-5;
 constexpr double longestAscentMinutes = 12.0;
 constexpr double ascentShare = 0.45;  // of the ascent until the plane is fixed in space
 constexpr double minutesPerDay = 1440.0;
-constexpr double earthRadiusKm = 6378.137;
 constexpr double nodeRateFactor = 0.001623942;  // 1.5 J2
 constexpr double earthTurnRadPerDay = 6.3003888;
 constexpr double parabolaGuard = 0.00019998999999992773;  // 1 - e squared of e = 0.9999

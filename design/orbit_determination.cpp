@@ -6,6 +6,7 @@
 
 #include "astro/angles.h"
 #include "astro/calendar.h"
+#include "astro/earth.h"
 #include "astro/frames.h"
 #include "engine/epoch_state.h"
 #include "engine/held_values.h"
@@ -14,7 +15,6 @@
 
 namespace {
 
-constexpr double earthRadiusKm = 6378.137;
 constexpr double lowestRadiusKm = 6478.14;
 constexpr double highestRadiusKm = 300000.0;
 constexpr double bracketKm = 100.0;

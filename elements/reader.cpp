@@ -1,6 +1,7 @@
 #include "elements/reader.h"
 
 #include "astro/calendar.h"
+#include "astro/earth.h"
 #include "astro/two_body.h"
 #include "elements/catalogue_number.h"
 #include "elements/exact_entry.h"
@@ -29,7 +30,6 @@ constexpr int unknownRevolution = -1;
 constexpr int keplerType = 9;  // ephemeris type of the simple model
 constexpr int firstYearOfLastCentury = 57;
 
-constexpr double earthRadiusKm = 6378.137;
 constexpr double gmEarthKm3PerS2 = 398600.4415;
 constexpr double lowestMeanMotion = 1e-30;
 constexpr double lowOrbitRevPerDay = 16.088;

@@ -1,6 +1,7 @@
 // The stages of GetSatPos: what they hand on, and each quantity's one piece of code. For the engine alone.
 #pragma once
 
+#include "astro/earth.h"
 #include "astro/frames.h"
 #include "astro/mat3.h"
 #include "astro/vec3.h"
@@ -10,9 +11,6 @@
 #include "record/winp_data.h"
 
 class Sgp4Ahead;
-
-/// Equatorial radius of the Earth in the engine.
-constexpr double earthRadiusKm = 6378.137;
 
 /// What the stages hand on. A stage reads what stages named before it have filled for the same instant; observer and
 /// TT minus UT are kept from one instant to the next.

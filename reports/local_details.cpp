@@ -2,6 +2,7 @@
 
 #include "astro/angles.h"
 #include "astro/calendar.h"
+#include "astro/earth.h"
 #include "astro/frames.h"
 #include "engine/event_geometry.h"
 #include "engine/held_values.h"
@@ -16,7 +17,6 @@
 
 namespace {
 
-constexpr double earthRadiusKm = 6378.137;
 constexpr double moonRadiusKm = 1738.0;
 constexpr double noSurfaceAngle = -1.0;
 constexpr double smallestDivisor = 1e-50;

@@ -2,6 +2,7 @@
 
 #include "astro/angles.h"
 #include "astro/calendar.h"
+#include "astro/earth.h"
 #include "astro/frames.h"
 #include "astro/mat3.h"
 #include "elements/element_file.h"
@@ -43,7 +44,6 @@ constexpr double longStepDays = 1.5e-5;  // beyond this a moving target is renew
 constexpr double slowRevPerDay = 2.0;
 constexpr double roundOrbitEcc = 0.1;
 constexpr double minutesPerDay = 1440.0;
-constexpr double earthRadiusKm = 6378.137;
 
 /// The slot in which each entry is tried. It follows the selected satellites; with ten of these the last one is
 /// parked for the time of the search, and so is the match that fills the list.
