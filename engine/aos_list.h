@@ -9,7 +9,8 @@ struct WinpData;
 struct WoutData;
 class TextWriter;
 
-/// Where the search for the pass after this one starts: behind one of a fast satellite an hour is left out.
+/// Where the search for the next pass starts, MJD: a minute after the end of this one, and after a pass of a satellite with more
+/// than 14 revolutions a day an hour later still.
 double timeAfterPass(const WinpData& in, int isat, const Pass& pass);
 
 /// Appends the time stamps of start, maximum and end, the first one with the date; in relative mode of start and end.
@@ -41,7 +42,7 @@ constexpr double anySunElevationDeg = 90.0;
 ///
 /// `naos` and `aostm` describe the selectable lines afterwards. A refusal is a text in `out` and is not written.
 /// `iridflg` says what is looked for, see `chooseEventKind`.
-/// A span `dur` longer than `longestSpanDays` is held to that.
+/// A span `dur` longer than `longestSpanDays` is clamped to that.
 ///
 /// @return  why the save file could not be written, for a reader; empty otherwise
 std::string aospass(WinpData* in, WoutData* out);

@@ -1,4 +1,4 @@
-// Ranges inside which the engine holds what a person or a file may have entered, so that every result is finite.
+// Ranges to which the engine clamps what a person or a file may have entered, so that every result is finite.
 #pragma once
 
 #include <algorithm>
@@ -13,13 +13,13 @@ constexpr double heldArcSeconds = 1e6;     // polar motion
 constexpr double heldYears = 1e5;          // epochs of coordinates
 constexpr double heldMagnitudes = 1e6;
 
-/// x held inside plus and minus `limit`; 0 for NaN.
+/// x clamped to plus and minus `limit`; 0 for NaN.
 constexpr double held(double x, double limit)
 {
     return x != x ? 0.0 : std::clamp(x, -limit, limit);
 }
 
-/// UT1 of a UTC date; both MJD and held. Without Earth parameters the two are one.
+/// UT1 of a UTC date; both MJD, clamped. Without Earth parameters the two are one.
 constexpr double heldUt1(double mjd, const WinpData& in)
 {
     const double utc = held(mjd, heldTimeDays);

@@ -8,10 +8,10 @@ struct SatPosData;
 /// set, at least two satellites are selected, and neither occultations nor flares are looked for.
 bool relativeMode(const WinpData& in);
 
-/// The slot of the satellite that relative mode looks from: the one behind the prime, or the first.
+/// The slot of the satellite that relative mode looks from: the one after the prime, or the first.
 int secondSatellite(const WinpData& in);
 
-/// The search step near the horizon, and the margin behind a pass.
+/// The search step near the horizon, and the margin after a pass.
 constexpr double oneMinuteDays = 0.0006944444444444445;
 
 /// Below this elevation a search takes coarse steps.
@@ -20,7 +20,7 @@ constexpr double farBelowHorizonDeg = -25.0;
 /// A search over a longer span than this would not end in an acceptable time.
 constexpr double longestSpanDays = 100000.0;
 
-/// A span of days held to `longestSpanDays`; a span that is no number counts as longer.
+/// A span of days clamped to plus and minus `longestSpanDays`; a span that is no number counts as longer.
 double heldSpan(double days);
 
 /// Whether the state in `sp` fulfils the visibility conditions; non-zero if so.

@@ -18,7 +18,7 @@
 /// Changes in `in`: for an analytic model the current state of the slot (cstm, csr0 to csv2) and moondst; sgpsat;
 /// ecltyp, smang, eclmag, eclpow, flrang; in the flare modes with an unknown surface and in the solar panel rounds
 /// occra and occdec. There is no failure: a state that is no finite number becomes the far-off state of a failed
-/// analytic model, and times, places and angles out of every range are held inside one, so that `sp` is finite.
+/// analytic model, and senseless times, places and angles are clamped, so that `sp` is finite.
 void GetSatPos(double mjd, WinpData* in, SatPosData* sp, int isat, int vis);
 
 /// GetSatPos as if relative mode were off.

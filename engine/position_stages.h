@@ -65,36 +65,81 @@ struct Scene
 double wrapPi(double x);
 
 // Time, Sun, Moon and frames.
+/// Fills mjd, ut1, ttUt and T from a UTC date, which is clamped.
 void setTimes(Scene& s, double mjd);
+
+/// Fills nutation and eqeq: the full series with IERS values, else the short one.
 void setNutation(Scene& s);
+
+/// Fills greenwich, which needs eqeq.
 void setGreenwich(Scene& s);
+
+/// Fills the observer, clamped, and what does not change with time.
 void setObserver(Scene& s, const Site& site);
+
+/// Fills sun, with aberration.
 void placeSun(Scene& s);
+
+/// Fills moon, without aberration.
 void placeMoon(Scene& s);
+
+/// Whether a later stage reads moon.
 bool moonWanted(const Scene& s);
+
+/// Fills epochChosen and toEpoch by yrepoch.
 void setEpochMatrix(Scene& s);
 
 // The satellite.
+/// Fills r and v by the model of the slot, mean equator of date; an analytic state becomes the current one of the slot.
 void propagate(Scene& s);
+
+/// Turns r and v to the true equator of date, and stores them as rsat and vsat unless relative.
 void turnToTrueOfDate(Scene& s);
 
 // The view from the observer.
+/// Fills observer, sight and toObserver.
 void placeObserver(Scene& s);
+
+/// Fills observerVelocity: that of a point on a sphere, turning once in a sidereal day.
 void findObserverVelocity(Scene& s);
+
+/// Gives ra and dec, with light time if IERS values are in force.
 void findApparentPlace(Scene& s);
+
+/// Gives rrate.
 void findRangeRate(Scene& s);
+
+/// Gives sslat and sslng.
 void findSubSolarPoint(const Scene& s);
+
+/// Gives az, el and dst.
 void findAzimuthElevation(Scene& s);
+
+/// Gives beta.
 void findBeta(Scene& s);
 
 // The satellite's own place and light.
+/// Gives lat, lng and hgt, and the same as subLat and subLng; polar motion is applied.
 void findSubSatellitePoint(Scene& s);
+
+/// Gives osunel and osunaz.
 void findSunAtObserver(Scene& s);
+
+/// Gives sunel and sunaz, and sunElevation.
 void findSunAtSatellite(Scene& s);
+
+/// Gives moonel, and moonElevation.
 void findMoonAtSatellite(Scene& s);
+
+/// Gives ecltyp, smang, eclmag and eclpow of the input record, and eclipseIncrement.
 void findSolarEclipse(Scene& s);
+
+/// Gives mag by Sun or Moon, and source and baseMagnitude.
 void findMagnitude(Scene& s);
 
 // Events.
+/// Gives the ground point of the line from Sun, Moon or direction through the satellite, by occflg.
 void findTransitPoint(Scene& s);
+
+/// Gives the ground point, angle and magnitude of a reflection, or the surface that would send one to the observer.
 void findFlare(Scene& s);

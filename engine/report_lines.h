@@ -10,7 +10,7 @@ class TextWriter;
 /// Appends running text lines; an empty text stands for a blank line.
 void putLines(WoutData* out, std::initializer_list<const char*> lines);
 
-/// Appends the note that a heading has where the span `dur` is held to its limit.
+/// Appends the note that a heading has where the span `dur` is cut to its limit.
 ///
-/// @return  whether it is held; if not, nothing is appended
+/// @return  whether it is cut; if not, nothing is appended
 bool addHeldSpan(TextWriter& heading, const WinpData& in);
