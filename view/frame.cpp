@@ -4,6 +4,7 @@
 
 #include <algorithm>
 
+#include <QCoreApplication>
 #include <QPaintEvent>
 #include <QPainter>
 
@@ -130,9 +131,12 @@ void VorlixView::goHome()
     update();
 }
 
-void VorlixView::keyPressEvent(QKeyEvent*)
+/// Keys are the business of the main window.
+void VorlixView::keyPressEvent(QKeyEvent* event)
 {
-    clearFocus();  // keys are the business of the main window
+    clearFocus();
+    if (window() != this)
+        QCoreApplication::sendEvent(window(), event);
 }
 
 void VorlixView::keyPress(int n)
@@ -143,6 +147,14 @@ void VorlixView::keyPress(int n)
         indata->prs = 0;
 }
 
+/// Where the bottom of the picture on show meets that of the window.
+int VorlixView::lowestScroll() const
+{
+    const int room = parentWidget() ? parentWidget()->height() : height();
+    const QSizeF picture = pixmapOnShow().deviceIndependentSize();
+    return std::min(room - static_cast<int>(picture.height()), 0);
+}
+
 void VorlixView::scrollDsp(int dx, int dy)
 {
     if (dx > 0)
@@ -150,7 +162,7 @@ void VorlixView::scrollDsp(int dx, int dy)
     else if (dx < 0)
         vForward();
     else
-        move(0, std::min(y() + dy, 0));
+        move(0, std::clamp(y() + dy, lowestScroll(), 0));
 }
 
 void VorlixView::vRefresh()

@@ -72,7 +72,7 @@ public:
           scene(plot),
           prime(std::clamp(record->prs, 0, maxSatellites - 1)),
           ground(positions->occlat[prime] < noGroundPoint),
-          decayed(positions->hgt[prime] < 0)
+          decayed(record->satn > 0 && positions->hgt[prime] < 0)
     {}
 
     std::vector<LegendText> compose();
@@ -83,6 +83,8 @@ private:
         texts.push_back({column, row, text, colour, label});
     }
 
+    /// The sky is that of the prime satellite, which has no direction and distance there.
+    bool seenFromItself() const { return in.skymap != 0 && in.satsky; }
     bool events() const { return in.occflg != 0 || in.flarflg != 0; }
     bool knownSurface() const { return in.flarflg >= 1 && in.flarmod >= 1; }
     bool magnitudeWanted() const;
@@ -116,10 +118,13 @@ private:
 std::vector<LegendText> Legend::compose()
 {
     putTime();
-    putPosition();
-    putSunAndRate();
-    putSky();
-    putTopocentric();
+    if (in.satn > 0) {
+        putPosition();
+        putSunAndRate();
+        putSky();
+        if (!seenFromItself())
+            putTopocentric();
+    }
     putNames();
     return std::move(texts);
 }

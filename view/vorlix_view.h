@@ -81,7 +81,7 @@ public:
     void goHome();
     /// The digit key n, 1 to 10: makes that satellite the prime one, if so many are selected.
     void keyPress(int n);
-    /// Steps back in time for a dx above 0 and on for one below; otherwise scrolls by dy, not beyond the top.
+    /// Steps back in time for a dx above 0 and on for one below; otherwise scrolls by dy, not beyond top and bottom.
     void scrollDsp(int dx, int dy);
     /// Draws the background anew and puts the map on show; markers come back with the next plot.
     void vRefresh();
@@ -236,6 +236,7 @@ private:
     void copyMap(QPainter& painter, const QRect& part) const;
     void copyMapToDisplay();
     const QPixmap& pixmapOnShow() const;
+    int lowestScroll() const;
 
     // settings
     int askDate(const QString& event);

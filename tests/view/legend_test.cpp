@@ -86,7 +86,7 @@ private Q_SLOTS:
             if (s->in.prs != prime)  // the other slots are at the same place
                 for (const auto& [name, field] : positionFields)
                     (s->sp.*field)[s->in.prs] = (s->sp.*field)[prime];
-            QString shown;
+            QString shown = "nothing " + pens.at("white").name();
             for (const LegendText& text : legendTexts(&s->in, &s->sp, s->scene))
                 if (QString("%1 %2").arg(text.column).arg(text.row) == row[2])
                     shown = '"' + text.text + "\" " + text.colour.name();
