@@ -257,7 +257,7 @@ void VorlixApp::slotInputNextSat()
     if (found == calculationCancelled)
         return;
     if (found < 1) {
-        warnWithQuit(this, found < 0 ? tr("Unable to open TLE file") : tr("No suitable satellites found"));
+        warnWithCancel(this, found < 0 ? tr("Unable to open TLE file") : tr("No suitable satellites found"));
         showStatus(tr("Failed to find next satellites."));
         return;
     }

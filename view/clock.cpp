@@ -109,7 +109,7 @@ void VorlixView::vPlotLast()
 void VorlixView::jumpToPass(bool forward)
 {
     if (indata->satn < 1) {
-        warnWithQuit(this, tr("No satellite selected"));
+        warnWithCancel(this, tr("No satellite selected"));
         return;
     }
     const Keep kind(indata->iridflg, indata->iridflg == event::iridium ? event::plain : indata->iridflg);
@@ -127,7 +127,7 @@ void VorlixView::jumpToPass(bool forward)
     if (found == 0) {
         if (indata->dspmd != 0)
             SatPlot(indata->mjd, 1);
-        warnWithQuit(this, tr("No suitable pass found"));
+        warnWithCancel(this, tr("No suitable pass found"));
         return;
     }
     vRefresh();

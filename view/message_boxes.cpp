@@ -51,20 +51,20 @@ QString nothingWritten(const QString& file, const QString& why)
     return QMessageBox::tr("Nothing was written to %1\n%2").arg(file, why);
 }
 
-void warnWithQuit(QWidget* parent, const QString& text)
+void warnWithCancel(QWidget* parent, const QString& text)
 {
     PlainBox box(QMessageBox::Warning, QMessageBox::tr("Vorlix"), text, QMessageBox::NoButton, parent);
     box.setDefaultButton(box.addButton(QMessageBox::Ok));
-    box.setEscapeButton(box.addButton(QMessageBox::tr("Quit"), QMessageBox::RejectRole));
+    box.setEscapeButton(box.addButton(QMessageBox::tr("Cancel"), QMessageBox::RejectRole));
     box.exec();
 }
 
-void warnOnlyQuit(QWidget* parent, const QString& text)
+void warnOnlyCancel(QWidget* parent, const QString& text)
 {
     PlainBox box(QMessageBox::Warning, QMessageBox::tr("Vorlix"), text, QMessageBox::NoButton, parent);
-    QPushButton* quit = box.addButton(QMessageBox::tr("Quit"), QMessageBox::RejectRole);
-    box.setDefaultButton(quit);
-    box.setEscapeButton(quit);
+    QPushButton* cancel = box.addButton(QMessageBox::tr("Cancel"), QMessageBox::RejectRole);
+    box.setDefaultButton(cancel);
+    box.setEscapeButton(cancel);
     box.exec();
 }
 

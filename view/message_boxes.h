@@ -22,11 +22,11 @@ bool warnOrEnd(QWidget* parent, const QString& title, const QString& text, const
 /// That a file is as it was, and why; a line each.
 QString nothingWritten(const QString& file, const QString& why);
 
-/// A warning titled "Vorlix" with a second button "Quit", which Escape presses; the answer is not used.
-void warnWithQuit(QWidget* parent, const QString& text);
+/// A warning titled "Vorlix" with a second button "Cancel", which Escape presses; the answer is not used.
+void warnWithCancel(QWidget* parent, const QString& text);
 
-/// A warning titled "Vorlix" with the one button "Quit".
-void warnOnlyQuit(QWidget* parent, const QString& text);
+/// A warning titled "Vorlix" with the one button "Cancel".
+void warnOnlyCancel(QWidget* parent, const QString& text);
 
 /// A message titled "Vorlix": there is no satellite for the command.
 void sayNoSatellite(QWidget* parent);

@@ -18,7 +18,7 @@ void VorlixView::vSelectSat()
 {
     const FilePtr file = openElementFile(indata->tlename);
     if (!file) {
-        warnOnlyQuit(this, tr("Unable to open TLE file ") + fieldQString(indata->tlename));
+        warnOnlyCancel(this, tr("Unable to open TLE file ") + fieldQString(indata->tlename));
         return;
     }
     const Keep shown(satfle, file.get());

@@ -4,8 +4,8 @@
 #include "dialogs/dialog_helper.h"
 #include "dialogs/st_edit_orb_dialog.h"
 #include "dialogs/st_state_dialog.h"
-#include "orbit/prime_state.h"
 #include "orbit/mean_motion.h"
+#include "orbit/prime_state.h"
 #include "record/winp_data.h"
 
 #include <QMessageBox>

@@ -135,7 +135,7 @@ private Q_SLOTS:
                                const auto* box = qobject_cast<QMessageBox*>(dialog);
                                second = box->escapeButton()->text();
                            }});
-        QCOMPARE(second, QString("Quit"));
+        QCOMPARE(second, QString("Cancel"));
         QCOMPARE(windows::told([this] { view->vPlotLast(); }), QStringList("Vorlix: No suitable pass found"));
         QCOMPARE(indata->mjd, start);
         QCOMPARE(indata->pasjmp, 0);
