@@ -95,7 +95,7 @@ bool findKept(WinpData* in, std::FILE* file, const Kept& wanted)
 bool findConfigured(WinpData* in, std::FILE* file, int i)
 {
     assignField(in->cfgname[workSlot], fieldText(in->cfgname[i]));
-    return search(in, file, byName) != 0;
+    return findNamed(in, file, [&] { return !isSelected(*in); }) || search(in, file, byName) != 0;
 }
 
 void selectWorkSlot(WinpData* in)

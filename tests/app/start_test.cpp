@@ -117,6 +117,18 @@ private Q_SLOTS:
         QCOMPARE(place->read("vorlix.cfg"), saved);
     }
 
+    void aStartSaysWhatTheElementFileLacks()
+    {
+        start();
+        windows::select("HST");
+        choose("fileQuit");
+        place->write("vorlix.cfg", place->read("vorlix.cfg").replace("\n1 \nHST", "\n2 \nNOSUCH\nHST"));
+        start();
+        QCOMPARE(indata->satn, 1);
+        QVERIFY(!app->statusBar()->isHidden());
+        QCOMPARE(app->statusBar()->currentMessage(), QString("Not found in the element file: NOSUCH"));
+    }
+
     void openingAnElementFileKeepsTheSelection()
     {
         start();
