@@ -59,7 +59,7 @@ std::vector<std::pair<double, ListRow>> eventsOf(WinpData& in, const Session& se
     double t = session.from;
     Pass pass;
     while (t <= session.to) {
-        const int result = nextpass(&in, primeSlot, t, session.to, pass.tm, pass.a, pass.b);
+        const int result = findNextPass({&in, satpos, primeSlot, listLimits(in)}, t, session.to, pass);
         if (result == 0)
             break;
         if (result == hit) {
@@ -88,10 +88,6 @@ Problem findKind(const WinpData& record, const Session& session, EntryWalk& walk
 {
     const auto in = std::make_unique<WinpData>(record);
     const bool automatic = automaticWidth(*in);
-    if (automatic)
-        in->maxdst = automaticWidthKm;
-    if (in->occflg == 1 && in->iridflg == event::transit)
-        in->sunel = anySunElevationDeg;
     if (!EntrySearch::entriesIndependent(*in))
         return walk.oneByOne(*in, [&](WinpData& one) { handOver(one, eventsOf(one, session, automatic), answer); });
     const auto search = [&](EntryRows& entry) { entry.rows = eventsOf(entry.in, session, automatic); };

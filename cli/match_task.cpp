@@ -23,7 +23,6 @@ constexpr int primeSlot = 0;
 constexpr double secondsPerDay = 86400.0;
 constexpr double oneSecondDays = 1.0 / secondsPerDay;
 constexpr double slowRevPerDay = 2.0;
-constexpr double zenithLimitDeg = 89.1;  // above it "up" has no meaning
 
 /// A place in the sky, radians.
 struct SkyPlace
@@ -96,8 +95,7 @@ Nearest nearestOf(WinpData& in, const Sighting& sighting, const Request& request
     for (double t = pass[0]; t <= pass[2]; t += step) {
         const SkyPlace place = satelliteAt(in, t);
         const SkyPlace target = sighting.at(t);
-        const bool useDirection =
-            request.direction && target.elevation * degPerRad + request.radius <= zenithLimitDeg;
+        const bool useDirection = request.direction && directionCounts(target.elevation, request.radius);
         const SkyPlace then = useDirection ? satelliteAt(in, t + step) : place;
         const double direction = std::remainder(request.direction.value_or(0.0) * radPerDeg, twoPi);
         best.fits = best.fits || mtchok(cosLimit, target.azimuth, target.elevation, place.azimuth, place.elevation,

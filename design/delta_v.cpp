@@ -9,7 +9,6 @@
 #include "orbit/attitude.h"
 #include "orbit/conversions.h"
 #include "orbit/mean_motion.h"
-#include "record/keep.h"
 
 namespace {
 
@@ -24,9 +23,8 @@ struct Flight
     Vec3 r{0, 0, 0}, v{0, 0, 0};  // m, m/s
 };
 
-Flight flightAt(double t, WinpData* in, int slot)
+Flight currentFlight(const WinpData* in, int slot)
 {
-    GetSatPos(t, in, satpos, slot, 0);
     return {{in->csr0[slot], in->csr1[slot], in->csr2[slot]}, {in->csv0[slot], in->csv1[slot], in->csv2[slot]}};
 }
 
@@ -90,13 +88,12 @@ double thrustOf(double millimetresPerS2, double before)
     return std::abs(thrust) > strongestThrustMPerS2 ? 0.0 : thrust;
 }
 
-}  // namespace
-
-int ExDeltaV(WinpData* in, double dv, double yaw, double pitch)
+/// ExDeltaV from the current state on, which is that at `mjd`.
+int applyImpulse(WinpData* in, double dv, double yaw, double pitch)
 {
     const int slot = in->prs;
     const double t = in->mjd;
-    Flight flight = flightAt(t, in, slot);
+    Flight flight = currentFlight(in, slot);
     flight.v += velocityChange(flight, std::clamp(dv, -speedOfLightMPerS, speedOfLightMPerS), yaw, pitch);
     putState(in, slot, t, flight.v);
     const double perigeeTime = putOsculatingElements(in, slot, t, flight);
@@ -107,6 +104,14 @@ int ExDeltaV(WinpData* in, double dv, double yaw, double pitch)
     }
     putHyperbola(in, slot, perigeeTime);
     return 1;
+}
+
+}  // namespace
+
+int ExDeltaV(WinpData* in, double dv, double yaw, double pitch)
+{
+    GetSatPos(in->mjd, in, satpos, in->prs, 0);
+    return applyImpulse(in, dv, yaw, pitch);
 }
 
 Maneuver lastManeuver(const WinpData& in)
@@ -139,6 +144,6 @@ int perform(const Maneuver& maneuver, WinpData* in)
     }
     if (thrustBefore)
         return 0;  // it was switched off
-    const Keep alone(in->rlm, 0);
-    return ExDeltaV(in, maneuver.deltv, maneuver.yaw, maneuver.pitch);
+    absolutePosition(in->mjd, in, satpos, slot);
+    return applyImpulse(in, maneuver.deltv, maneuver.yaw, maneuver.pitch);
 }

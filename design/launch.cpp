@@ -152,16 +152,16 @@ void moveIntoPlane(WinpData* in, int i, const Geometry& g)
 }
 
 /// The orbit so far is that of the simple model; SGP4 gets mean elements of its state, if it has such.
-void convertToSgp4(WinpData* in, int i, bool reset)
+void convertToSgp4(WinpData* in, int i)
 {
-    in->aflg[i] = 0;
-    EpochState(in, i, reset);
+    epochStateBy(Propagator::keplerian, in, i);
     const StateVector state = currentStateOf(*in, i);
-    if (!hasMeanElements(state.r, state.v))
+    if (!hasMeanElements(state.r, state.v)) {
+        in->aflg[i] = 0;
         return;
+    }
     rv2el(state.r, state.v, in->inc[i], in->ra[i], in->ecc[i], in->aper[i], in->m0[i], in->n0[i]);
     in->a[i] = getsax(1, in->n0[i], in->ecc[i], in->inc[i]);
-    in->aflg[i] = 1;
 }
 
 }  // namespace
@@ -170,9 +170,7 @@ void LaunchOrb(WinpData* in)
 {
     const int i = in->prs;
     const bool rendezvous = in->lsat >= 0;
-    const int numeric = in->numflg[i];
     in->mjdep[i] = in->mjd;
-    in->numflg[i] = 0;
     const Geometry g = geometryOf(*in, radPerDeg * in->inc[i]);
     in->lazim = g.azimuth;
     in->ra[i] = nodeAt(in->mjdep[i], *in, g);
@@ -180,10 +178,11 @@ void LaunchOrb(WinpData* in)
     if (rendezvous)
         moveIntoPlane(in, i, g);
     if (in->ecc[i] < 1.0 && in->aflg[i] != 0)
-        convertToSgp4(in, i, rendezvous);
+        convertToSgp4(in, i);
     in->sgpsat = noSlot;
-    EpochState(in, i, rendezvous);
-    in->numflg[i] = numeric;
+    epochStateBy(in->aflg[i] ? Propagator::analytic : Propagator::keplerian, in, i);
+    if (rendezvous)
+        resetForces(in, i);
 }
 
 void chasePrime(WinpData* in)

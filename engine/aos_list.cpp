@@ -1,8 +1,8 @@
 #include "engine/aos_list.h"
 
 #include "engine/pass_search.h"
-#include "engine/pass_walk.h"
 #include "engine/report_lines.h"
+#include "engine/satpos_data.h"
 #include "engine/sun_moon_transit.h"
 #include "record/clock.h"
 #include "record/files.h"
@@ -139,7 +139,7 @@ void putPasses(WinpData* in, WoutData* out, const PassLimits& limits, bool autom
         line.add(".");
         bool listed = result == hitResult;
         if (in->iridflg == event::plain)
-            addPassStamps(line, *in, pass);
+            addPassStamps(line, *in, pass, relativeMode(*in));
         else if (listed)
             listed = addEvent(line, in, pass, automatic);
         if (listed)
@@ -155,16 +155,12 @@ void putPasses(WinpData* in, WoutData* out, const PassLimits& limits, bool autom
 bool composeList(WinpData* in, WoutData* out)
 {
     const bool automatic = automaticWidth(*in);
-    PassLimits limits = limitsOf(*in);
-    if (automatic)
-        limits.maxdst = automaticWidthKm;
+    const PassLimits limits = listLimits(*in);
     if (in->iridflg > event::plain && limits.maxdst == 0.0) {
         putLines(out, {"", " *** Need distance > 0 for occultations or flares ***",
                        " *** except for Sun or Moon Transits ***", ""});
         return false;
     }
-    if (in->iridflg == event::transit && in->occflg == 1)
-        limits.sunel = anySunElevationDeg;
     putHeading(out, *in, limits);
     putPasses(in, out, limits, automatic);
     if (in->naos < 1)
@@ -187,14 +183,19 @@ std::string writeList(WinpData* in, const WoutData& out)
 
 double timeAfterPass(const WinpData& in, int isat, const Pass& pass)
 {
-    const double next = pass.tm[2] + oneMinuteDays;
-    return in.n0[isat] > fastRevPerDay && in.rlm == 0 ? next + oneHourDays : next;
+    return in.rlm == 0 ? timeAfterPass(in.n0[isat], pass) : pass.tm[2] + oneMinuteDays;
 }
 
-void addPassStamps(TextWriter& line, const WinpData& in, const Pass& pass)
+double timeAfterPass(double revPerDay, const Pass& pass)
+{
+    const double next = pass.tm[2] + oneMinuteDays;
+    return revPerDay > fastRevPerDay ? next + oneHourDays : next;
+}
+
+void addPassStamps(TextWriter& line, const WinpData& in, const Pass& pass, bool relative)
 {
     for (int k = 0; k < 3; ++k)
-        if (k != 1 || !relativeMode(in))
+        if (k != 1 || !relative)
             addStamp(line, in, pass, k, k);
 }
 
@@ -220,6 +221,23 @@ bool transitsOfDisk(const WinpData& in)
 bool automaticWidth(const WinpData& in)
 {
     return transitsOfDisk(in) && in.maxdst <= 0.0;
+}
+
+PassLimits sunAtAnyHeight(const WinpData& in)
+{
+    PassLimits limits = limitsOf(in);
+    if (in.occflg == 1)
+        limits.sunel = anySunElevationDeg;
+    return limits;
+}
+
+PassLimits listLimits(const WinpData& in)
+{
+    constexpr double automaticWidthKm = 35.0;
+    PassLimits limits = in.iridflg == event::transit ? sunAtAnyHeight(in) : limitsOf(in);
+    if (automaticWidth(in))
+        limits.maxdst = automaticWidthKm;
+    return limits;
 }
 
 std::string aospass(WinpData* in, WoutData* out)

@@ -1,6 +1,6 @@
 #include "engine/epoch_state.h"
 
-#include "engine/position.h"
+#include "engine/lazy_position.h"
 #include "record/vector_registers.h"
 
 void resetForces(WinpData* in, int k)
@@ -21,11 +21,19 @@ void resetForces(WinpData* in, int k)
 
 void EpochState(WinpData* in, int k, bool reset)
 {
-    releaseVectorRegisters();  // the reader comes here from texts
-    in->sgpsat = noSlot;
-    absolutePosition(in->mjdep[k], in, satpos, k);
+    epochStateBy(propagatorOf(*in, k), in, k);
     in->numflg[k] = 0;
-    currentToEpochState(in, k);
     if (reset)
         resetForces(in, k);
+}
+
+void epochStateBy(Propagator model, WinpData* in, int k)
+{
+    releaseVectorRegisters();  // the reader comes here from texts
+    in->sgpsat = noSlot;
+    LazyPosition position(in, satpos, k);
+    position.moveBy(model);
+    position.look(in->mjdep[k]);
+    position.complete();
+    currentToEpochState(in, k);
 }

@@ -136,14 +136,18 @@ double distanceFromObserver(const Site& site, const GroundPoint& point)
 
 Mat3 GetYSMat(const WinpData* in, const Vec3& r, const Vec3& v, double yaw, double pitch)
 {
+    return yawSteering(in->n0[in->prs], in->inc[in->prs], r, v, yaw, pitch);
+}
+
+Mat3 yawSteering(double n, double incDeg, const Vec3& r, const Vec3& v, double yaw, double pitch)
+{
     Mat3 M = GetRVMat(r, v, 0.0, 0.0, 2);
-    const double n = in->n0[in->prs];
     if (!(n > 0.0))
         return M;
     const Vec3 ru = vnorm(r);
     const double cosineSquared = 1.0 - ru[2] * ru[2];
     const double c = cosineSquared < 0.0 ? 0.0 : std::sqrt(cosineSquared);
-    const double cosInc = std::cos(in->inc[in->prs] * radPerDeg);
+    const double cosInc = std::cos(incDeg * radPerDeg);
     if (c > 0.0 && c > std::abs(cosInc)) {
         const Steering steering = steeringAt(ru, v, c, cosInc, n);
         M *= steering.vertical;
@@ -192,13 +196,13 @@ void GetSatVis(SatPosData* sp, double latc, int isat)
 void GetOccTrans(double ut1, WinpData* in, SatPosData* sp, int isat, double eqeq, Vec3& r, Vec3& d)
 {
     const RayTarget target = in->occflg == 3 ? RayTarget::direction : RayTarget::body;
-    findRayPoint(target, siteOf(*in), ut1, *in, sp, isat, eqeq, r, d);
+    findRayPoint(target, siteOf(*in), ut1, in->refrc, sp, isat, isat == in->prs, eqeq, r, d);
 }
 
-void findRayPoint(RayTarget target, const Site& site, double ut1, const WinpData& in, SatPosData* sp, int isat,
-                  double eqeq, Vec3& r, Vec3& d)
+void findRayPoint(RayTarget target, const Site& site, double ut1, bool refraction, SatPosData* sp, int isat,
+                  bool prime, double eqeq, Vec3& r, Vec3& d)
 {
-    const GroundPoint point = findGroundPoint(target, 0.001 * site.height, ut1, in.refrc, eqeq, r, d);
+    const GroundPoint point = findGroundPoint(target, 0.001 * site.height, ut1, refraction, eqeq, r, d);
     if (!point.found) {
         sp->occlat[isat] = noGroundPoint;
         sp->occlng[isat] = 0;
@@ -206,7 +210,7 @@ void findRayPoint(RayTarget target, const Site& site, double ut1, const WinpData
     }
     sp->occlat[isat] = point.lat * degPerRad;
     sp->occlng[isat] = point.lng * degPerRad;
-    if (isat == in.prs)
+    if (prime)
         sp->mag = distanceFromObserver(site, point);
 }
 
@@ -230,18 +234,28 @@ void ADisDir(double a1, double d1, double a2, double d2, double& cosd, double& p
 
 void convRDAE(const WinpData* in, double mjd, double eqeq, double& az, double& el)
 {
-    const double first = held(in->az, heldDegrees);
-    const double second = held(in->el, heldDegrees);
-    if (in->rdf != 1) {
+    toHorizontal(matchCentre(*in), *in, mjd, eqeq, az, el);
+}
+
+SkyEntry matchCentre(const WinpData& in)
+{
+    return {in.az, in.el, in.rdf == 1};
+}
+
+void toHorizontal(const SkyEntry& entry, const WinpData& in, double mjd, double eqeq, double& az, double& el)
+{
+    const double first = held(entry.first, heldDegrees);
+    const double second = held(entry.second, heldDegrees);
+    if (!entry.equatorial) {
         az = first * radPerDeg;
         el = second * radPerDeg;
         return;
     }
-    const double lat = held(in->lat, heldDegrees) * radPerDeg;
-    const double lng = held(in->lng, heldDegrees) * radPerDeg;
+    const double lat = held(in.lat, heldDegrees) * radPerDeg;
+    const double lng = held(in.lng, heldDegrees) * radPerDeg;
     const Vec3 direction = polcar(Vec3(1.0, DmsDegF(first) * radPerHour, DmsDegF(second) * radPerDeg));
     double distance = 0;
-    AppPos(heldUt1(mjd, *in), eqeq, lat, lng, in->height, 0, direction, az, el, distance);
+    AppPos(heldUt1(mjd, in), eqeq, lat, lng, in.height, 0, direction, az, el, distance);
 }
 
 void SkyAzim(WinpData* in, double mjd)

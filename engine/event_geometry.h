@@ -14,6 +14,9 @@
 /// A satellite at a latitude beyond its inclination gets no steering.
 Mat3 GetYSMat(const WinpData* in, const Vec3& r, const Vec3& v, double yaw, double pitch);
 
+/// GetYSMat for a satellite with this mean motion (revolutions per day) and inclination (degrees).
+Mat3 yawSteering(double revPerDay, double incDeg, const Vec3& r, const Vec3& v, double yaw, double pitch);
+
 /// The circle that bounds the area from which the satellite of a slot is above the horizon: fills vlat, vlng and nvis
 /// from lat, lng and hgt.
 ///
@@ -42,9 +45,11 @@ enum class RayTarget
     direction
 };
 
-/// GetOccTrans with observer and kind of the target as arguments, in place of `lat`, `lng`, `height` and `occflg`.
-void findRayPoint(RayTarget target, const Site& site, double ut1, const WinpData& in, SatPosData* sp, int isat,
-                  double eqeq, Vec3& r, Vec3& d);
+/// GetOccTrans with values in place of the input record.
+///
+/// @param prime  the distance from the observer is wanted
+void findRayPoint(RayTarget target, const Site& site, double ut1, bool refraction, SatPosData* sp, int isat,
+                  bool prime, double eqeq, Vec3& r, Vec3& d);
 
 /// Distance and direction of point 2 from point 1 on the sphere, arguments in radians.
 ///
@@ -55,6 +60,20 @@ void ADisDir(double a1, double d1, double a2, double d2, double& cosd, double& p
 /// The centre of the satellite match (fields az and el of the record, R.A. and declination with rdf 1) as azimuth and
 /// elevation in radians. A right ascension is taken as of date.
 void convRDAE(const WinpData* in, double mjd, double eqeq, double& az, double& el);
+
+/// A place in the sky as a person enters it.
+struct SkyEntry
+{
+    double first = 0,
+           second = 0;        // azimuth and elevation, degrees; or packed R.A. (HH.MMSS) and declination (DD.MMSS)
+    bool equatorial = false;  // R.A. and declination
+};
+
+/// The centre of the satellite match: fields `az`, `el` and `rdf`.
+SkyEntry matchCentre(const WinpData& in);
+
+/// convRDAE for an entry.
+void toHorizontal(const SkyEntry& entry, const WinpData& in, double mjd, double eqeq, double& az, double& el);
 
 /// Points the azimuth projection of the sky map (skaz) to the prime satellite. Uses the record `satpos`.
 void SkyAzim(WinpData* in, double mjd);

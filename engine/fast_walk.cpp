@@ -11,16 +11,17 @@ constexpr unsigned instantsPerTelling = 64;
 
 }  // namespace
 
-bool FastWalk::possible(const WinpData& in, int isat)
+bool FastWalk::possible(const PassQuery& query)
 {
-    return in.occflg == 0 && in.flarflg == 0 && !(in.iridflg == event::iridium && isat == in.prs) &&
-           !relativeMode(in);
+    const WinpData& in = *query.in;
+    return in.occflg == 0 && in.flarflg == 0 && !(query.events == event::iridium && query.isat == in.prs) &&
+           !relativeSearch(query);
 }
 
-FastWalk::FastWalk(const PassQuery& query, double sense, Pass& passFound)
-    : WalkBase(query, sense, passFound),
-      position(query.in, query.sp, query.isat),
-      bounds(*query.in, query.isat, sense, query.limits.satel)
+FastWalk::FastWalk(const PassQuery& passQuery, double sense, Pass& passFound)
+    : WalkBase(passQuery, sense, passFound),
+      position(passQuery.in, passQuery.sp, passQuery.isat),
+      bounds(*passQuery.in, passQuery.isat, sense, passQuery.limits.satel)
 {}
 
 void FastWalk::goTo(double t)

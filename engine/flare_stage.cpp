@@ -104,7 +104,7 @@ Vec3 findFlarePoint(const Scene& s, const Vec3& ray)
 {
     Vec3 r = s.r / earthRadiusKm;
     Vec3 d = ray * -1.0;
-    findRayPoint(RayTarget::direction, s.place, s.ut1, *s.in, s.sp, s.isat, s.eqeq, r, d);
+    findRayPoint(RayTarget::direction, s.view.observer, s.ut1, s.in->refrc, s.sp, s.isat, s.prime, s.eqeq, r, d);
     s.in->occflg = 0;
     return r;
 }
@@ -146,7 +146,7 @@ double mirrorMagnitude(const Scene& s, double cosIncidence, const Vec3& toCentre
 /// A known surface has a maximum of its own, and never dims the satellite.
 double withOwnMaximum(const Scene& s, double magnitude)
 {
-    if (!s.in->flrmgf || s.in->iridflg >= event::iridium)
+    if (!s.in->flrmgf || s.view.events >= event::iridium)
         return magnitude;
     if (magnitude < noFlare)
         magnitude += 8.7 + held(s.in->flrmgx, heldMagnitudes);
@@ -160,12 +160,19 @@ double flareMagnitude(const Scene& s, double cosIncidence, const Vec3& toCentre,
 
 bool magnitudeWanted(const Scene& s)
 {
-    return s.prime && (s.in->iridflg == event::iridium || s.in->flrmgf);
+    return s.prime && (s.view.events == event::iridium || s.in->flrmgf);
 }
 
 Surface lawOfRound(const Scene& s, int k)
 {
     return k == 3 || s.in->irsolp ? Surface::solarPanel : Surface::mirror;
+}
+
+/// Angles in degrees.
+Mat3 steeredFrame(const Scene& s, double yaw, double pitch)
+{
+    const WinpData& in = *s.in;
+    return yawSteering(in.n0[s.view.prime], in.inc[s.view.prime], s.r, s.v, yaw, pitch);
 }
 
 /// The normal of the surface that the user described.
@@ -179,7 +186,7 @@ Normal knownNormal(const Scene& s)
         return {true, s.epochChosen ? mxvct(mxtrn(s.toEpoch), direction) : direction};
     }
     if (in.flaryst)
-        return {true, normalOf(GetYSMat(s.in, s.r, s.v, first, second))};
+        return {true, normalOf(steeredFrame(s, first, second))};
     if (in.irsolp)
         return solarPanel(s);
     return {true, normalOf(GetRVMat(s.r, s.v, first, second, 1))};
@@ -216,7 +223,7 @@ void storeIdealNormal(Scene& s, const Vec3& N)
 {
     WinpData& in = *s.in;
     if (std::abs(in.flarmod) == 1) {
-        const Mat3 frame = in.flaryst ? GetYSMat(s.in, s.r, s.v, 0.0, 0.0) : GetRVMat(s.r, s.v, 0.0, 0.0, 1);
+        const Mat3 frame = in.flaryst ? steeredFrame(s, 0.0, 0.0) : GetRVMat(s.r, s.v, 0.0, 0.0, 1);
         surfaceAngles(frame, N, in.occra, in.occdec);
     } else if (in.solflar) {
         const double cosine = dot(N, vnorm(s.sun));
@@ -307,7 +314,7 @@ void findFlare(Scene& s)
     const double source = s.in->moonflg ? s.sp->moonel[s.isat] : s.sp->sunel[s.isat];
     if (!(source > 0.0))
         return;
-    if (s.in->iridflg == event::iridium && s.prime && !s.in->flarflg)
+    if (s.view.events == event::iridium && s.prime && !s.in->flarflg)
         mirrorLoop(s);
     else if (s.in->flarmod > 0)
         knownSurface(s);

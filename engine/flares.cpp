@@ -19,13 +19,14 @@ constexpr double nothingSeen = 100000.0;  // start value of the best distance or
 constexpr int antennas = 3;               // mirrors that the search tries one by one
 constexpr double noLatitude = 100.0;
 
-/// CkIrid with the position record as an argument.
-void tryInstant(double t, WinpData* in, SatPosData* sp, int isat, int k, int* state, double* times, double* best,
-                double* el, double* az)
+/// CkIrid on the terms of a search.
+void tryInstant(double t, const PassQuery& q, int k, int* state, double* times, double* best, double* el, double* az)
 {
+    const SatPosData* const sp = q.sp;
+    const int isat = q.isat;
     if (state[k] == flareOver)
         return;
-    GetSatPos(t, in, sp, isat, 0);
+    positionAt(t, q);
     if (!(sp->occlat[isat] < noGroundPoint)) {
         if (state[k] == flareSeen)
             state[k] = flareOver;
@@ -45,9 +46,10 @@ void tryInstant(double t, WinpData* in, SatPosData* sp, int isat, int k, int* st
 /// The entries of the search: one for each mirror, and the first alone for transits and known surfaces.
 struct EventSearch
 {
-    WinpData* in;
-    SatPosData* sp;
-    int isat;
+    const PassQuery& query;
+    WinpData* in = query.in;
+    SatPosData* sp = query.sp;
+    int isat = query.isat;
     int state[antennas] = {flareUnseen, flareUnseen, flareUnseen};
     double times[antennas] = {};
     double best[antennas] = {nothingSeen, nothingSeen, nothingSeen};
@@ -60,7 +62,7 @@ struct EventSearch
 
 void EventSearch::tryInto(int* states, double t, int k)
 {
-    tryInstant(t, in, sp, isat, k, states, times, best, el, az);
+    tryInstant(t, query, k, states, times, best, el, az);
 }
 
 struct Range
@@ -68,16 +70,16 @@ struct Range
     double from, to;
 };
 
-bool oneSurface(const WinpData& in)
+bool oneSurface(const PassQuery& query)
 {
-    return in.iridflg < event::iridium || in.irsolp;
+    return query.events < event::iridium || query.in->irsolp;
 }
 
 /// Every surface at time t; `latitude` takes that of the first time.
 void tryAll(EventSearch& search, double t, double& latitude)
 {
     WinpData& in = *search.in;
-    if (oneSurface(in)) {
+    if (oneSurface(search.query)) {
         search.tryAt(t, 0);
         return;
     }
@@ -103,7 +105,7 @@ void coarseScan(EventSearch& search, double from, double to, double& latitude)
 /// @return  whether anything was seen
 bool chooseSurface(EventSearch& search)
 {
-    if (!oneSurface(*search.in)) {
+    if (!oneSurface(search.query)) {
         const auto k = std::min_element(search.best, search.best + antennas) - search.best;
         search.state[0] = search.state[k];
         search.times[0] = search.times[k];
@@ -167,7 +169,7 @@ struct PointFromObserver
 PointFromObserver groundPointAt(double t, const EventSearch& search)
 {
     const auto& [in, sp, isat] = std::tie(search.in, search.sp, search.isat);
-    GetSatPos(t, in, sp, isat, 0);
+    positionAt(t, search.query);
     return {sp->occlat[isat] < noGroundPoint, sp->occlng[isat] - in->lng, sp->occlat[isat] - in->lat, sp->mag};
 }
 
@@ -216,13 +218,14 @@ double distanceFromLine(const EventSearch& search, double t, double best)
 
 }  // namespace
 
-int findEvent(WinpData* in, SatPosData* sp, int isat, double maxdst, bool groundPoint, Pass& pass)
+int findEvent(const PassQuery& query, bool groundPoint, Pass& pass)
 {
+    const auto& [in, sp, isat, limits, events, absolute] = query;
     auto& [tm, a, b] = pass;
     constexpr int found = 1;
     constexpr int nothing = 2;
-    const bool iridium = in->iridflg >= event::iridium;
-    EventSearch search{in, sp, isat};
+    const bool iridium = events >= event::iridium;
+    EventSearch search{query};
     if (!groundPoint) {
         if (!iridium)
             return nothing;
@@ -235,12 +238,12 @@ int findEvent(WinpData* in, SatPosData* sp, int isat, double maxdst, bool ground
     if (iridium) {
         a[2] = sp->lat[isat];
         if (a[0] > 99.0) {
-            GetSatPos(search.times[0] - secondDays, in, sp, isat, 0);
+            positionAt(search.times[0] - secondDays, query);
             a[0] = sp->lat[isat];
         }
     }
     fineScan(search, fineRange(search, tm[0], tm[2]));
-    if (search.best[0] > (iridium ? in->irmag : maxdst))
+    if (search.best[0] > (iridium ? in->irmag : limits.maxdst))
         return nothing;
     lastRefinement(search);
     tm[1] = search.times[0];
@@ -255,7 +258,7 @@ int findEvent(WinpData* in, SatPosData* sp, int isat, double maxdst, bool ground
 int GetIrid(WinpData* in, int isat, int flag, double* tm, double* a, double* b)
 {
     Pass pass{{tm[0], tm[1], tm[2]}, {a[0], a[1], a[2]}, {b[0], b[1], b[2]}};
-    const int result = findEvent(in, satpos, isat, in->maxdst, flag != 0, pass);
+    const int result = findEvent({in, satpos, isat}, flag != 0, pass);
     for (int k = 0; k < 3; ++k) {
         tm[k] = pass.tm[k];
         a[k] = pass.a[k];
@@ -266,5 +269,5 @@ int GetIrid(WinpData* in, int isat, int flag, double* tm, double* a, double* b)
 
 void CkIrid(double t, WinpData* in, int isat, int k, int* state, double* times, double* best, double* el, double* az)
 {
-    tryInstant(t, in, satpos, isat, k, state, times, best, el, az);
+    tryInstant(t, {in, satpos, isat}, k, state, times, best, el, az);
 }

@@ -4,6 +4,7 @@
 #include <array>
 
 #include "engine/pass.h"
+#include "engine/pass_search.h"
 #include "engine/satpos_data.h"
 #include "record/winp_data.h"
 
@@ -47,9 +48,8 @@ int GetIrid(WinpData* in, int isat, int flag, double* tm, double* a, double* b);
 
 /// GetIrid on values.
 ///
-/// @param maxdst       the largest distance of a transit or of a flare of a known surface, km
 /// @param groundPoint  one was seen in the pass
-int findEvent(WinpData* in, SatPosData* sp, int isat, double maxdst, bool groundPoint, Pass& pass);
+int findEvent(const PassQuery& query, bool groundPoint, Pass& pass);
 
 /// Tries time `t` for entry `k` of the search: runs GetSatPos on `satpos` and keeps time, distance or magnitude,
 /// elevation and azimuth in the entry where they are the best so far. Nothing happens to an entry that is over.

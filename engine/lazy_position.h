@@ -13,10 +13,13 @@ public:
     /// As the observer of the record sees it.
     LazyPosition(WinpData* in, SatPosData* sp, int isat);
 
-    /// As another observer sees it.
+    /// In another view.
     ///
-    /// @param relative  that is the second satellite: its true of date state stays in the position record
-    LazyPosition(WinpData* in, SatPosData* sp, int isat, const Site& observer, bool relative);
+    /// @param relative  the observer is the second satellite: its true of date state stays in the position record
+    LazyPosition(WinpData* in, SatPosData* sp, int isat, const View& view, bool relative);
+
+    /// Moves the satellite by another model than that of its slot.
+    void moveBy(Propagator model) { s.model = model; }
 
     /// Goes to an instant, MJD UTC.
     void look(double mjd);

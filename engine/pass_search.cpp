@@ -56,8 +56,8 @@ struct RecordedInstant
 double leavePass(const PassQuery& q, double t, double limit, double sign)
 {
     while (!(sign * t > sign * limit)) {
-        GetSatPos(t, q.in, q.sp, q.isat, 0);
-        if (!conditionsHold(*q.in, *q.sp, q.isat, q.limits) || !tellProgress(fieldText(q.in->fsname[q.isat]), t))
+        positionAt(t, q);
+        if (!conditionsHold(q) || !tellProgress(fieldText(q.in->fsname[q.isat]), t))
             return t;
         const double next = t + sign * oneMinuteDays;
         if (!(sign * next > sign * t))
@@ -89,9 +89,9 @@ int nextBy(auto&& walk, const PassQuery& q, double t0, double t1, Pass& pass)
         walk.bisectEnd(0, true);
     if (pass.tm[2] > t0 && pass.tm[2] < t1)
         walk.bisectEnd(2, false);
-    if (q.in->iridflg != event::plain) {
+    if (q.events != event::plain) {
         walk.finish();
-        return findEvent(q.in, q.sp, q.isat, q.limits.maxdst, walk.sawGroundPoint(), pass);
+        return findEvent(q, walk.sawGroundPoint(), pass);
     }
     refine(walk);
     return 1;
@@ -113,7 +113,7 @@ int lastBy(auto&& walk, const PassQuery& q, double t0, double t1, Pass& pass)
 
 bool fastIsPossible(const PassQuery& q, Pace pace)
 {
-    return pace == Pace::fast && FastWalk::possible(*q.in, q.isat);
+    return pace == Pace::fast && FastWalk::possible(q);
 }
 
 Pass passIn(const double* tm, const double* a, const double* b)
@@ -150,16 +150,31 @@ PassLimits limitsOf(const WinpData& in)
     return {in.satel, in.sunel, in.maxdst};
 }
 
-bool conditionsHold(const WinpData& in, const SatPosData& sp, int isat, const PassLimits& limits)
+bool relativeSearch(const PassQuery& q)
 {
-    return relativeMode(in) ? relativeConditions(in, sp, isat)
-                            : observerConditions(in, RecordedInstant{sp, isat, limits});
+    return !q.absolute && relativeMode(*q.in);
+}
+
+void positionAt(double mjd, const PassQuery& q)
+{
+    View view = viewOf(*q.in);
+    view.events = q.events;
+    if (relativeSearch(q))
+        relativePosition(view, mjd, q.in, q.sp, q.isat);
+    else
+        positionIn(view, mjd, q.in, q.sp, q.isat);
+}
+
+bool conditionsHold(const PassQuery& q)
+{
+    return relativeSearch(q) ? relativeConditions(*q.in, *q.sp, q.isat)
+                             : observerConditions(*q.in, RecordedInstant{*q.sp, q.isat, q.limits});
 }
 
 int findNextPass(const PassQuery& q, double t0, double t1, Pass& pass, Pace pace)
 {
     releaseVectorRegisters();
-    if (q.in->iridflg == event::iridium)
+    if (q.events == event::iridium)
         q.in->occra = 0.0;
     return fastIsPossible(q, pace) ? nextBy(FastWalk(q, 1.0, pass), q, t0, t1, pass)
                                    : nextBy(PlainWalk(q, 1.0, pass), q, t0, t1, pass);
@@ -174,23 +189,23 @@ int findLastPass(const PassQuery& q, double t0, double t1, Pass& pass, Pace pace
 
 int cksatok(WinpData* in, SatPosData* sp, int isat)
 {
-    return conditionsHold(*in, *sp, isat, limitsOf(*in));
+    return conditionsHold({in, sp, isat});
 }
 
 double gpassend(WinpData* in, SatPosData* sp, int isat, double t, double tlimit)
 {
-    return leavePass({in, sp, isat, limitsOf(*in)}, t, tlimit, 1.0);
+    return leavePass({in, sp, isat}, t, tlimit, 1.0);
 }
 
 double gpassbeg(WinpData* in, SatPosData* sp, int isat, double t, double tlimit)
 {
-    return leavePass({in, sp, isat, limitsOf(*in)}, t, tlimit, -1.0);
+    return leavePass({in, sp, isat}, t, tlimit, -1.0);
 }
 
 int nextpass(WinpData* in, int isat, double t0, double t1, double* tm, double* a, double* b)
 {
     Pass pass = passIn(tm, a, b);
-    const int result = findNextPass({in, satpos, isat, limitsOf(*in)}, t0, t1, pass);
+    const int result = findNextPass({in, satpos, isat}, t0, t1, pass);
     copyOut(pass, tm, a, b);
     return result;
 }
@@ -198,7 +213,7 @@ int nextpass(WinpData* in, int isat, double t0, double t1, double* tm, double* a
 int lastpass(WinpData* in, int isat, double t0, double t1, double* tm, double* a, double* b)
 {
     Pass pass = passIn(tm, a, b);
-    const int result = findLastPass({in, satpos, isat, limitsOf(*in)}, t0, t1, pass);
+    const int result = findLastPass({in, satpos, isat}, t0, t1, pass);
     copyOut(pass, tm, a, b);
     return result;
 }

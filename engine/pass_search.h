@@ -1,7 +1,10 @@
 // When a satellite fulfils the visibility conditions: one instant, the next pass, the last one.
 #pragma once
 
-struct WinpData;
+#include "engine/pass.h"
+
+#include "record/winp_data.h"
+
 struct SatPosData;
 
 /// Whether the command looks at two satellites that see each other instead of an observer and a satellite: `rlm` is
@@ -56,3 +59,47 @@ int nextpass(WinpData* in, int isat, double t0, double t1, double* tm, double* a
 ///
 /// @return  0 no pass, 1 a pass
 int lastpass(WinpData* in, int isat, double t0, double t1, double* tm, double* a, double* b);
+
+/// What a search goes by in place of the fields of the record with these names.
+struct PassLimits
+{
+    double satel = 0;   // least elevation of the satellite, degrees
+    double sunel = 0;   // highest Sun, degrees
+    double maxdst = 0;  // largest distance of an event from the observer, km
+};
+
+/// The limits of the record itself.
+PassLimits limitsOf(const WinpData& in);
+
+/// What a search works on and looks for.
+struct PassQuery
+{
+    WinpData* in;
+    SatPosData* sp;
+    int isat;
+    PassLimits limits = limitsOf(*in);
+    int events = in->iridflg;  // the kind looked for
+    bool absolute = false;     // as if relative mode were off
+};
+
+/// Whether a search looks from the second satellite.
+bool relativeSearch(const PassQuery& query);
+
+/// The whole position at an instant of a search.
+void positionAt(double mjd, const PassQuery& query);
+
+/// `cksatok` on the terms of a search.
+bool conditionsHold(const PassQuery& query);
+
+/// Whether a search may be accelerated, for tests.
+enum class Pace
+{
+    plain,
+    fast
+};
+
+/// `nextpass` on values.
+int findNextPass(const PassQuery& query, double t0, double t1, Pass& pass, Pace pace = Pace::fast);
+
+/// `lastpass` on values.
+int findLastPass(const PassQuery& query, double t0, double t1, Pass& pass, Pace pace = Pace::fast);

@@ -5,6 +5,7 @@
 #include "engine/lazy_position.h"
 #include "engine/pass.h"
 #include "engine/pass_bounds.h"
+#include "engine/pass_search.h"
 #include "engine/satpos_data.h"
 #include "record/winp_data.h"
 
@@ -17,39 +18,6 @@ constexpr double sunFarAboveDeg = 15.0;    // above the limit of the Sun
 constexpr double noneYetDeg = -100.0;      // before the scan of the maximum has improved on the pass
 constexpr int bisectionRounds = 6;
 constexpr int secondsPerMinute = 60;
-
-/// What a search goes by in place of the fields of the record with these names.
-struct PassLimits
-{
-    double satel = 0;   // least elevation of the satellite, degrees
-    double sunel = 0;   // highest Sun, degrees
-    double maxdst = 0;  // largest distance of an event from the observer, km
-};
-
-/// The limits of the record itself.
-PassLimits limitsOf(const WinpData& in);
-
-/// What a search works on and looks for.
-struct PassQuery
-{
-    WinpData* in;
-    SatPosData* sp;
-    int isat;
-    PassLimits limits;
-};
-
-/// Whether a search may be accelerated, for tests.
-enum class Pace
-{
-    plain,
-    fast
-};
-
-/// `nextpass` on values.
-int findNextPass(const PassQuery& query, double t0, double t1, Pass& pass, Pace pace = Pace::fast);
-
-/// `lastpass` on values.
-int findLastPass(const PassQuery& query, double t0, double t1, Pass& pass, Pace pace = Pace::fast);
 
 /// The conditions at an observer, each looked at only if those before it hold.
 ///
@@ -66,17 +34,20 @@ bool observerConditions(const WinpData& in, Instant&& at)
     return at.moonlit() && !at.sunlit();
 }
 
-/// `cksatok` with limits of its own.
-bool conditionsHold(const WinpData& in, const SatPosData& sp, int isat, const PassLimits& limits);
-
 /// What the two walks through time have in common. "Later" and "beyond" are so in the sense of the walk.
 class WalkBase
 {
 public:
     /// @param sense  1 forward, -1 backward
     /// @param found  the pass, filled on the way
-    WalkBase(const PassQuery& query, double sense, Pass& found)
-        : in(query.in), sp(query.sp), isat(query.isat), limits(query.limits), sign(sense), pass(found)
+    WalkBase(const PassQuery& passQuery, double sense, Pass& found)
+        : query(passQuery),
+          in(query.in),
+          sp(query.sp),
+          isat(query.isat),
+          limits(query.limits),
+          sign(sense),
+          pass(found)
     {}
 
     /// Whether a time lies behind another one in the sense of the walk; false for NaN.
@@ -88,6 +59,7 @@ public:
 protected:
     void put(int index, double t, double elevation, double azimuth) const;
 
+    PassQuery query;
     WinpData* in;
     SatPosData* sp;
     int isat;
@@ -100,7 +72,7 @@ protected:
 class PlainWalk : public WalkBase
 {
 public:
-    PlainWalk(const PassQuery& query, double sense, Pass& found);
+    PlainWalk(const PassQuery& passQuery, double sense, Pass& found);
 
     /// Fills index 0 with the first instant in steps at which the conditions hold, index 1 with the highest, index 2
     /// with the first one after them, or with the limit.
@@ -142,11 +114,11 @@ private:
 class FastWalk : public WalkBase
 {
 public:
-    FastWalk(const PassQuery& query, double sense, Pass& passFound);
+    FastWalk(const PassQuery& passQuery, double sense, Pass& passFound);
 
     /// Whether nothing that GetSatPos leaves depends on any instant but the last, so that instants may be left out. An
     /// event leaves its mark where it was seen last, and in relative mode the conditions are others.
-    static bool possible(const WinpData& in, int isat);
+    static bool possible(const PassQuery& query);
 
     // As those of `PlainWalk`.
     bool findPass(double t, double limit);

@@ -24,19 +24,19 @@ void WalkBase::put(int index, double t, double elevation, double azimuth) const
     pass.b[index] = azimuth;
 }
 
-PlainWalk::PlainWalk(const PassQuery& query, double sense, Pass& found)
-    : WalkBase(query, sense, found), relative(relativeMode(*query.in))
+PlainWalk::PlainWalk(const PassQuery& passQuery, double sense, Pass& found)
+    : WalkBase(passQuery, sense, found), relative(relativeSearch(passQuery))
 {}
 
 bool PlainWalk::look(double t)
 {
-    GetSatPos(t, in, sp, isat, 0);
-    return conditionsHold(*in, *sp, isat, limits);
+    positionAt(t, query);
+    return conditionsHold(query);
 }
 
 double PlainWalk::elevation(double t)
 {
-    GetSatPos(t, in, sp, isat, 0);
+    positionAt(t, query);
     return sp->el[isat];
 }
 

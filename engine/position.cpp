@@ -22,12 +22,12 @@ struct SecondPlace
 };
 
 /// The second satellite's whole position, of which the place is handed on and not kept.
-SecondPlace findSecond(double mjd, WinpData* in, SatPosData* sp)
+SecondPlace findSecond(const View& view, double mjd, WinpData* in, SatPosData* sp)
 {
     const int second = secondSatellite(*in);
     const auto place = [&] { return SecondPlace{sp->lat[second], sp->lng[second], sp->hgt[second]}; };
     const SecondPlace before = place();
-    absolutePosition(mjd, in, sp, second);
+    positionIn(view, mjd, in, sp, second);
     const SecondPlace found = place();
     sp->lat[second] = before.lat;
     sp->lng[second] = before.lng;
@@ -48,16 +48,16 @@ void closeRelative(const Scene& s, const SecondPlace& second)
 
 }  // namespace
 
-LazyPosition::LazyPosition(WinpData* in, SatPosData* sp, int isat) : LazyPosition(in, sp, isat, siteOf(*in), false) {}
+LazyPosition::LazyPosition(WinpData* in, SatPosData* sp, int isat) : LazyPosition(in, sp, isat, viewOf(*in), false) {}
 
-LazyPosition::LazyPosition(WinpData* in, SatPosData* sp, int isat, const Site& observer, bool relative)
+LazyPosition::LazyPosition(WinpData* in, SatPosData* sp, int isat, const View& view, bool relative)
 {
     s.in = in;
     s.sp = sp;
     s.isat = isat;
-    s.prime = isat == in->prs;
+    s.model = propagatorOf(*in, isat);
     s.relative = relative;
-    setObserver(s, observer);
+    setView(s, view);
 }
 
 void LazyPosition::look(double mjd)
@@ -65,7 +65,7 @@ void LazyPosition::look(double mjd)
     known = {};
     setTimes(s, mjd);
     setNutation(s);
-    if (s.in->numflg[s.isat]) {
+    if (s.model == Propagator::numeric) {
         needSun();
         needMoon();
     }
@@ -78,7 +78,7 @@ void LazyPosition::expect(double mjd, double step)
 {
     const WinpData& in = *s.in;
     const double epoch = in.mjdep[s.isat];
-    if (in.numflg[s.isat] || !in.aflg[s.isat] || ahead.has(mjd - epoch))
+    if (s.model != Propagator::analytic || ahead.has(mjd - epoch))
         return;
     std::array<double, Sgp4Ahead::instants> days{};
     for (double& day : days) {
@@ -161,16 +161,26 @@ void LazyPosition::complete(int vis)
         GetSatVis(s.sp, s.subLatGeocentric, s.isat);
     if (in.occflg != 0)
         findTransitPoint(s);
-    if (in.flarflg || (in.iridflg == event::iridium && s.prime))
+    if (in.flarflg || (s.view.events == event::iridium && s.prime))
         findFlare(s);
 }
 
 void GetSatPos(double mjd, WinpData* in, SatPosData* sp, int isat, int vis)
 {
-    if (!relativeMode(*in) || isat != in->prs)
-        return absolutePosition(mjd, in, sp, isat, vis);
-    const SecondPlace second = findSecond(mjd, in, sp);
-    LazyPosition position(in, sp, isat, second.site(), true);
+    if (relativeMode(*in))
+        relativePosition(viewOf(*in), mjd, in, sp, isat, vis);
+    else
+        absolutePosition(mjd, in, sp, isat, vis);
+}
+
+void relativePosition(const View& view, double mjd, WinpData* in, SatPosData* sp, int isat, int vis)
+{
+    if (isat != view.prime)
+        return positionIn(view, mjd, in, sp, isat, vis);
+    const SecondPlace second = findSecond(view, mjd, in, sp);
+    View fromSecond = view;
+    fromSecond.observer = second.site();
+    LazyPosition position(in, sp, isat, fromSecond, true);
     position.look(mjd);
     position.complete(vis);
     closeRelative(position.scene(), second);
@@ -178,12 +188,12 @@ void GetSatPos(double mjd, WinpData* in, SatPosData* sp, int isat, int vis)
 
 void absolutePosition(double mjd, WinpData* in, SatPosData* sp, int isat, int vis)
 {
-    positionFrom(siteOf(*in), mjd, in, sp, isat, vis);
+    positionIn(viewOf(*in), mjd, in, sp, isat, vis);
 }
 
-void positionFrom(const Site& observer, double mjd, WinpData* in, SatPosData* sp, int isat, int vis)
+void positionIn(const View& view, double mjd, WinpData* in, SatPosData* sp, int isat, int vis)
 {
-    LazyPosition position(in, sp, isat, observer, false);
+    LazyPosition position(in, sp, isat, view, false);
     position.look(mjd);
     position.complete(vis);
 }
@@ -193,9 +203,19 @@ Site siteOf(const WinpData& in)
     return {in.lat, in.lng, in.height};
 }
 
+View viewOf(const WinpData& in)
+{
+    return {siteOf(in), in.yrepoch, in.prs, in.iridflg};
+}
+
 double ElvRefr(WinpData* in, double el)
 {
-    if (!in->refrc || in->rlm || !(el > -2.0 && el < 85.0))
+    return apparentElevation(in->refrc && !in->rlm, el);
+}
+
+double apparentElevation(bool refraction, double el)
+{
+    if (!refraction || !(el > -2.0 && el < 85.0))
         return el;
     if (el >= 10.0)
         return el + 0.01521154622 / std::tan(el * radPerDeg);

@@ -24,9 +24,16 @@ void GetSatPos(double mjd, WinpData* in, SatPosData* sp, int isat, int vis);
 /// GetSatPos as if relative mode were off.
 void absolutePosition(double mjd, WinpData* in, SatPosData* sp, int isat, int vis = 0);
 
-/// The same as another observer than that of the record sees it.
-void positionFrom(const Site& observer, double mjd, WinpData* in, SatPosData* sp, int isat, int vis = 0);
+/// absolutePosition in another view than that of the record.
+void positionIn(const View& view, double mjd, WinpData* in, SatPosData* sp, int isat, int vis = 0);
+
+/// The prime satellite as seen from the second one, any other by positionIn; `view.observer` plays no part for the
+/// prime.
+void relativePosition(const View& view, double mjd, WinpData* in, SatPosData* sp, int isat, int vis = 0);
 
 /// Apparent elevation for display, degrees: `el` with refraction, if refrc is on, rlm is off and `el` lies between -2
 /// and 85 exclusive; otherwise `el` itself.
 double ElvRefr(WinpData* in, double el);
+
+/// The same for an observer, with refraction or without.
+double apparentElevation(bool refraction, double el);

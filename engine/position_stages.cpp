@@ -140,9 +140,11 @@ void setGreenwich(Scene& s)
     s.greenwich = lsidtim(s.ut1, 0.0, s.eqeq) * radPerHour;
 }
 
-void setObserver(Scene& s, const Site& site)
+void setView(Scene& s, const View& view)
 {
-    s.place = site;
+    const Site& site = view.observer;
+    s.view = view;
+    s.prime = s.isat == view.prime;
     s.lngDeg = held(site.lng, heldDegrees);
     s.lat = held(site.lat, heldDegrees) * radPerDeg;
     s.lng = s.lngDeg * radPerDeg;
@@ -159,7 +161,7 @@ void placeSun(Scene& s)
 
 bool moonWanted(const Scene& s)
 {
-    return s.in->moonflg || s.in->occflg == 2 || s.in->eclflg || s.in->numflg[s.isat];
+    return s.in->moonflg || s.in->occflg == 2 || s.in->eclflg || s.model == Propagator::numeric;
 }
 
 void placeMoon(Scene& s)
@@ -170,7 +172,7 @@ void placeMoon(Scene& s)
 
 void setEpochMatrix(Scene& s)
 {
-    const double year = held(s.in->yrepoch, heldYears);
+    const double year = held(s.view.equinox, heldYears);
     s.epochChosen = year != 0.0;
     if (s.epochChosen)
         s.toEpoch = pmatequ(s.T, (year - 2000.0) / 100.0) * mxtrn(s.nutation);
@@ -322,5 +324,5 @@ void findTransitPoint(Scene& s)
     }
     Vec3 r = s.r / earthRadiusKm;
     const RayTarget kind = s.in->occflg == 3 ? RayTarget::direction : RayTarget::body;
-    findRayPoint(kind, s.place, s.ut1, *s.in, s.sp, s.isat, s.eqeq, r, target);
+    findRayPoint(kind, s.view.observer, s.ut1, s.in->refrc, s.sp, s.isat, s.prime, s.eqeq, r, target);
 }

@@ -8,6 +8,7 @@
 #include "engine/magnitude.h"
 #include "engine/satpos_data.h"
 #include "engine/site.h"
+#include "orbit/orbit.h"
 #include "record/winp_data.h"
 
 class Sgp4Ahead;
@@ -19,6 +20,7 @@ struct Scene
     WinpData* in = nullptr;
     SatPosData* sp = nullptr;
     int isat = 0;
+    Propagator model = Propagator::keplerian;
     bool prime = false;     // the slot is that of the prime satellite
     bool relative = false;  // the observer stands at the second satellite
 
@@ -39,8 +41,8 @@ struct Scene
     Vec3 r;                            // satellite, km: mean equator of date, then true of date
     Vec3 v;                            // km/s
 
-    Site place;             // observer
-    double lat = 0;         // the same clamped, radians
+    View view;
+    double lat = 0;         // observer, clamped, radians
     double lng = 0;         // radians
     double lngDeg = 0;      // degrees
     double height = 0;      // metres
@@ -74,8 +76,8 @@ void setNutation(Scene& s);
 /// Fills greenwich, which needs eqeq.
 void setGreenwich(Scene& s);
 
-/// Fills the observer, clamped, and what does not change with time.
-void setObserver(Scene& s, const Site& site);
+/// Fills view, prime and the observer, clamped, and what of it does not change with time.
+void setView(Scene& s, const View& view);
 
 /// Fills sun, with aberration.
 void placeSun(Scene& s);
@@ -86,7 +88,7 @@ void placeMoon(Scene& s);
 /// Whether a later stage reads moon.
 bool moonWanted(const Scene& s);
 
-/// Fills epochChosen and toEpoch by yrepoch.
+/// Fills epochChosen and toEpoch by the equinox of the view.
 void setEpochMatrix(Scene& s);
 
 // The satellite.

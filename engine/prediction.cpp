@@ -10,7 +10,6 @@
 #include "engine/aos_list.h"
 #include "engine/lazy_position.h"
 #include "engine/pass_search.h"
-#include "engine/pass_walk.h"
 #include "engine/position.h"
 #include "orbit/force_model.h"
 #include "orbit/integrator.h"
@@ -204,9 +203,7 @@ std::optional<Pass> Predictor::nextPass(double from, double until)
     Pass pass;
     int result = 0;
     const double end = from + heldSpan(until - from);
-    records->run([&] {
-        result = findNextPass({&records->in, &records->positions, slot, limitsOf(records->in)}, from, end, pass);
-    });
+    records->run([&] { result = findNextPass({&records->in, &records->positions, slot}, from, end, pass); });
     return result ? std::optional(pass) : std::nullopt;
 }
 

@@ -104,12 +104,12 @@ void storeCurrentState(const Scene& s)
 
 void propagate(Scene& s)
 {
-    if (s.in->numflg[s.isat]) {
+    if (s.model == Propagator::numeric) {
         NumProp(s.mjd, s.in, s.isat, s.sun, s.moon, s.r, s.v);
         replaceSenselessState(s.r, s.v);
         return;
     }
-    if (s.in->aflg[s.isat])
+    if (s.model == Propagator::analytic)
         analyticState(s);
     else if (s.in->ecc[s.isat] < 1.0)
         keplerianState(s);

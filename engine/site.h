@@ -13,3 +13,15 @@ struct Site
 
 /// The observer of a record.
 Site siteOf(const WinpData& in);
+
+/// How the satellites are looked at.
+struct View
+{
+    Site observer;
+    double equinox = 0;  // year of the equinox of right ascension and declination; 0: true equator of date
+    int prime = 0;       // slot of the satellite for which magnitude, angles and distances of events are found
+    int events = 0;      // the kind of events that a search looks for, as `iridflg`
+};
+
+/// The view of a record: `lat`, `lng`, `height`, `yrepoch`, `prs` and `iridflg`.
+View viewOf(const WinpData& in);

@@ -21,9 +21,9 @@ struct Sighting
     double az, el, range;
 };
 
-Sighting sightingAt(double t, WinpData* in, int isat, const Site& from)
+Sighting sightingAt(double t, WinpData* in, int isat, const View& from)
 {
-    positionFrom(from, t, in, satpos, isat);
+    positionIn(from, t, in, satpos, isat);
     return {satpos->occlat[isat] < noGroundPoint, satpos->occlat[isat] * radPerDeg, satpos->occlng[isat] * radPerDeg,
             satpos->az[isat] * radPerDeg,         satpos->el[isat] * radPerDeg,     satpos->dst[isat]};
 }
@@ -67,11 +67,11 @@ double crossingTime(double cosineOfMotion)
 void SunMoonTr(WinpData* in, double t, int isat, double dist, int autow, int& r, char* text)
 {
     constexpr std::size_t room = 64;
-    Site centre = siteOf(*in);
+    View centre = viewOf(*in);
     absolutePosition(t, in, satpos, isat);
     if (satpos->occlat[isat] < noGroundPoint) {
-        centre.lat = satpos->occlat[isat];
-        centre.lng = satpos->occlng[isat];
+        centre.observer.lat = satpos->occlat[isat];
+        centre.observer.lng = satpos->occlng[isat];
     }
     const Sighting now = sightingAt(t, in, isat, centre);
     const Sighting then = sightingAt(t + oneSecondDays, in, isat, centre);

@@ -5,17 +5,6 @@
 #include <algorithm>
 #include <iterator>
 
-namespace {
-
-Propagator propagatorOf(const WinpData& in, int slot)
-{
-    if (in.numflg[slot] != 0)
-        return Propagator::numeric;
-    return in.aflg[slot] != 0 ? Propagator::analytic : Propagator::keplerian;
-}
-
-}  // namespace
-
 Orbit orbitOf(const WinpData& in, int slot)
 {
     Orbit orbit;
@@ -30,6 +19,13 @@ Orbit orbitOf(const WinpData& in, int slot)
     orbit.epochFollows = in.epu[slot];
     orbit.forces = forcesOf(in, slot);
     return orbit;
+}
+
+Propagator propagatorOf(const WinpData& in, int slot)
+{
+    if (in.numflg[slot] != 0)
+        return Propagator::numeric;
+    return in.aflg[slot] != 0 ? Propagator::analytic : Propagator::keplerian;
 }
 
 Elements elementsOf(const WinpData& in, int slot)

@@ -94,6 +94,9 @@ struct Orbit
 /// The satellite of a slot (0 to slotCount - 1), with the settings of the record that hold for all of them.
 Orbit orbitOf(const WinpData& in, int slot);
 
+/// The model that moves the satellite of a slot: `numflg`, `aflg`, else two bodies.
+Propagator propagatorOf(const WinpData& in, int slot);
+
 /// The element fields of a slot.
 Elements elementsOf(const WinpData& in, int slot);
 

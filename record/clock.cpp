@@ -1,11 +1,11 @@
 #include "record/clock.h"
 
-#include "record/keep.h"
-
 #include "astro/calendar.h"
 #include "astro/time_scales.h"
 
 #include <cmath>
+
+double GBL_timezone = 0;
 
 namespace {
 constexpr double mjdOf1970 = 40587.0;
@@ -15,6 +15,11 @@ std::time_t timeOfSystem()
 {
     return std::time(nullptr);
 }
+}  // namespace
+
+std::time_t (*systemSeconds)() = timeOfSystem;
+
+namespace {
 
 /// MJD of what the clocks of the system's zone show.
 double civilMjd(std::time_t t)
@@ -25,21 +30,39 @@ double civilMjd(std::time_t t)
     const double hours = civil.tm_hour + civil.tm_min / 60.0 + civil.tm_sec / 3600.0;
     return mjd(civil.tm_mday, civil.tm_mon + 1, civil.tm_year + 1900, hours);
 }
-}  // namespace
 
-double GBL_timezone = 0;
-std::time_t (*systemSeconds)() = timeOfSystem;
+/// A date and time of day, UTC.
+struct DateAndTime
+{
+    int day, month, year;
+    int hour, minute, second;  // up to 60
+};
 
-void DefTime(WinpData* in)
+/// The system clock in whole seconds. Renews `GBL_timezone`.
+DateAndTime readClock()
 {
     const std::time_t t = systemSeconds();
     const double utc = static_cast<double>(t) / secondsPerDay + mjdOf1970;
+    DateAndTime now{};
     double hours = 0, seconds = 0;
-    caldat(utc, in->day, in->month, in->year, hours);
-    dms(hours, in->hour, in->minute, seconds);
-    in->second = truncToInt(seconds + 0.5);
+    caldat(utc, now.day, now.month, now.year, hours);
+    dms(hours, now.hour, now.minute, seconds);
+    now.second = truncToInt(seconds + 0.5);
     // a whole number, but for the resolution of the two MJD
     GBL_timezone = std::round((utc - civilMjd(t)) * secondsPerDay);
+    return now;
+}
+}  // namespace
+
+void DefTime(WinpData* in)
+{
+    const DateAndTime now = readClock();
+    in->day = now.day;
+    in->month = now.month;
+    in->year = now.year;
+    in->hour = now.hour;
+    in->minute = now.minute;
+    in->second = now.second;
 }
 
 double systemZone()
@@ -67,10 +90,8 @@ void setNewMjd(WinpData* in)
 
 double RT_MJD(WinpData* in)
 {
-    const Keep day(in->day), month(in->month), year(in->year);
-    const Keep hour(in->hour), minute(in->minute), second(in->second);
-    DefTime(in);
-    return mjd(in->day, in->month, in->year, in->hour + in->minute / 60.0 + in->second / 3600.0 + in->rtoff);
+    const DateAndTime now = readClock();
+    return mjd(now.day, now.month, now.year, now.hour + now.minute / 60.0 + now.second / 3600.0 + in->rtoff);
 }
 
 double SetTtUt(const WinpData* in, int year)

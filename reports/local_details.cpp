@@ -8,7 +8,6 @@
 #include "engine/held_values.h"
 #include "engine/position.h"
 #include "orbit/attitude.h"
-#include "record/keep.h"
 #include "record/numbers.h"
 #include "record/text.h"
 #include "record/winp_data.h"
@@ -62,10 +61,12 @@ void addDistanceFromPoint(TextWriter& text, const WinpData& in)
     text.addFormatted("\n\tAngular distance:%7.2lf", std::acos(cosine) * degPerRad);
 }
 
-/// Apparent place in the frame of `yrepoch`.
+/// Apparent place of the prime satellite, true equator of date.
 Direction placeAt(WinpData* in, double t)
 {
-    GetSatPos(t, in, satpos, in->prs, 0);
+    View ofDate = viewOf(*in);
+    ofDate.equinox = 0.0;
+    positionIn(ofDate, t, in, satpos, in->prs);
     return {DmsDegF(satpos->ra[in->prs]) * 15.0 * radPerDeg, DmsDegF(satpos->dec[in->prs]) * radPerDeg};
 }
 
@@ -73,7 +74,6 @@ Direction placeAt(WinpData* in, double t)
 void addSkyCourse(TextWriter& text, WinpData* in)
 {
     constexpr double twoSecondsDays = 2.3148148148148147e-05;
-    const Keep ofDate(in->yrepoch, 0.0);
     const Direction now = placeAt(in, in->mjd);
     const Direction then = placeAt(in, in->mjd + twoSecondsDays);
     const double cosine = cosineBetween(now, then);
@@ -101,12 +101,9 @@ void skyDetails(TextWriter& text, WinpData* in)
         text.add("\n\n\n *** No satellite has been selected ***");
         return;
     }
-    {
-        const Keep absolute(in->rlm, 0);
-        GetSatPos(in->mjd, in, satpos, in->prs, 0);
-        addDistanceFromPoint(text, *in);
-        addSkyCourse(text, in);
-    }
+    absolutePosition(in->mjd, in, satpos, in->prs);
+    addDistanceFromPoint(text, *in);
+    addSkyCourse(text, in);
     GetSatPos(in->mjd, in, satpos, in->prs, 0);
 }
 
@@ -116,11 +113,11 @@ void addPlace(TextWriter& text, const WinpData& in)
     text.add(",   SunElev:").addFormatted("%6.1lf", satpos->osunel);
 }
 
-void addView(TextWriter& text, WinpData* in, int slot)
+void addView(TextWriter& text, const WinpData& in, int slot)
 {
-    text.add("\n\n").add(fieldText(in->fsname[slot]));
+    text.add("\n\n").add(fieldText(in.fsname[slot]));
     text.add("\n\tAzim:").addFormatted("%7.2lf", satpos->az[slot]);
-    text.add(",\tElev:").addFormatted("%7.2lf", ElvRefr(in, satpos->el[slot]));
+    text.add(",\tElev:").addFormatted("%7.2lf", apparentElevation(in.refrc, satpos->el[slot]));
     text.add(",\tSun:").addFormatted("%6.1lf", satpos->sunel[slot]);
 }
 
@@ -173,7 +170,8 @@ void setAttitude(WinpData* in, Closeup& c)
     const Mat3 nutation = nutmat(julcent(held(in->mjd, heldTimeDays)), eqeq, in->IERSflg);
     c.r = mxvct(nutation, Vec3(in->csr0[k], in->csr1[k], in->csr2[k]));
     c.v = mxvct(nutation, Vec3(in->csv0[k], in->csv1[k], in->csv2[k]));
-    c.attitude = in->flaryst ? GetYSMat(in, c.r, c.v, 0.0, 0.0) : GetRVMat(c.r, c.v, 0.0, 0.0, 1);
+    c.attitude =
+        in->flaryst ? yawSteering(in->n0[k], in->inc[k], c.r, c.v, 0.0, 0.0) : GetRVMat(c.r, c.v, 0.0, 0.0, 1);
 }
 
 /// The Sun in the frame of the satellite: from the flight direction, and above the local horizontal.
@@ -254,14 +252,13 @@ void worldDetails(TextWriter& text, WinpData* in)
         text.add("*** No satellite has been selected ***");
         return;
     }
-    const Keep absolute(in->rlm, 0);
-    const Keep prime(in->prs);
+    View view = viewOf(*in);
     for (int slot = 0; slot < in->satn; ++slot) {
-        in->prs = slot;
-        GetSatPos(in->mjd, in, satpos, slot, 0);
+        view.prime = slot;
+        positionIn(view, in->mjd, in, satpos, slot);
         if (slot == 0)
             addPlace(text, *in);
-        addView(text, in, slot);
+        addView(text, *in, slot);
     }
     if (in->satn == 1)
         addCloseup(text, in);

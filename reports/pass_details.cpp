@@ -9,7 +9,6 @@
 #include "engine/pass_search.h"
 #include "engine/position.h"
 #include "record/files.h"
-#include "record/keep.h"
 #include "record/numbers.h"
 #include "record/progress.h"
 #include "record/text.h"
@@ -159,7 +158,7 @@ bool addStep(TextWriter& text, WinpData* in, double t, int mode)
     if (!tellProgress(fieldText(in->fsname[in->prs]), t))
         return false;
     GetSatPos(t, in, satpos, in->prs, 0);
-    if (!cksatok(in, satpos, in->prs))
+    if (!conditionsHold({in, satpos, in->prs, sunAtAnyHeight(*in)}))
         return false;
     addTime(text, *in, t);
     addColumns(text, in, mode);
@@ -248,7 +247,6 @@ double alignedStart(double t, double step)
 
 int GetPassDTxt(WinpData* in, double& t, char* text, int mode)
 {
-    const Keep sunLimit(in->sunel, in->occflg == 1 ? anySunElevationDeg : in->sunel);
     TextWriter step(text, passDetailsRoom);
     if (t == 0.0) {
         in->tmaxel = 0.0;

@@ -6,7 +6,6 @@
 #include "engine/position.h"
 #include "exports/geo_form.h"
 #include "record/clock.h"
-#include "record/keep.h"
 #include "record/progress.h"
 #include "record/text.h"
 #include "reports/list_rows.h"
@@ -60,11 +59,11 @@ struct Listing
     const char* task;
 };
 
-Listing listingOf(const WinpData& in)
+Listing listingOf(const WinpData& in, int events)
 {
     if (relativeMode(in))
         return {{"contacts", contactColumns(), "contact"}, "contacts"};
-    if (in.iridflg > event::plain)
+    if (events > event::plain)
         return {{"events", eventColumns(), "event"}, "events"};
     return {{"passes", passColumns(), "pass"}, "passes"};
 }
@@ -100,13 +99,11 @@ private:
 void eachListed(WinpData* in, double from, double to, const std::function<void(const Pass&, const Crossing&)>& take)
 {
     const bool automatic = automaticWidth(*in);
-    const Keep distance(in->maxdst, automatic ? automaticWidthKm : in->maxdst);
-    const bool anySun = in->iridflg == event::transit && in->occflg == 1;
-    const Keep sunLimit(in->sunel, anySun ? anySunElevationDeg : in->sunel);
+    const PassLimits limits = listLimits(*in);
     double t = from;
     while (t <= to && tellProgress(fieldText(in->fsname[in->prs]))) {
         Pass pass;
-        const int result = nextpass(in, in->prs, t, to, pass.tm, pass.a, pass.b);
+        const int result = findNextPass({in, satpos, in->prs, limits}, t, to, pass);
         if (result == 0)
             return;
         if (result == hit) {
@@ -144,12 +141,12 @@ struct PassSpan
 /// From the first step of the pass details to the first one that is not listed.
 PassSpan spanOfPass(WinpData* in)
 {
-    const Keep sunLimit(in->sunel, in->occflg == 1 ? anySunElevationDeg : in->sunel);
+    const PassLimits limits = sunAtAnyHeight(*in);
     const double from = alignedStart(in->aostm[in->aossel], in->tmstep);
     double t = from;
     for (int step = 0; step < mostSavedSteps && tellProgress(fieldText(in->fsname[in->prs]), t); ++step) {
         GetSatPos(t, in, satpos, in->prs, 0);
-        if (!cksatok(in, satpos, in->prs) || !(t + in->tmstep > t))
+        if (!conditionsHold({in, satpos, in->prs, limits}) || !(t + in->tmstep > t))
             break;
         t += in->tmstep;
     }
@@ -159,10 +156,9 @@ PassSpan spanOfPass(WinpData* in)
 /// The pass of the details, as a list of one.
 std::string singlePass(WinpData* in, ListForm form, const PassSpan& span)
 {
-    const Keep plain(in->iridflg, event::plain);
-    GrowingList list(form, listingOf(*in).kind, requestOf(*in, "passes", span.from, span.to), *in);
+    GrowingList list(form, listingOf(*in, event::plain).kind, requestOf(*in, "passes", span.from, span.to), *in);
     Pass pass;
-    if (nextpass(in, in->prs, in->aostm[in->aossel], span.to, pass.tm, pass.a, pass.b) != 0)
+    if (findNextPass({in, satpos, in->prs, limitsOf(*in), event::plain}, in->aostm[in->aossel], span.to, pass) != 0)
         list.add(relativeMode(*in) ? contactRow(*in, in->prs, secondSatellite(*in), pass)
                                    : passRowOf(*in, in->prs, pass));
     return list.whole();
@@ -222,7 +218,7 @@ std::optional<ListForm> formOfName(std::string_view name)
 
 std::string passListText(WinpData* in, ListForm form)
 {
-    const Listing listing = listingOf(*in);
+    const Listing listing = listingOf(*in, in->iridflg);
     const double from = startMjd(in);
     const double to = from + heldSpan(in->dur);
     GrowingList list(form, listing.kind, requestOf(*in, listing.task, from, to), *in);
@@ -246,7 +242,7 @@ std::optional<std::string> allPassesText(WinpData* in, ListForm form)
     record->satn = std::max(1, record->satn);
     const double from = startMjd(in);
     const double to = from + heldSpan(in->dur);
-    const Listing listing = listingOf(*record);
+    const Listing listing = listingOf(*record, record->iridflg);
     ListRequest request = requestOf(*record, listing.task, from, to);
     request.satellites.clear();
     GrowingList list(form, listing.kind, request, *record);

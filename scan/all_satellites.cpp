@@ -5,7 +5,6 @@
 #include "engine/pass_search.h"
 #include "engine/report_lines.h"
 #include "record/files.h"
-#include "record/keep.h"
 #include "record/numbers.h"
 #include "record/progress.h"
 #include "record/slot_copy.h"
@@ -29,20 +28,20 @@ namespace {
 constexpr double faintestLimitMag = 29.0;
 constexpr int lineRoom = 256;
 
-bool refused(const WinpData& in)
+bool refused(const WinpData& in, const PassLimits& limits)
 {
     if (in.iridflg == event::iridium)
         return in.irmag > faintestLimitMag;
-    return in.iridflg > event::plain && in.maxdst == 0.0;
+    return in.iridflg > event::plain && limits.maxdst == 0.0;
 }
 
-std::string headingOf(const WinpData& in)
+std::string headingOf(const WinpData& in, const PassLimits& limits)
 {
     char text[4 * lineRoom];
     TextWriter heading(text);
     heading.add("Geographic Location: ").add(fieldText(in.geoname)).add("\n");
     heading.addFormatted(" Lat.: %g   Long.: %g   Height: %g \n\n", in.lat, in.lng, in.height);
-    heading.addFormatted(" min.Sat.Elev.: %g   max.Sun Elev.: %g", in.satel, in.sunel);
+    heading.addFormatted(" min.Sat.Elev.: %g   max.Sun Elev.: %g", limits.satel, limits.sunel);
     if (in.visflg)
         heading.add(in.moonflg ? "   Moonshine passes only" : "   visible passes only");
     heading.addFormatted("\n Year: %4i  +++ Timezone: %g +++ \n", in.year, in.tzone);
@@ -59,8 +58,8 @@ std::string headingOf(const WinpData& in)
 class Scan
 {
 public:
-    Scan(WinpData* record, double distanceBefore)
-        : in(record), search(record, distanceBefore), nothingSelected(record->satn < 1)
+    Scan(WinpData* record, const PassLimits& limits)
+        : in(record), search(record, limits), nothingSelected(record->satn < 1)
     {
         if (nothingSelected)
             in->satn = 1;
@@ -135,16 +134,6 @@ void Scan::joinSelection(const WinpData& hit)
     }
 }
 
-/// Heading and lines of all entries.
-std::string listOf(WinpData* in, std::FILE* elements, double distanceBefore)
-{
-    const Keep absolute(in->rlm, 0);
-    const Keep keptSunLimit(in->sunel);
-    if (in->iridflg == event::transit && in->occflg == 1)
-        in->sunel = anySunElevationDeg;
-    return Scan(in, distanceBefore).linesOf(elements, headingOf(*in));
-}
-
 }  // namespace
 
 int AllSatAos(WinpData* in, std::string* why)
@@ -156,12 +145,10 @@ int AllSatAos(WinpData* in, std::string* why)
     const FilePtr elements = openElementFile(in->tlename);
     if (!elements)
         return 2;
-    const Keep keptDistance(in->maxdst);
-    if (automaticWidth(*in))
-        in->maxdst = automaticWidthKm;
-    if (refused(*in))
+    const PassLimits limits = listLimits(*in);
+    if (refused(*in, limits))
         return -1;
-    std::string list = listOf(in, elements.get(), keptDistance.before);
+    std::string list = Scan(in, limits).linesOf(elements.get(), headingOf(*in, limits));
     if (calculationEnded()) {
         before->putBack(in);
         return calculationCancelled;

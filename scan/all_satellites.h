@@ -7,9 +7,9 @@ struct WinpData;
 
 /// Writes all passes or events of every entry of `tlename` between the start date and `dur` days later to `savename`.
 ///
-/// `savename` must be complete (`vsFileName`). The selection, `prs`, `rlm`, `sunel` and `maxdst` are as before at the
-/// end, but for satellites with a transit in automatic width: these join the selection. `newsave` becomes 0
-/// once the list is written. The search text becomes "*".
+/// `savename` must be complete (`vsFileName`). `rlm` plays no part. The selection and `prs` are as before at the end, but
+/// for satellites with a transit in automatic width: these join the selection. `newsave` becomes 0 once the list is
+/// written. The search text becomes "*".
 ///
 /// The entries are shared among `scanWorkers` threads, and the list does not depend on their number. The save file
 /// keeps its old content until the list is whole and sorted.

@@ -3,6 +3,7 @@
 #include "engine/aos_list.h"
 #include "engine/flares.h"
 #include "engine/pass_search.h"
+#include "engine/satpos_data.h"
 #include "engine/sun_moon_transit.h"
 #include "record/clock.h"
 #include "record/numbers.h"
@@ -14,6 +15,7 @@ namespace {
 constexpr int hitResult = 1;  // of nextpass: a pass or an event
 constexpr int transitTextRoom = 64;
 constexpr int lineRoom = 256;
+constexpr bool absolute = true;  // the searches of a file look from the observer alone
 
 struct Band
 {
@@ -60,9 +62,10 @@ bool operationalOrbit(const WinpData& in, int isat)
     return in.a[isat] >= band.lowKm && in.a[isat] <= band.highKm;
 }
 
-EntrySearch::EntrySearch(WinpData* in, double distanceBefore)
-    : automatic(transitsOfDisk(*in) && distanceBefore <= 0.0),
-      hitsJoinSelection(transitsOfDisk(*in) && distanceBefore == 0.0),
+EntrySearch::EntrySearch(WinpData* in, const PassLimits& searchLimits)
+    : limits(searchLimits),
+      automatic(automaticWidth(*in)),
+      hitsJoinSelection(transitsOfDisk(*in) && in->maxdst == 0.0),
       start(startMjd(in)),
       end(start + heldSpan(in->dur))
 {}
@@ -94,19 +97,19 @@ void EntrySearch::round(WinpData* in, EntryLines& lines) const
     double t = start;
     Pass pass;
     while (t <= end) {
-        const int result = nextpass(in, in->prs, t, end, pass.tm, pass.a, pass.b);
+        const int result = findNextPass({in, satpos, in->prs, limits, in->iridflg, absolute}, t, end, pass);
         if (result == 0 || !tellProgress(fieldText(in->fsname[in->prs]), pass.tm[2]))
             return;
         char text[lineRoom];
         TextWriter line(text);
         bool hit = result == hitResult;
         if (in->iridflg == event::plain)
-            addPassStamps(line, *in, pass);
+            addPassStamps(line, *in, pass, !absolute);
         else if (hit)
             hit = addEvent(line, in, pass);
         if (hit)
             addLine(line, *in, lines);
-        const double next = timeAfterPass(*in, in->prs, pass);
+        const double next = timeAfterPass(in->n0[in->prs], pass);
         if (!(next > t))  // a time too far off for steps of a minute
             return;
         t = next;

@@ -1,12 +1,12 @@
 // The passes or events of one entry of an element file, as lines of the save file.
 #pragma once
 
+#include "engine/pass_search.h"
 #include "record/winp_data.h"
 
 #include <string>
 #include <vector>
 
-struct Pass;
 class TextWriter;
 
 /// Semi-major axes of operational Iridium satellites: whether that of slot `isat` lies among them.
@@ -23,9 +23,9 @@ struct EntryLines
 class EntrySearch
 {
 public:
-    /// @param in              the record of the scan, with `maxdst` as the search uses it
-    /// @param distanceBefore  `maxdst` as the user has it
-    EntrySearch(WinpData* in, double distanceBefore);
+    /// @param in      the record of the scan
+    /// @param limits  as `listLimits` has them
+    EntrySearch(WinpData* in, const PassLimits& limits);
 
     /// All lines of the satellite in the prime slot; with solar panel flares in a second round as well. Works on
     /// `satpos`, and changes `in` as `nextpass` does; `irsolp` is off afterwards.
@@ -42,6 +42,7 @@ private:
     bool addEvent(TextWriter& line, WinpData* in, const Pass& pass) const;
     void addLine(TextWriter& line, const WinpData& in, EntryLines& lines) const;
 
+    PassLimits limits;
     bool automatic;
     bool hitsJoinSelection;
     double start, end;

@@ -12,7 +12,6 @@
 #include "engine/position.h"
 #include "engine/report_lines.h"
 #include "record/files.h"
-#include "record/keep.h"
 #include "record/numbers.h"
 #include "record/progress.h"
 #include "record/text.h"
@@ -33,7 +32,6 @@
 namespace {
 
 constexpr int mostMatches = 50;
-constexpr double zenithLimitDeg = 89.1;
 constexpr double cosDirectionLimit = 0.7071067811865476;  // 45 degrees
 constexpr double brighterRevPerDay = 2.5;
 constexpr std::string_view brighterPieces = "ABDE";  // not C
@@ -88,29 +86,36 @@ private:
     bool full;
 };
 
+/// The first of two sightings.
+SkyEntry firstEntry(const WinpData& in)
+{
+    return {in.az1, in.el1, in.az1flg == 1};
+}
+
 /// The place of a sighting in the sky, and how a satellite may miss it.
-class Target
+class Sought
 {
 public:
-    explicit Target(WinpData* record);
+    explicit Sought(WinpData* record);
 
     void firstSighting();
     bool met(double t, int slot, double step);
     double from() const { return in->mjd - halfWidth; }
     double until() const { return in->mjd + halfWidth; }
-    bool spanHeld() const { return held; }
+    bool spanClamped() const { return clamped; }
 
 private:
     void secondSighting(double t);
-    void place(double t) { convRDAE(in, t, eqeq, azimuth, elevation); }
+    void place(double t) { toHorizontal(entry, *in, t, eqeq, azimuth, elevation); }
     void renew(double t, double step);
     bool near(double t, int slot, double step);
-    bool belowZenithLimit() const { return degPerRad * elevation + in->mxa <= zenithLimitDeg; }
+    bool belowZenithLimit() const { return directionCounts(elevation, in->mxa); }
 
     WinpData* in;
+    SkyEntry entry;  // the sighting under way
     std::unique_ptr<SatPosData> position = std::make_unique<SatPosData>();
     double halfWidth = 0.0;  // of the search, days
-    bool held = false;
+    bool clamped = false;
     double eqeq = 0.0;
     double azimuth = 0.0, elevation = 0.0;  // radians
     double cosLimit = 1.0;
@@ -121,14 +126,15 @@ private:
     bool firstMet = false;
 };
 
-Target::Target(WinpData* record) : in(record)
+Sought::Sought(WinpData* record) : in(record), entry(record->odm ? firstEntry(*record) : matchCentre(*record))
 {
-    const double wanted = 2.0 * in->tm / minutesPerDay;
+    const double minutes = in->odm ? std::max(in->tm, in->deltm / 60.0) : in->tm;
+    const double wanted = 2.0 * minutes / minutesPerDay;
     halfWidth = heldSpan(wanted) / 2.0;
-    held = heldSpan(wanted) != wanted;
-    nutmat(julcent(::held(in->mjd, heldTimeDays)), eqeq, false);
+    clamped = heldSpan(wanted) != wanted;
+    nutmat(julcent(held(in->mjd, heldTimeDays)), eqeq, false);
     place(in->mjd);
-    moving = in->rdf && in->tm > movingTargetMinutes;
+    moving = (in->odm ? in->az1flg : in->rdf) && minutes > movingTargetMinutes;
     useDirection = in->drf && !in->odm && belowZenithLimit();
     cosLimit = std::cos(radPerDeg * in->mxa);
     direction = radPerDeg * in->dra;
@@ -137,53 +143,48 @@ Target::Target(WinpData* record) : in(record)
 }
 
 /// Before each satellite of a search with two sightings.
-void Target::firstSighting()
+void Sought::firstSighting()
 {
-    in->az = in->az1;
-    in->el = in->el1;
-    in->rdf = in->az1flg;
+    entry = firstEntry(*in);
     place(in->mjd);
     firstMet = false;
 }
 
-void Target::secondSighting(double t)
+void Sought::secondSighting(double t)
 {
-    in->az = in->az2;
-    in->el = in->el2;
-    in->rdf = in->az2flg;
+    entry = {in->az2, in->el2, in->az2flg == 1};
     place(t);
     firstMet = true;
 }
 
 /// Brings a moving target to its place in the sky at `t`: it counts as given in right ascension and declination,
 /// whatever the present one of two sightings is.
-void Target::renew(double t, double step)
+void Sought::renew(double t, double step)
 {
     const bool due = stepsSinceRenewal == 0 || step > longStepDays;
     stepsSinceRenewal = (stepsSinceRenewal + 1) % stepsPerRenewal;
     if (!moving || !due)
         return;
-    const Keep asRightAscension(in->rdf, 1);
-    place(t);
+    toHorizontal({entry.first, entry.second, true}, *in, t, eqeq, azimuth, elevation);
     if (in->drf)
         useDirection = belowZenithLimit();
 }
 
-bool Target::near(double t, int slot, double step)
+bool Sought::near(double t, int slot, double step)
 {
-    GetSatPos(t, in, position.get(), slot, 0);
+    absolutePosition(t, in, position.get(), slot);
     const double a1 = radPerDeg * position->az[slot];
     const double e1 = radPerDeg * position->el[slot];
     if (!in->drf)
         return mtchok(cosLimit, azimuth, elevation, a1, e1, direction, useDirection, a1, e1) != 0;
-    GetSatPos(t + step, in, position.get(), slot, 0);
+    absolutePosition(t + step, in, position.get(), slot);
     const double a2 = radPerDeg * position->az[slot];
     const double e2 = radPerDeg * position->el[slot];
     return mtchok(cosLimit, azimuth, elevation, a1, e1, direction, useDirection, a2, e2) != 0;
 }
 
 /// Whether the satellite fulfils at `t` what is left of the sighting, or of the two.
-bool Target::met(double t, int slot, double step)
+bool Sought::met(double t, int slot, double step)
 {
     renew(t, step);
     if (!near(t, slot, step))
@@ -206,20 +207,18 @@ bool isBrighter(const WinpData& in, int slot)
            brighterPieces.find(in.ldsn[slot][8]) != std::string_view::npos;
 }
 
-bool matches(WinpData* in, Target& target, int slot)
+bool matches(WinpData* in, Sought& sought, int slot)
 {
     if (in->odm)
-        target.firstSighting();
-    double tm[3] = {};
-    double a[3] = {};
-    double b[3] = {};
-    if (nextpass(in, slot, target.from(), target.until(), tm, a, b) == 0)
+        sought.firstSighting();
+    Pass pass;
+    if (findNextPass({in, satpos, slot, limitsOf(*in), in->iridflg, true}, sought.from(), sought.until(), pass) == 0)
         return false;
     if (in->vis && !isBrighter(*in, slot))
         return false;
     const double step = searchStep(*in, slot);
-    for (double t = tm[0]; t <= tm[2] && tellProgress(fieldText(in->fsname[slot]), t); t += step) {
-        if (target.met(t, slot, step))
+    for (double t = pass.tm[0]; t <= pass.tm[2] && tellProgress(fieldText(in->fsname[slot]), t); t += step) {
+        if (sought.met(t, slot, step))
             return true;
         if (!(t + step > t))
             break;
@@ -248,14 +247,14 @@ struct Tally
     int matches = 0;
 };
 
-Tally searchFile(WinpData* in, WoutData* out, std::FILE* elements, Target& target)
+Tally searchFile(WinpData* in, WoutData* out, std::FILE* elements, Sought& sought)
 {
     Tally tally;
     TrialSlot trial(in);
     for (Entries entries(in, elements); tally.matches < mostMatches && entries.next();) {
         ShiftElm(in, trial.index(), workSlot);
         ++tally.checked;
-        if (!matches(in, target, trial.index()))
+        if (!matches(in, sought, trial.index()))
             continue;
         ++tally.matches;
         putMatch(out, *in, trial.index());
@@ -281,24 +280,10 @@ void putTally(WoutData* out, const WinpData& in, const Tally& tally)
         PutNxtLn(out, " *** Output buffer full. More matches possible ***");
 }
 
-/// With two sightings the search starts from the first one, and its window holds the second.
-void takeSightings(WinpData* in)
-{
-    in->az = in->az1;
-    in->el = in->el1;
-    in->rdf = in->az1flg;
-    in->tm = std::max(in->tm, in->deltm / 60.0);
-}
-
 }  // namespace
 
 int SatMatch(WinpData* in, WoutData* out)
 {
-    const Keep keptAz(in->az);
-    const Keep keptEl(in->el);
-    const Keep keptTm(in->tm);
-    const Keep keptRdf(in->rdf);
-    const Keep absolute(in->rlm, 0);
     out->nlines = 0;
     const FilePtr elements = openElementFile(in->tlename);
     if (!elements) {
@@ -309,19 +294,23 @@ int SatMatch(WinpData* in, WoutData* out)
     putLines(out, {"", (" Possible matches on TLE-file: " + std::string(fieldText(in->tlename))).c_str(), ""});
     const LongCalculation calculation;
     const auto before = std::make_unique<RecordsBefore>(*in);
-    if (in->odm)
-        takeSightings(in);
-    Target target(in);
-    const Tally tally = searchFile(in, out, elements.get(), target);
+    Sought sought(in);
+    const Tally tally = searchFile(in, out, elements.get(), sought);
     if (calculationEnded()) {
         before->putBack(in);
         out->nlines = 0;
         return calculationCancelled;
     }
     putTally(out, *in, tally);
-    if (target.spanHeld())
+    if (sought.spanClamped())
         putLines(out, {" *** Time interval held to 100000 days ***"});
     return 0;
+}
+
+bool directionCounts(double elevation, double radiusDeg)
+{
+    constexpr double zenithLimitDeg = 89.1;
+    return degPerRad * elevation + radiusDeg <= zenithLimitDeg;
 }
 
 int mtchok(double cosmax, double ta, double te, double a1, double e1, double dir, int useDir, double a2, double e2)

@@ -7,11 +7,17 @@ struct WoutData;
 /// Searches `tlename` for satellites that came within `mxa` of the target within `tm` minutes of `mjd`, moving in the
 /// given direction if `drf` is set; with `odm` for those that fit two sightings. The report goes to `out`.
 ///
-/// Matches join the selection while there is room for more than one of them; `az`, `el`, `tm`, `rdf` and `rlm` are as
-/// before at the end. The search text becomes "*".
+/// Matches join the selection while there is room for more than one of them. `rlm` plays no part. The search text
+/// becomes "*".
 ///
 /// @return  1 if the element file cannot be opened, `calculationCancelled` with an empty report, else 0
 int SatMatch(WinpData* in, WoutData* out);
+
+/// Whether the direction of a motion tells anything: not where the search circle reaches the zenith, in which "up" has
+/// no meaning.
+///
+/// @param elevation  of the target, radians
+bool directionCounts(double elevation, double radiusDeg);
 
 /// Whether a satellite at (a1, e1) lies near the target (ta, te) and moves on to (a2, e2) in the direction `dir`.
 ///

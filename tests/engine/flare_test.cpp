@@ -106,7 +106,7 @@ MirrorScene sceneOf(double t, WinpData& in, const SatPosData& sp)
     setNutation(s);
     placeSun(s);
     placeMoon(s);
-    setObserver(s, siteOf(*s.in));
+    setView(s, viewOf(*s.in));
     placeObserver(s);
     return {sp.rsat, sp.vsat, (in.moonflg ? s.moon : s.sun) * earthRadiusKm, s.observer};
 }
