@@ -16,6 +16,7 @@
 #include <cmath>
 #include <string>
 #include <string_view>
+#include <tuple>
 
 namespace {
 constexpr int lineRoom = 80;                 // longer lines count as several
@@ -473,6 +474,17 @@ private:
     bool everything = false;
     std::string refusal;  // report of the first one
 };
+/// What the adjustment dialog shows: `sdp4`, `adjflg`, `adjtim`, `adjn0`, `adjra`, `wgs`.
+auto adjustmentFields(auto& in)
+{
+    return std::tie(in.sdp4, in.adjflg, in.adjtim, in.adjn0, in.adjra, in.wgs);
+}
+
+void putAdjustment(const std::tuple<bool, bool, double, double, double, int>& values, WinpData& in)
+{
+    adjustmentFields(in) = values;
+    in.sgpsat = noSlot;
+}
 }  // namespace
 
 int tleread(WinpData* in, std::FILE* fp, char* out, int more)
@@ -549,21 +561,10 @@ void cnvepch(WinpData* in, int year, double day, char* out)
 
 void vsGetAdj(bool& sdp4, bool& adjflg, double& adjtim, double& adjn0, double& adjra, int& wgs)
 {
-    sdp4 = indata->sdp4;
-    adjflg = indata->adjflg;
-    adjtim = indata->adjtim;
-    adjn0 = indata->adjn0;
-    adjra = indata->adjra;
-    wgs = indata->wgs;
+    std::tie(sdp4, adjflg, adjtim, adjn0, adjra, wgs) = adjustmentFields(*indata);
 }
 
 void vsPutAdj(bool sdp4, bool adjflg, double adjtim, double adjn0, double adjra, int wgs)
 {
-    indata->sdp4 = sdp4;
-    indata->adjflg = adjflg;
-    indata->adjtim = adjtim;
-    indata->adjn0 = adjn0;
-    indata->adjra = adjra;
-    indata->wgs = wgs;
-    indata->sgpsat = noSlot;
+    putAdjustment({sdp4, adjflg, adjtim, adjn0, adjra, wgs}, *indata);
 }

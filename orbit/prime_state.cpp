@@ -52,12 +52,31 @@ Parameters parametersOf(const WinpData& in)
     return {in.F107[k], in.FB107[k], in.Kp[k], in.Cr[k], in.Cd[k], in.Am[k], in.stref};
 }
 
+StateVector primeEpochState(const WinpData& in)
+{
+    return epochStateOf(in, in.prs);
+}
+
+std::pair<Parameters, StateVector> shownOf(const WinpData& in)
+{
+    return {parametersOf(in), primeEpochState(in)};
+}
+
 void storeState(const StateVector& state, bool reset, WinpData& in)
 {
     putEpochState(state, in, in.prs);
     if (reset)
         putCurrentState(state, in, in.prs);
 }
+
+/// What the state dialog gives back.
+struct Entered
+{
+    Parameters parameters;
+    bool withForces;
+    StateVector state;
+    bool reset;  // the current state too
+};
 
 void storeParameters(const Parameters& p, bool forces, WinpData& in)
 {
@@ -73,6 +92,12 @@ void storeParameters(const Parameters& p, bool forces, WinpData& in)
     in.Am[k] = p.Am;
 }
 
+void store(const Entered& entered, WinpData& in)
+{
+    storeParameters(entered.parameters, entered.withForces, in);
+    storeState(entered.state, entered.reset, in);
+}
+
 }  // namespace
 
 void cvSGP4(double& inc, double& ra, double& e, double& aper, double& m0, double& n0)
@@ -82,7 +107,7 @@ void cvSGP4(double& inc, double& ra, double& e, double& aper, double& m0, double
 
 void vsCkHyp(double& e, double& t0)
 {
-    findPerigee(epochStateOf(*indata, indata->prs), e, t0);
+    findPerigee(primeEpochState(*indata), e, t0);
 }
 
 void vsRefState(int from, int to, double mjd, double& x, double& y, double& z, double& vx, double& vy, double& vz)
@@ -95,7 +120,7 @@ void vsRefState(int from, int to, double mjd, double& x, double& y, double& z, d
 void vsGetState(bool all, double& F107, double& FB107, double& Kp, int& stref, double& Cr, double& Cd, double& Am,
                 double& x, double& y, double& z, double& vx, double& vy, double& vz, double& epoch)
 {
-    const auto [p, s] = std::pair(parametersOf(*indata), epochStateOf(*indata, indata->prs));
+    const auto [p, s] = shownOf(*indata);
     F107 = p.F107;
     FB107 = p.FB107;
     Kp = p.Kp;
@@ -112,6 +137,6 @@ void vsGetState(bool all, double& F107, double& FB107, double& Kp, int& stref, d
 void vsPutState(bool params, int year, double day, double F107, double FB107, double Kp, int stref, double Cr,
                 double Cd, double Am, double x, double y, double z, double vx, double vy, double vz, bool reset)
 {
-    storeParameters({F107, FB107, Kp, Cr, Cd, Am, stref}, params, *indata);
-    storeState(inMetres(mjd(0, 1, year, 0.0) + day, x, y, z, vx, vy, vz), reset, *indata);
+    const StateVector state = inMetres(mjd(0, 1, year, 0.0) + day, x, y, z, vx, vy, vz);
+    store({{F107, FB107, Kp, Cr, Cd, Am, stref}, params, state, reset}, *indata);
 }

@@ -199,6 +199,15 @@ void addPole(TextWriter& text, const WinpData& in, double az, double el, const V
         addMinutes(text, ra, dec);
 }
 
+/// The result of `GetPassDTxt`, or 0 with the lines of the pole.
+int stepOrPole(WinpData* in, double& t, char* lines, bool pole)
+{
+    if (!pole)
+        return GetPassDTxt(in, t, lines, passform::display);
+    GetPoleTxt(in, lines);
+    return 0;
+}
+
 /// The listing from its second step on.
 std::string furtherSteps(WinpData* in, double t, int mode)
 {
@@ -217,16 +226,16 @@ std::string furtherSteps(WinpData* in, double t, int mode)
 }
 
 /// The steps in the form that the ending of the save file asks for.
-bool savePassInForm(ListForm form, bool groundTrack, std::string& why)
+bool saveInForm(WinpData* in, ListForm form, bool groundTrack, std::string& why)
 {
     const LongCalculation calculation;
-    const auto before = std::make_unique<RecordsBefore>(*indata);
-    const std::string text = passStepsText(indata, form, groundTrack);
+    const auto before = std::make_unique<RecordsBefore>(*in);
+    const std::string text = passStepsText(in, form, groundTrack);
     if (calculationEnded()) {
-        before->putBack(indata);
+        before->putBack(in);
         return false;
     }
-    why = writeInForm(indata, form, text);
+    why = writeInForm(in, form, text);
     return why.empty();
 }
 
@@ -285,14 +294,37 @@ void GetPoleTxt(WinpData* in, char* text)
     addPole(lines, *in, az, el, pole);
 }
 
+bool savePassDetails(WinpData* in, int mode, std::string& reason)
+{
+    if (const auto form = formOfName(fieldText(in->savename)))
+        return saveInForm(in, *form, mode == passform::groundTrack, reason);
+    const LongCalculation calculation;
+    const auto before = std::make_unique<RecordsBefore>(*in);
+    char first[passDetailsRoom];
+    double t = 0.0;
+    const bool listed = GetPassDTxt(in, t, first, mode) == 1;
+    const std::string text = listed ? first + furtherSteps(in, t, mode) : std::string();
+    if (calculationEnded()) {
+        before->putBack(in);
+        return false;
+    }
+    if (in->newsave)
+        vsFileName(in->savename);
+    // an old file is given up only for something new
+    const ReportFile file(in->savename, in->newsave && listed ? "w" : "a");
+    std::fputs(text.c_str(), outptr);
+    reason = file.save();
+    if (!reason.empty())
+        return false;
+    if (listed)
+        in->newsave = 0;
+    return true;
+}
+
 int vsGetPassDTxt(double& t, QString& text, bool pole)
 {
     char lines[passDetailsRoom];
-    int result = 0;
-    if (pole)
-        GetPoleTxt(indata, lines);
-    else
-        result = GetPassDTxt(indata, t, lines, passform::display);
+    const int result = stepOrPole(indata, t, lines, pole);
     text = textQString(fieldText(lines));
     return result;
 }
@@ -300,28 +332,5 @@ int vsGetPassDTxt(double& t, QString& text, bool pole)
 bool vsSavePassDt(int mode, std::string* why)
 {
     std::string ignored;
-    std::string& reason = why ? *why : ignored;
-    if (const auto form = formOfName(fieldText(indata->savename)))
-        return savePassInForm(*form, mode == passform::groundTrack, reason);
-    const LongCalculation calculation;
-    const auto before = std::make_unique<RecordsBefore>(*indata);
-    char first[passDetailsRoom];
-    double t = 0.0;
-    const bool listed = GetPassDTxt(indata, t, first, mode) == 1;
-    const std::string text = listed ? first + furtherSteps(indata, t, mode) : std::string();
-    if (calculationEnded()) {
-        before->putBack(indata);
-        return false;
-    }
-    if (indata->newsave)
-        vsFileName(indata->savename);
-    // an old file is given up only for something new
-    const ReportFile file(indata->savename, indata->newsave && listed ? "w" : "a");
-    std::fputs(text.c_str(), outptr);
-    reason = file.save();
-    if (!reason.empty())
-        return false;
-    if (listed)
-        indata->newsave = 0;
-    return true;
+    return savePassDetails(indata, mode, why ? *why : ignored);
 }

@@ -44,13 +44,17 @@ void GetPoleTxt(WinpData* in, char* text);
 /// @return  whether a listing goes on: the result of `GetPassDTxt`, 0 for the pole
 int vsGetPassDTxt(double& t, QString& text, bool pole);
 
-/// Writes the listing to the save file, with `passform::save` also the pole behind two steps or more.
+/// Writes the listing to the save file, with `passform::save` also the pole after two steps or more.
 ///
 /// A file of another form than text, by the ending of its name, takes the same steps in that form, see
 /// `reports/save_forms.h`.
 ///
 /// The file starts anew if `newsave` is set, which then becomes 0; a file that cannot be written leaves `newsave`.
 ///
-/// @param why  receives the reason where the file cannot be written
-/// @return     false if nothing was written, also because the listener ended the calculation
+/// @param mode    a `passform::Mode`
+/// @param reason  receives why the file cannot be written, for a reader
+/// @return        false if nothing was written, also because the listener ended the calculation
+bool savePassDetails(WinpData* in, int mode, std::string& reason);
+
+/// The same for the record of the program.
 bool vsSavePassDt(int mode, std::string* why = nullptr);

@@ -5,6 +5,7 @@
 #include <filesystem>
 #include <fstream>
 #include <map>
+#include <regex>
 #include <set>
 #include <string>
 
@@ -77,6 +78,42 @@ TEST(House, TheLowestFloorKnowsNeitherQtNorFiles)
             EXPECT_EQ(line.rfind("#include <fstream>", 0), std::string::npos) << entry.path() << ": " << line;
         }
     }
+}
+
+/// The functions below the windows that have no record among their parameters, each one line that passes it on.
+const std::set<std::string> passIndataOn{
+    "RKFun",     "cvSGP4",     "vsCkHyp",       "vsRefState",     "vsGetState", "vsPutState",
+    "vsLastSat", "vsSatList",  "vsSatSel",      "vsResetSatList", "vsReComp",   "vsLowRecent",
+    "vsSatName", "vsFileName", "vsGetAdj",      "vsPutAdj",       "vsGetPict",  "getPlateConst",
+    "getRaDec",  "getPixel",   "vsGetPassDTxt", "vsSavePassDt"};
+
+/// Whether a line of code names a variable; comments do not count.
+bool names(const std::string& line, const std::string& variable)
+{
+    return line.find(variable) != std::string::npos &&
+           std::regex_search(line.substr(0, line.find("//")), std::regex("\\b" + variable + "\\b"));
+}
+
+TEST(House, BelowTheWindowsTheRecordIsAnArgument)
+{
+    const std::regex functionName("^\\w[^=;]*?(\\w+)\\(");
+    std::map<std::string, int> uses;
+    for (const char* floor :
+         {"astro", "record", "orbit", "engine", "elements", "scan", "exports", "reports", "design", "cli"})
+        for (const auto& entry : fs::directory_iterator(fs::path(SOURCE_DIR) / floor)) {
+            std::ifstream in(entry.path());
+            const std::string stem = entry.path().stem();
+            std::string function;
+            for (std::string line; std::getline(in, line);) {
+                if (std::smatch name; std::regex_search(line, name, functionName))
+                    function = name[1];
+                if (stem != "winp_data" && names(line, "indata") &&
+                    !(passIndataOn.contains(function) && uses[function]++ == 0))
+                    ADD_FAILURE() << entry.path() << ", " << function << ": " << line;
+                EXPECT_FALSE(stem != "satpos_data" && names(line, "satps")) << entry.path() << ": " << line;
+            }
+        }
+    EXPECT_EQ(uses.size(), passIndataOn.size());  // none is listed in vain
 }
 
 TEST(House, BoxesShowPlainTextWhateverTheyQuote)
