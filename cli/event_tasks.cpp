@@ -4,8 +4,8 @@
 #include "cli/entry_walk.h"
 #include "cli/tasks.h"
 #include "engine/aos_list.h"
-#include "engine/flares.h"
-#include "engine/pass_search.h"
+#include "engine/event.h"
+#include "engine/satpos_data.h"
 #include "reports/list_rows.h"
 #include "scan/entry_lines.h"
 #include "scan/iridium_scan.h"
@@ -17,7 +17,6 @@
 namespace {
 
 constexpr int primeSlot = 0;
-constexpr int hit = 1;  // of nextpass
 constexpr double defaultDistanceKm = 50.0;
 
 /// Packs degrees into the hours or degrees that the record holds.
@@ -53,25 +52,11 @@ void setKind(WinpData& in, const std::string& kind, const Request& request)
 }
 
 /// The events of the satellite in the prime slot.
-std::vector<std::pair<double, ListRow>> eventsOf(WinpData& in, const Session& session, bool automatic)
+std::vector<std::pair<double, ListRow>> eventsOf(WinpData& in, const Session& session)
 {
     std::vector<std::pair<double, ListRow>> rows;
-    double t = session.from;
-    Pass pass;
-    while (t <= session.to) {
-        const int result = findNextPass({&in, satpos, primeSlot, listLimits(in)}, t, session.to, pass);
-        if (result == 0)
-            break;
-        if (result == hit) {
-            const Crossing crossing = transitsOfDisk(in) ? crossingOf(in, primeSlot, pass, automatic) : Crossing();
-            if (crossing.reached)
-                rows.emplace_back(pass.tm[1], eventRow(in, primeSlot, pass, crossing));
-        }
-        const double next = timeAfterPass(in, primeSlot, pass);
-        if (!(next > t))  // a time too far off for steps of a minute
-            break;
-        t = next;
-    }
+    eachEvent({&in, satpos, primeSlot, listLimits(in)}, session.from, session.to,
+              [&](const Event& event) { rows.emplace_back(event.mjd, eventRow(in, primeSlot, event)); });
     return rows;
 }
 
@@ -87,10 +72,9 @@ void handOver(const WinpData& in, const std::vector<std::pair<double, ListRow>>&
 Problem findKind(const WinpData& record, const Session& session, EntryWalk& walk, Answer& answer)
 {
     const auto in = std::make_unique<WinpData>(record);
-    const bool automatic = automaticWidth(*in);
     if (!EntrySearch::entriesIndependent(*in))
-        return walk.oneByOne(*in, [&](WinpData& one) { handOver(one, eventsOf(one, session, automatic), answer); });
-    const auto search = [&](EntryRows& entry) { entry.rows = eventsOf(entry.in, session, automatic); };
+        return walk.oneByOne(*in, [&](WinpData& one) { handOver(one, eventsOf(one, session), answer); });
+    const auto search = [&](EntryRows& entry) { entry.rows = eventsOf(entry.in, session); };
     return walk.shared(*in, search, [&](const EntryRows& entry) { handOver(entry.in, entry.rows, answer); });
 }
 

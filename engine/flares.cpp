@@ -44,7 +44,7 @@ void tryInstant(double t, const PassQuery& q, int k, int* state, double* times, 
 }
 
 /// The entries of the search: one for each mirror, and the first alone for transits and known surfaces.
-struct EventSearch
+struct InstantSearch
 {
     const PassQuery& query;
     WinpData* in = query.in;
@@ -60,7 +60,7 @@ struct EventSearch
     void tryInto(int* states, double t, int k);
 };
 
-void EventSearch::tryInto(int* states, double t, int k)
+void InstantSearch::tryInto(int* states, double t, int k)
 {
     tryInstant(t, query, k, states, times, best, el, az);
 }
@@ -76,7 +76,7 @@ bool oneSurface(const PassQuery& query)
 }
 
 /// Every surface at time t; `latitude` takes that of the first time.
-void tryAll(EventSearch& search, double t, double& latitude)
+void tryAll(InstantSearch& search, double t, double& latitude)
 {
     WinpData& in = *search.in;
     if (oneSurface(search.query)) {
@@ -92,7 +92,7 @@ void tryAll(EventSearch& search, double t, double& latitude)
         latitude = search.sp->lat[search.isat];
 }
 
-void coarseScan(EventSearch& search, double from, double to, double& latitude)
+void coarseScan(InstantSearch& search, double from, double to, double& latitude)
 {
     const std::string_view name = fieldText(search.in->fsname[search.isat]);
     for (double t = from; t < to && t + minuteDays > t && tellProgress(name, t); t += minuteDays)
@@ -103,7 +103,7 @@ void coarseScan(EventSearch& search, double from, double to, double& latitude)
 /// The mirror with the smallest value moves to entry 0, the lower index first.
 ///
 /// @return  whether anything was seen
-bool chooseSurface(EventSearch& search)
+bool chooseSurface(InstantSearch& search)
 {
     if (!oneSurface(search.query)) {
         const auto k = std::min_element(search.best, search.best + antennas) - search.best;
@@ -118,7 +118,7 @@ bool chooseSurface(EventSearch& search)
 }
 
 /// The minute around the best time that holds the minimum.
-Range fineRange(EventSearch& search, double passStart, double passEnd)
+Range fineRange(InstantSearch& search, double passStart, double passEnd)
 {
     const double before = search.times[0] - secondDays;
     Range range{};
@@ -136,7 +136,7 @@ Range fineRange(EventSearch& search, double passStart, double passEnd)
     return {std::max(range.from, passStart), std::min(range.to, passEnd)};
 }
 
-void fineScan(EventSearch& search, const Range& range)
+void fineScan(InstantSearch& search, const Range& range)
 {
     search.state[0] = flareSought;
     for (double t = range.from; t <= range.to && search.state[0] != flareOver && t + secondDays > t; t += secondDays)
@@ -144,7 +144,7 @@ void fineScan(EventSearch& search, const Range& range)
 }
 
 /// Tenths of a second to both sides of the best time, each side until it has lost the event.
-void lastRefinement(EventSearch& search)
+void lastRefinement(InstantSearch& search)
 {
     int later[antennas] = {flareSought, flareSought, flareSought};
     int earlier[antennas] = {flareSought, flareSought, flareSought};
@@ -166,7 +166,7 @@ struct PointFromObserver
     double distance;  // km
 };
 
-PointFromObserver groundPointAt(double t, const EventSearch& search)
+PointFromObserver groundPointAt(double t, const InstantSearch& search)
 {
     const auto& [in, sp, isat] = std::tie(search.in, search.sp, search.isat);
     positionAt(t, search.query);
@@ -205,7 +205,7 @@ double distanceByPythagoras(double d1, double d2, double best)
 }
 
 /// The distance of the observer from a central line that passes close by, km.
-double distanceFromLine(const EventSearch& search, double t, double best)
+double distanceFromLine(const InstantSearch& search, double t, double best)
 {
     const PointFromObserver p1 = groundPointAt(t + tenthSecondDays, search);
     const PointFromObserver p2 = groundPointAt(t - tenthSecondDays, search);
@@ -225,7 +225,7 @@ int findEvent(const PassQuery& query, bool groundPoint, Pass& pass)
     constexpr int found = 1;
     constexpr int nothing = 2;
     const bool iridium = events >= event::iridium;
-    EventSearch search{query};
+    InstantSearch search{query};
     if (!groundPoint) {
         if (!iridium)
             return nothing;
@@ -253,6 +253,17 @@ int findEvent(const PassQuery& query, bool groundPoint, Pass& pass)
     if (!iridium && b[2] < 10.0)
         b[2] = distanceFromLine(search, tm[1], search.best[0]);
     return found;
+}
+
+void putMirrors(WinpData* in)
+{
+    in->occra = 0.0;
+    in->occdec = mirrorPitchDeg;
+    in->iridflg = event::iridium;
+    in->flarflg = 1;
+    in->flarmod = 1;
+    in->flaryst = 0;
+    in->occflg = 0;
 }
 
 int GetIrid(WinpData* in, int isat, int flag, double* tm, double* a, double* b)

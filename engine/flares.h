@@ -25,6 +25,9 @@ inline constexpr std::array mirrors{
     Mirror{"Solar  ", 0.0, mirrorPitchDeg},
 };
 
+/// Sets a record for the search of flares of the mirrors: kind, attitude of the front mirror, no occultations.
+void putMirrors(WinpData* in);
+
 /// Values of the entries of `state` in the search: one entry for each mirror.
 enum FlareState : int
 {

@@ -8,6 +8,7 @@
 
 #include "astro/angles.h"
 #include "engine/aos_list.h"
+#include "engine/flares.h"
 #include "engine/lazy_position.h"
 #include "engine/pass_search.h"
 #include "engine/position.h"
@@ -86,6 +87,30 @@ void putModels(const Models& m, WinpData& in)
     in.moonflg = m.moonlight;
     in.atmx = m.extinction;
     in.eclflg = m.solarEclipses;
+}
+
+void putEvents(const EventQuery& search, bool panels, WinpData& in)
+{
+    const bool amongStars = search.kind == EventKind::occultation || search.inertial;
+    in.occra = amongStars ? DegFDms(search.ra) : search.yaw;
+    in.occdec = amongStars ? DegFDms(search.dec) : search.pitch;
+    in.maxdst = search.maxDistance;
+    in.irmag = search.faintest;
+    if (search.kind == EventKind::mirrorFlare) {
+        putMirrors(&in);
+        in.chlen = in.moonflg ? 1.0 : 0.0;  // the brightness of the Moon is needed
+        in.irsolp = panels;
+        return;
+    }
+    in.flarflg = search.kind == EventKind::flare;
+    in.flarmod = search.inertial ? 2 : 1;
+    if (search.kind == EventKind::sunTransit)
+        in.occflg = 1;
+    else if (search.kind == EventKind::moonTransit)
+        in.occflg = 2;
+    else if (search.kind == EventKind::occultation)
+        in.occflg = 3;
+    chooseEventKind(&in);
 }
 
 /// What the numeric propagator shows of its last integration.
@@ -221,6 +246,23 @@ std::vector<Pass> Predictor::passes(double from, double until)
     return found;
 }
 
+std::vector<Event> Predictor::events(double from, double until, const EventQuery& search)
+{
+    std::vector<Event> found;
+    const double end = from + heldSpan(until - from);
+    const bool twoRounds = search.kind == EventKind::mirrorFlare;
+    for (const bool panels : twoRounds ? std::vector{false, true} : std::vector{false}) {
+        Records own(*records);
+        putEvents(search, panels, own.in);
+        own.run([&] {
+            eachEvent({&own.in, &own.positions, slot, listLimits(own.in)}, from, end,
+                      [&](const Event& event) { found.push_back(event); });
+        });
+    }
+    std::stable_sort(found.begin(), found.end(), [](const Event& a, const Event& b) { return a.mjd < b.mjd; });
+    return found;
+}
+
 Position predictPosition(const Orbit& orbit, double mjd, const Site& site, const Models& models)
 {
     return Predictor(orbit, site, {}, models).position(mjd);
@@ -236,6 +278,12 @@ std::vector<Pass> predictPasses(const Orbit& orbit, const Site& site, double fro
                                 const Conditions& conditions, const Models& models)
 {
     return Predictor(orbit, site, conditions, models).passes(from, until);
+}
+
+std::vector<Event> predictEvents(const Orbit& orbit, const Site& site, double from, double until,
+                                 const EventQuery& search, const Conditions& conditions, const Models& models)
+{
+    return Predictor(orbit, site, conditions, models).events(from, until, search);
 }
 
 Conditions conditionsOf(const WinpData& in)

@@ -16,6 +16,7 @@
 #include <vector>
 
 #include "astro/vec3.h"
+#include "engine/event.h"
 #include "engine/magnitude.h"
 #include "engine/pass.h"
 #include "engine/site.h"
@@ -71,6 +72,21 @@ struct Position
     std::optional<SolarEclipse> eclipse;  // type 0 while the Moon is clear of the Sun
 };
 
+/// What to look for.
+struct EventQuery
+{
+    EventKind kind = EventKind::sunTransit;
+    double maxDistance =
+        50.0;  // of the observer from the centre line, km; 0 for a transit: where its zone reaches him
+    // an occultation, or a flare of a surface with a fixed normal (`inertial`), in the frame of `Models::equinox`
+    double ra = 0;          // hours
+    double dec = 0;         // degrees
+    bool inertial = false;  // a flare's normal stands among the stars, otherwise in the local attitude
+    double yaw = 0;         // of a flare's normal, degrees from the flight direction, to the right
+    double pitch = 0;       // upward
+    double faintest = 1.0;  // magnitude of a flare of a mirror
+};
+
 /// One satellite over one site, for many instants. An analytic orbit is made ready once, and a numeric one is flown on
 /// from where the last call left it instead of from `Orbit::current`.
 ///
@@ -94,6 +110,9 @@ public:
     /// the search skips an hour. A span above 100 000 days is cut to that.
     std::vector<Pass> passes(double from, double until);
 
+    /// Every event between two times, in the order of time. A numeric orbit stays where it is.
+    std::vector<Event> events(double from, double until, const EventQuery& search);
+
 private:
     class Records;
     std::unique_ptr<Records> records;
@@ -109,6 +128,11 @@ std::optional<Pass> predictNextPass(const Orbit& orbit, const Site& site, double
 /// Every pass between two times, see `Predictor::passes`.
 std::vector<Pass> predictPasses(const Orbit& orbit, const Site& site, double from, double until,
                                 const Conditions& conditions = {}, const Models& models = {});
+
+/// Every event between two times, see `Predictor::events`.
+std::vector<Event> predictEvents(const Orbit& orbit, const Site& site, double from, double until,
+                                 const EventQuery& search, const Conditions& conditions = {},
+                                 const Models& models = {});
 
 /// The conditions of a record.
 Conditions conditionsOf(const WinpData& in);

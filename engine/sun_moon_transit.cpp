@@ -21,11 +21,11 @@ struct Sighting
     double az, el, range;
 };
 
-Sighting sightingAt(double t, WinpData* in, int isat, const View& from)
+Sighting sightingAt(double t, WinpData* in, SatPosData* sp, int isat, const View& from)
 {
-    positionIn(from, t, in, satpos, isat);
-    return {satpos->occlat[isat] < noGroundPoint, satpos->occlat[isat] * radPerDeg, satpos->occlng[isat] * radPerDeg,
-            satpos->az[isat] * radPerDeg,         satpos->el[isat] * radPerDeg,     satpos->dst[isat]};
+    positionIn(from, t, in, sp, isat);
+    return {sp->occlat[isat] < noGroundPoint, sp->occlat[isat] * radPerDeg, sp->occlng[isat] * radPerDeg,
+            sp->az[isat] * radPerDeg,         sp->el[isat] * radPerDeg,     sp->dst[isat]};
 }
 
 /// Direction of the central line over the ground, radians.
@@ -40,10 +40,10 @@ double trackDirection(const Sighting& now, const Sighting& then)
 }
 
 /// Half the width of the transit zone across the track, km; not above `widestKm`.
-double halfWidth(const WinpData& in, const Sighting& now, double direction)
+double halfWidth(const WinpData& in, double moonRadiusDeg, const Sighting& now, double direction)
 {
     constexpr double tangentOfSun = 0.00462516;
-    const double tangent = in.occflg == 1 ? tangentOfSun : std::tan(satpos->moonrad * radPerDeg);
+    const double tangent = in.occflg == 1 ? tangentOfSun : std::tan(moonRadiusDeg * radPerDeg);
     const double R = now.range * tangent;
     const double E = std::sin(now.el) > 1e-10 ? R / std::sin(now.el) : R;
     const double w = direction - now.az;
@@ -64,31 +64,36 @@ double crossingTime(double cosineOfMotion)
 
 }  // namespace
 
+DiskTransit diskTransit(WinpData* in, SatPosData* sp, double t, int isat)
+{
+    View centre = viewOf(*in);
+    absolutePosition(t, in, sp, isat);
+    if (sp->occlat[isat] < noGroundPoint) {
+        centre.observer.lat = sp->occlat[isat];
+        centre.observer.lng = sp->occlng[isat];
+    }
+    const Sighting now = sightingAt(t, in, sp, isat, centre);
+    const Sighting then = sightingAt(t + oneSecondDays, in, sp, isat, centre);
+    DiskTransit transit;
+    transit.halfWidthKm = halfWidth(*in, sp->moonrad, now, trackDirection(now, then));
+    double cosine = 0;
+    ADisDir(now.az, now.el, then.az, then.el, cosine, transit.angleDeg);
+    transit.seconds = crossingTime(cosine);
+    return transit;
+}
+
 void SunMoonTr(WinpData* in, double t, int isat, double dist, int autow, int& r, char* text)
 {
     constexpr std::size_t room = 64;
-    View centre = viewOf(*in);
-    absolutePosition(t, in, satpos, isat);
-    if (satpos->occlat[isat] < noGroundPoint) {
-        centre.observer.lat = satpos->occlat[isat];
-        centre.observer.lng = satpos->occlng[isat];
-    }
-    const Sighting now = sightingAt(t, in, isat, centre);
-    const Sighting then = sightingAt(t + oneSecondDays, in, isat, centre);
-    const double W = halfWidth(*in, now, trackDirection(now, then));
-    double cosine = 0;
-    double position = 0;
-    ADisDir(now.az, now.el, then.az, then.el, cosine, position);
-    const double T = crossingTime(cosine);
-
+    const DiskTransit transit = diskTransit(in, satpos, t, isat);
     TextWriter writer(text, room);
-    if (T >= 0.05 && T <= 30.0)
-        writer.addFormatted("   %4.1lf km %4.1lf sec %4.0lf", W, T, position);
+    if (transit.sensible())
+        writer.addFormatted("   %4.1lf km %4.1lf sec %4.0lf", transit.halfWidthKm, transit.seconds, transit.angleDeg);
     else
         writer.add(" ");
     constexpr std::size_t mark = 3;
-    if (W >= widestKm && writer.text().size() > mark)
+    if (transit.halfWidthKm >= widestKm && writer.text().size() > mark)
         text[mark] = '>';
     if (autow)
-        r = W >= dist ? 1 : 2;
+        r = transit.halfWidthKm >= dist ? 1 : 2;
 }

@@ -1,9 +1,8 @@
 #include "reports/list_rows.h"
 
 #include "astro/angles.h"
-#include "engine/aos_list.h"
-#include "engine/position.h"
-#include "engine/sun_moon_transit.h"
+#include "engine/event.h"
+#include "engine/satpos_data.h"
 #include "record/numbers.h"
 #include "record/text.h"
 
@@ -14,8 +13,6 @@
 
 namespace {
 
-constexpr int hit = 1;  // of nextpass
-constexpr int transitTextRoom = 64;
 constexpr double lightKmPerS = 299792.458;
 
 ListValue lightOf(int slot)
@@ -37,20 +34,44 @@ ListValue orNone(const std::optional<double>& x)
     return x ? ListValue(*x) : ListValue();
 }
 
-std::string kindOf(const WinpData& in)
+std::string kindName(EventKind kind)
 {
-    if (in.iridflg == event::iridium)
-        return "mirror flare";
-    if (in.iridflg == event::flare)
+    switch (kind) {
+    case EventKind::sunTransit:
+        return "Sun transit";
+    case EventKind::moonTransit:
+        return "Moon transit";
+    case EventKind::occultation:
+        return "occultation";
+    case EventKind::flare:
         return "flare";
-    return in.occflg == 1 ? "Sun transit" : in.occflg == 2 ? "Moon transit" : "occultation";
+    case EventKind::mirrorFlare:
+        break;
+    }
+    return "mirror flare";
 }
 
-std::string surfaceOf(const WinpData& in)
+std::string surfaceName(EventSurface surface)
 {
-    if (in.irsolp)
-        return "solar panel";
-    return in.occra < 0.0 ? "left mirror" : in.occra > 0.0 ? "right mirror" : "front mirror";
+    switch (surface) {
+    case EventSurface::front:
+        return "front mirror";
+    case EventSurface::left:
+        return "left mirror";
+    case EventSurface::right:
+        return "right mirror";
+    case EventSurface::panel:
+        break;
+    }
+    return "solar panel";
+}
+
+/// The number that a text with so many decimals stands for.
+double rounded(double x, int decimals)
+{
+    char text[32];
+    formatted(text, "%.*f", decimals, x);
+    return Atof(text);
 }
 
 }  // namespace
@@ -117,46 +138,24 @@ ListRow trackRow(const WinpData& in, int slot, double t)
     return row;
 }
 
-Crossing crossingOf(WinpData& in, int slot, const Pass& event, bool automatic)
+ListRow eventRow(const WinpData& in, int slot, const Event& event)
 {
-    Crossing crossing;
-    int result = hit;
-    char text[transitTextRoom] = {};
-    SunMoonTr(&in, event.tm[1], slot, event.b[2], automatic, result, text);
-    crossing.reached = result == hit;
-    std::string figures(fieldText(text));
-    for (char& c : figures)
-        if ((c < '0' || c > '9') && c != '.' && c != '-')
-            c = ' ';
-    double numbers[3] = {};
-    if (numbersOf(QString::fromStdString(figures).simplified().toStdString(), 3, numbers) == 3) {
-        crossing.halfWidthKm = numbers[0];
-        crossing.seconds = numbers[1];
-        crossing.angleDeg = numbers[2];
-    }
-    return crossing;
-}
-
-ListRow eventRow(WinpData& in, int slot, const Pass& event, const Crossing& crossing)
-{
-    const bool iridium = in.iridflg == event::iridium;
-    const std::string surface = iridium ? surfaceOf(in) : "";
-    GetSatPos(event.tm[1], &in, satpos, slot, 0);
-    const bool onGround = satpos->occlat[slot] < anglesOnly;
     const SatelliteName name = nameOf(in, slot);
+    const bool crosses = event.transit && event.transit->sensible();
+    const DiskTransit transit = event.transit.value_or(DiskTransit());
     return {name.name,
             name.number,
             name.designator.empty() ? ListValue() : ListValue(name.designator),
-            kindOf(in),
-            ListTime{event.tm[1]},
-            event.b[1],
-            event.a[1],
-            iridium ? ListValue() : ListValue(event.b[2]),
-            orNone(crossing.halfWidthKm),
-            orNone(crossing.seconds),
-            orNone(crossing.angleDeg),
-            iridium ? ListValue(event.b[2]) : ListValue(),
-            iridium ? ListValue(surface) : ListValue(),
-            onGround ? ListValue(satpos->occlat[slot]) : ListValue(),
-            onGround ? ListValue(satpos->occlng[slot]) : ListValue()};
+            kindName(event.kind),
+            ListTime{event.mjd},
+            event.azimuth,
+            event.elevation,
+            orNone(event.distance),
+            crosses ? ListValue(rounded(transit.halfWidthKm, 1)) : ListValue(),
+            crosses ? ListValue(rounded(transit.seconds, 1)) : ListValue(),
+            crosses ? ListValue(rounded(transit.angleDeg, 0)) : ListValue(),
+            orNone(event.magnitude),
+            event.surface ? ListValue(surfaceName(*event.surface)) : ListValue(),
+            event.centre ? ListValue(event.centre->lat) : ListValue(),
+            event.centre ? ListValue(event.centre->lng) : ListValue()};
 }

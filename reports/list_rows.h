@@ -4,9 +4,9 @@
 #include "exports/lists.h"
 #include "record/winp_data.h"
 
-#include <optional>
 #include <string>
 
+struct Event;
 struct Pass;
 
 /// How a list calls the satellite of a slot.
@@ -28,15 +28,5 @@ ListRow trackRow(const WinpData& in, int slot, double t);
 /// Name, number and designator of a slot, and an instant: how rows of steps begin.
 ListRow stepRow(const WinpData& in, int slot, double t);
 
-/// Width, duration and direction of a transit of the Sun or Moon.
-struct Crossing
-{
-    std::optional<double> halfWidthKm, seconds, angleDeg;
-    bool reached = true;  // by the transit zone
-};
-
-/// @param automatic  a transit whose zone does not reach the observer is not `reached`
-Crossing crossingOf(WinpData& in, int slot, const Pass& event, bool automatic);
-
-/// An event that `nextpass` found, with its ground point at the same instant. Uses `satpos`.
-ListRow eventRow(WinpData& in, int slot, const Pass& event, const Crossing& crossing);
+/// An event of the satellite of a slot. Figures of a transit are rounded as in the tables of the window.
+ListRow eventRow(const WinpData& in, int slot, const Event& event);

@@ -2,6 +2,7 @@
 
 #include "elements/element_file.h"
 #include "engine/aos_list.h"
+#include "engine/event.h"
 #include "engine/pass_search.h"
 #include "engine/position.h"
 #include "exports/geo_form.h"
@@ -96,20 +97,22 @@ private:
 };
 
 /// Calls `take` for each pass or event of the list of the prime satellite.
-void eachListed(WinpData* in, double from, double to, const std::function<void(const Pass&, const Crossing&)>& take)
+void eachListed(WinpData* in, double from, double to,
+                const std::function<void(const Pass&, const std::optional<Event>&)>& take)
 {
     const bool automatic = automaticWidth(*in);
-    const PassLimits limits = listLimits(*in);
+    const bool events = in->iridflg > event::plain && !relativeMode(*in);
+    const PassQuery query{in, satpos, in->prs, listLimits(*in)};
     double t = from;
     while (t <= to && tellProgress(fieldText(in->fsname[in->prs]))) {
         Pass pass;
-        const int result = findNextPass({in, satpos, in->prs, limits}, t, to, pass);
+        const int result = findNextPass(query, t, to, pass);
         if (result == 0)
             return;
         if (result == hit) {
-            const Crossing crossing = transitsOfDisk(*in) ? crossingOf(*in, in->prs, pass, automatic) : Crossing();
-            if (crossing.reached)
-                take(pass, crossing);
+            const std::optional<Event> event = events ? eventOf(query, pass, automatic) : std::nullopt;
+            if (event || !events)
+                take(pass, event);
         }
         const double next = timeAfterPass(*in, in->prs, pass);
         if (!(next > t))
@@ -193,12 +196,12 @@ std::string line(WinpData* in, const PassSpan& span)
 
 /// A pass or an event of the list of the prime satellite, in its form.
 std::string listedItem(WinpData* in, ListForm form, const GrowingList& list, const Pass& pass,
-                       const Crossing& crossing)
+                       const std::optional<Event>& event)
 {
     if (relativeMode(*in))
         return list.itemOf(contactRow(*in, in->prs, secondSatellite(*in), pass));
-    if (in->iridflg > event::plain)
-        return list.itemOf(eventRow(*in, in->prs, pass, crossing));
+    if (event)
+        return list.itemOf(eventRow(*in, in->prs, *event));
     const ListRow row = passRowOf(*in, in->prs, pass);
     if (form != ListForm::geojson)
         return list.itemOf(row);
@@ -222,8 +225,8 @@ std::string passListText(WinpData* in, ListForm form)
     const double from = startMjd(in);
     const double to = from + heldSpan(in->dur);
     GrowingList list(form, listing.kind, requestOf(*in, listing.task, from, to), *in);
-    eachListed(in, from, to, [&](const Pass& pass, const Crossing& crossing) {
-        list.addItem(listedItem(in, form, list, pass, crossing));
+    eachListed(in, from, to, [&](const Pass& pass, const std::optional<Event>& event) {
+        list.addItem(listedItem(in, form, list, pass, event));
     });
     return list.whole();
 }
@@ -249,9 +252,9 @@ std::optional<std::string> allPassesText(WinpData* in, ListForm form)
     Found all;
     const auto search = [&](WinpData* own) {
         Found found;
-        eachListed(own, from, to, [&](const Pass& pass, const Crossing& crossing) {
-            const double time = pass.tm[own->iridflg > event::plain ? 1 : 0];
-            found.items.emplace_back(time, listedItem(own, form, list, pass, crossing));
+        eachListed(own, from, to, [&](const Pass& pass, const std::optional<Event>& event) {
+            const double time = pass.tm[own->iridflg > ::event::plain ? 1 : 0];
+            found.items.emplace_back(time, listedItem(own, form, list, pass, event));
         });
         return found;
     };

@@ -7,7 +7,9 @@
 #include <thread>
 
 #include "astro/angles.h"
+#include "engine/aos_list.h"
 #include "engine/epoch_state.h"
+#include "engine/flares.h"
 #include "engine/pass_search.h"
 #include "engine/position.h"
 #include "engine/record_helper.h"
@@ -149,4 +151,55 @@ TEST(Prediction, FindsThePassesOfTheRecordsInSeveralThreads)
         EXPECT_TRUE(std::equal(found[k].begin(), found[k].end(), wanted.begin(), wanted.end(), sameBits)) << k;
     }
     EXPECT_GT(total, 10u);
+}
+
+TEST(Prediction, FindsTheEventsOfTheRecords)
+{
+    struct Case
+    {
+        EventQuery search;
+        void (*set)(WinpData&);
+        std::size_t least;
+    };
+    const Case cases[] = {
+        {{EventKind::moonTransit, 9000.0}, [](WinpData& in) { in.occflg = 2; }, 1},
+        {{EventKind::sunTransit, 0.0}, [](WinpData& in) { in.occflg = 1; }, 0},
+        {{EventKind::occultation, 4000.0, 5.5, 7.4},
+         [](WinpData& in) { in.occflg = 3, in.occra = DegFDms(5.5), in.occdec = DegFDms(7.4); },
+         1},
+        {{EventKind::flare, 2000.0, 0, 0, false, 30.0, -40.0},
+         [](WinpData& in) { in.flarflg = in.flarmod = 1, in.occra = 30.0, in.occdec = -40.0; },
+         1},
+        {{.kind = EventKind::mirrorFlare, .faintest = 4.0},
+         [](WinpData& in) { putMirrors(&in), in.irmag = 4.0, in.chlen = 0; },
+         1},
+    };
+    for (const Case& row : cases) {
+        WinpData in = recordWith({25777}, vienna, "iridium_2018.txt");
+        in.visflg = 0;
+        in.sunel = 91.0;
+        std::vector<Event> found = predictEvents(orbitOf(in, 0), siteOf(in), firstDay, firstDay + 4, row.search,
+                                                 conditionsOf(in), modelsOf(in));
+        std::erase_if(found, [](const Event& e) { return e.surface == EventSurface::panel; });
+        row.set(in);
+        in.maxdst = row.search.maxDistance;
+        if (row.search.kind != EventKind::mirrorFlare)
+            chooseEventKind(&in);
+        if (in.maxdst == 0.0)
+            in.maxdst = 35.0, in.sunel = 90.0;
+        std::size_t k = 0;
+        Pass pass;
+        for (double t = firstDay; const int result = nextpass(&in, 0, t, firstDay + 4, pass.tm, pass.a, pass.b);
+             t = timeAfterPass(in, 0, pass)) {
+            if (result != 1)
+                continue;
+            ASSERT_LT(k, found.size());
+            EXPECT_EQ(found[k].mjd, pass.tm[1]);
+            EXPECT_EQ(found[k].elevation, pass.a[1]);
+            EXPECT_EQ(found[k].magnitude.value_or(0.0) + found[k].distance.value_or(0.0), pass.b[2]);
+            ++k;
+        }
+        EXPECT_EQ(k, found.size());
+        EXPECT_GE(k, row.least);
+    }
 }
