@@ -8,8 +8,8 @@
 #include "astro/calendar.h"
 #include "astro/earth.h"
 #include "astro/frames.h"
+#include "engine/clamped_values.h"
 #include "engine/epoch_state.h"
-#include "engine/held_values.h"
 #include "orbit/mean_motion.h"
 #include "record/text.h"
 
@@ -45,11 +45,11 @@ struct Frame
 
 Frame frameOf(const WinpData& in)
 {
-    const double T = julcent(held(in.mjd, heldTimeDays));
+    const double T = julcent(clamped(in.mjd, limitDays));
     double eqeq = 0;
     Frame frame;
     frame.nutation = nutmat(T, eqeq, in.IERSflg);
-    const double year = held(in.yrepoch, heldYears);
+    const double year = clamped(in.yrepoch, limitYears);
     if (year != 0.0)
         frame.fromEpoch = frame.nutation * pmatequ((year - 2000.0) / 100.0, T);
     return frame;
@@ -103,8 +103,8 @@ struct Fit
 
 Fit fitOf(const WinpData& in, const Frame& frame)
 {
-    const double t = held(in.mjd, heldTimeDays);
-    const double t1 = in.IERSflg ? t + held(in.Ut1Utc, heldSeconds) / 86400.0 : t;
+    const double t = clamped(in.mjd, limitDays);
+    const double t1 = in.IERSflg ? t + clamped(in.Ut1Utc, limitSeconds) / 86400.0 : t;
     Fit fit;
     fit.days = in.deltm / 86400.0;
     fit.one = sightOf(in, {in.az1, in.el1, in.az1flg != 0}, t1, frame);

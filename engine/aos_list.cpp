@@ -83,7 +83,7 @@ void putConditions(WoutData* out, const WinpData& in, const PassLimits& limits)
         line.add(in.moonflg ? "   Moonshine passes only" : "   visible passes only");
     putFormatted(out, line);
     putFormatted(out, TextWriter(text).addFormatted(" Year: %4i  +++ Timezone: %g +++", in.year, in.tzone));
-    if (TextWriter note(text); addHeldSpan(note, in))
+    if (TextWriter note(text); addSpanNote(note, in))
         putFormatted(out, note);
     PutSpace(out);
 }
@@ -127,7 +127,7 @@ void putSelectable(WinpData* in, WoutData* out, const TextWriter& line, double p
 
 void putPasses(WinpData* in, WoutData* out, const PassLimits& limits, bool automatic)
 {
-    const double end = startMjd(in) + heldSpan(in->dur);
+    const double end = startMjd(in) + clampedSpan(in->dur);
     double t = startMjd(in);
     Pass pass;
     while (t <= end) {

@@ -5,23 +5,23 @@
 
 #include "record/winp_data.h"
 
-constexpr double heldTimeDays = 1e8;       // some 270,000 years
-constexpr double heldDegrees = 1e6;        // angles; nothing is reduced, so a few turns stay as they are
-constexpr double heldHeightMetres = 1e12;  // observers
-constexpr double heldSeconds = 1e6;        // UT1 minus UTC
-constexpr double heldArcSeconds = 1e6;     // polar motion
-constexpr double heldYears = 1e5;          // epochs of coordinates
-constexpr double heldMagnitudes = 1e6;
+constexpr double limitDays = 1e8;           // some 270,000 years
+constexpr double limitDegrees = 1e6;        // angles; nothing is reduced, so a few turns stay as they are
+constexpr double limitHeightMetres = 1e12;  // observers
+constexpr double limitSeconds = 1e6;        // UT1 minus UTC
+constexpr double limitArcSeconds = 1e6;     // polar motion
+constexpr double limitYears = 1e5;          // epochs of coordinates
+constexpr double limitMagnitudes = 1e6;
 
 /// x clamped to plus and minus `limit`; 0 for NaN.
-constexpr double held(double x, double limit)
+constexpr double clamped(double x, double limit)
 {
     return x != x ? 0.0 : std::clamp(x, -limit, limit);
 }
 
 /// UT1 of a UTC date; both MJD, clamped. Without Earth parameters the two are one.
-constexpr double heldUt1(double mjd, const WinpData& in)
+constexpr double clampedUt1(double mjd, const WinpData& in)
 {
-    const double utc = held(mjd, heldTimeDays);
-    return in.IERSflg ? utc + held(in.Ut1Utc, heldSeconds) / 86400.0 : utc;
+    const double utc = clamped(mjd, limitDays);
+    return in.IERSflg ? utc + clamped(in.Ut1Utc, limitSeconds) / 86400.0 : utc;
 }

@@ -7,7 +7,7 @@
 #include "astro/angles.h"
 #include "astro/frames.h"
 #include "astro/time_scales.h"
-#include "engine/held_values.h"
+#include "engine/clamped_values.h"
 #include "engine/position.h"
 #include "engine/position_stages.h"
 #include "orbit/attitude.h"
@@ -125,8 +125,8 @@ GroundPoint findGroundPoint(RayTarget target, double observerKm, double ut1, boo
 /// Along the surface of a sphere, km.
 double distanceFromObserver(const Site& site, const GroundPoint& point)
 {
-    const double lat = held(site.lat, heldDegrees) * radPerDeg;
-    const double lng = held(site.lng, heldDegrees) * radPerDeg;
+    const double lat = clamped(site.lat, limitDegrees) * radPerDeg;
+    const double lng = clamped(site.lng, limitDegrees) * radPerDeg;
     const double k =
         std::sin(lat) * std::sin(point.lat) + std::cos(lat) * std::cos(point.lat) * std::cos(lng - point.lng);
     return std::abs(k) > 1.0 ? k : earthRadiusKm * std::acos(k);
@@ -244,18 +244,18 @@ SkyEntry matchCentre(const WinpData& in)
 
 void toHorizontal(const SkyEntry& entry, const WinpData& in, double mjd, double eqeq, double& az, double& el)
 {
-    const double first = held(entry.first, heldDegrees);
-    const double second = held(entry.second, heldDegrees);
+    const double first = clamped(entry.first, limitDegrees);
+    const double second = clamped(entry.second, limitDegrees);
     if (!entry.equatorial) {
         az = first * radPerDeg;
         el = second * radPerDeg;
         return;
     }
-    const double lat = held(in.lat, heldDegrees) * radPerDeg;
-    const double lng = held(in.lng, heldDegrees) * radPerDeg;
+    const double lat = clamped(in.lat, limitDegrees) * radPerDeg;
+    const double lng = clamped(in.lng, limitDegrees) * radPerDeg;
     const Vec3 direction = polcar(Vec3(1.0, DmsDegF(first) * radPerHour, DmsDegF(second) * radPerDeg));
     double distance = 0;
-    AppPos(heldUt1(mjd, in), eqeq, lat, lng, in.height, 0, direction, az, el, distance);
+    AppPos(clampedUt1(mjd, in), eqeq, lat, lng, in.height, 0, direction, az, el, distance);
 }
 
 void SkyAzim(WinpData* in, double mjd)

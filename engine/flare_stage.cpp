@@ -2,9 +2,9 @@
 #include <cmath>
 
 #include "astro/angles.h"
+#include "engine/clamped_values.h"
 #include "engine/event_geometry.h"
 #include "engine/flares.h"
-#include "engine/held_values.h"
 #include "engine/position_stages.h"
 #include "orbit/attitude.h"
 
@@ -48,7 +48,7 @@ double angleDeg(const Vec3& a, const Vec3& b)
 Vec3 packedDirection(double ra, double dec)
 {
     return polcar(
-        Vec3(1.0, DmsDegF(held(ra, heldDegrees)) * radPerHour, DmsDegF(held(dec, heldDegrees)) * radPerDeg));
+        Vec3(1.0, DmsDegF(clamped(ra, limitDegrees)) * radPerHour, DmsDegF(clamped(dec, limitDegrees)) * radPerDeg));
 }
 
 /// From the satellite to the light source, Earth radii.
@@ -149,7 +149,7 @@ double withOwnMaximum(const Scene& s, double magnitude)
     if (!s.in->flrmgf || s.view.events >= event::iridium)
         return magnitude;
     if (magnitude < noFlare)
-        magnitude += 8.7 + held(s.in->flrmgx, heldMagnitudes);
+        magnitude += 8.7 + clamped(s.in->flrmgx, limitMagnitudes);
     return magnitude > s.baseMagnitude ? s.baseMagnitude : magnitude;
 }
 
@@ -179,8 +179,8 @@ Mat3 steeredFrame(const Scene& s, double yaw, double pitch)
 Normal knownNormal(const Scene& s)
 {
     const WinpData& in = *s.in;
-    const double first = held(in.occra, heldDegrees);
-    const double second = held(in.occdec, heldDegrees);
+    const double first = clamped(in.occra, limitDegrees);
+    const double second = clamped(in.occdec, limitDegrees);
     if (in.flarmod != 1) {
         const Vec3 direction = packedDirection(first, second);
         return {true, s.epochChosen ? mxvct(mxtrn(s.toEpoch), direction) : direction};
@@ -241,9 +241,9 @@ double cylinderAngle(const WinpData& in)
     const bool packed = in.flarmod == -2;
     const auto first = [&](double x) { return packed ? DmsDegF(x) * radPerHour : x * radPerDeg; };
     const auto second = [&](double x) { return packed ? DmsDegF(x) * radPerDeg : x * radPerDeg; };
-    const double d1 = second(held(in.occdec, heldDegrees));
-    const double d2 = second(held(in.cyldec, heldDegrees));
-    const double da = first(held(in.occra, heldDegrees)) - first(held(in.cylra, heldDegrees));
+    const double d1 = second(clamped(in.occdec, limitDegrees));
+    const double d2 = second(clamped(in.cyldec, limitDegrees));
+    const double da = first(clamped(in.occra, limitDegrees)) - first(clamped(in.cylra, limitDegrees));
     const double cosine = std::sin(d1) * std::sin(d2) + std::cos(d1) * std::cos(d2) * std::cos(da);
     return std::acos(std::clamp(cosine, -1.0, 1.0)) * degPerRad;
 }

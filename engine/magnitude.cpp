@@ -20,7 +20,7 @@ struct Disks
     double sun, moon, distance;
 };
 
-/// The visible share of the Sun behind a Moon that covers it in part.
+/// The share of the Sun that a Moon in front of it leaves visible, of the disk.
 struct Share
 {
     bool found = false;
@@ -34,6 +34,7 @@ double segment(double half, double radius)
     return (angle - std::sin(angle)) * (radius * radius) / 2.0;
 }
 
+/// The disks overlap, and neither lies inside the other, so only a rounding can bring the chord outside of one of them.
 Share visibleShare(const Disks& d)
 {
     // distance of the common chord from the Sun's centre

@@ -140,7 +140,7 @@ int secondSatellite(const WinpData& in)
     return in.prs + 1 < in.satn ? in.prs + 1 : 0;
 }
 
-double heldSpan(double days)
+double clampedSpan(double days)
 {
     return std::isnan(days) ? longestSpanDays : std::clamp(days, -longestSpanDays, longestSpanDays);
 }

@@ -24,7 +24,7 @@ constexpr double farBelowHorizonDeg = -25.0;
 constexpr double longestSpanDays = 100000.0;
 
 /// A span of days clamped to plus and minus `longestSpanDays`; a span that is no number counts as longer.
-double heldSpan(double days);
+double clampedSpan(double days);
 
 /// Whether the state in `sp` fulfils the visibility conditions; non-zero if so.
 ///

@@ -50,7 +50,7 @@ public:
           pass(found)
     {}
 
-    /// Whether a time lies behind another one in the sense of the walk; false for NaN.
+    /// Whether a time lies after another one in the sense of the walk; false for NaN.
     bool beyond(double t, double limit) const { return sign * t > sign * limit; }
 
     /// Brings a maximum that lies outside the refined ends to the end; false if it lies inside.

@@ -69,7 +69,7 @@ void LazyPosition::look(double mjd)
         needSun();
         needMoon();
     }
-    propagate(s);
+    findState(s);
     turnToTrueOfDate(s);
     findAzimuthElevation(s);
 }

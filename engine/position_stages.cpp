@@ -9,8 +9,8 @@
 #include "astro/frames.h"
 #include "astro/sun_moon.h"
 #include "astro/time_scales.h"
+#include "engine/clamped_values.h"
 #include "engine/event_geometry.h"
-#include "engine/held_values.h"
 #include "record/clock.h"
 
 namespace {
@@ -91,8 +91,8 @@ void findMoonAtObserver(Scene& s)
 /// The direction that occultations look for, true equator of date.
 Vec3 occultationTarget(const Scene& s)
 {
-    const double ra = DmsDegF(held(s.in->occra, heldDegrees)) * radPerHour;
-    const double dec = DmsDegF(held(s.in->occdec, heldDegrees)) * radPerDeg;
+    const double ra = DmsDegF(clamped(s.in->occra, limitDegrees)) * radPerHour;
+    const double dec = DmsDegF(clamped(s.in->occdec, limitDegrees)) * radPerDeg;
     const Vec3 target = polcar(Vec3(1.0, ra, dec));
     return s.epochChosen ? mxvct(mxtrn(s.toEpoch), target) : target;
 }
@@ -121,8 +121,8 @@ double wrapPi(double x)
 
 void setTimes(Scene& s, double mjd)
 {
-    s.mjd = held(mjd, heldTimeDays);
-    s.ut1 = heldUt1(mjd, *s.in);
+    s.mjd = clamped(mjd, limitDays);
+    s.ut1 = clampedUt1(mjd, *s.in);
     if (const double day = std::floor(s.mjd); day != s.ttUtDay) {
         s.ttUtDay = day;
         s.ttUt = ttUtOf(s.mjd, s.in);
@@ -145,10 +145,10 @@ void setView(Scene& s, const View& view)
     const Site& site = view.observer;
     s.view = view;
     s.prime = s.isat == view.prime;
-    s.lngDeg = held(site.lng, heldDegrees);
-    s.lat = held(site.lat, heldDegrees) * radPerDeg;
+    s.lngDeg = clamped(site.lng, limitDegrees);
+    s.lat = clamped(site.lat, limitDegrees) * radPerDeg;
     s.lng = s.lngDeg * radPerDeg;
-    s.height = held(site.height, heldHeightMetres);
+    s.height = clamped(site.height, limitHeightMetres);
     s.site = observerSite(s.lat, s.height);
 }
 
@@ -172,7 +172,7 @@ void placeMoon(Scene& s)
 
 void setEpochMatrix(Scene& s)
 {
-    const double year = held(s.view.equinox, heldYears);
+    const double year = clamped(s.view.equinox, limitYears);
     s.epochChosen = year != 0.0;
     if (s.epochChosen)
         s.toEpoch = pmatequ(s.T, (year - 2000.0) / 100.0) * mxtrn(s.nutation);
@@ -190,8 +190,8 @@ void turnToTrueOfDate(Scene& s)
 
 void placeObserver(Scene& s)
 {
-    const double xp = held(s.in->IERSxp, heldArcSeconds);
-    const double yp = held(s.in->IERSyp, heldArcSeconds);
+    const double xp = clamped(s.in->IERSxp, limitArcSeconds);
+    const double yp = clamped(s.in->IERSyp, limitArcSeconds);
     s.observer = GeoPos(s.ut1, s.eqeq, s.lat, s.lng, s.height, xp, yp) * earthRadiusKm;
     s.sight = s.r - s.observer;
     s.toObserver = vnorm(s.sight) * -1.0;
@@ -253,8 +253,8 @@ void findBeta(Scene& s)
 void findSubSatellitePoint(Scene& s)
 {
     Vec3 fixed = mxvct(zrot(s.greenwich), s.r);
-    const double xp = held(s.in->IERSxp, heldArcSeconds);
-    const double yp = held(s.in->IERSyp, heldArcSeconds);
+    const double xp = clamped(s.in->IERSxp, limitArcSeconds);
+    const double yp = clamped(s.in->IERSyp, limitArcSeconds);
     if (xp != 0.0 || yp != 0.0)
         fixed = mxvct(PoleMx(xp, yp), fixed);
     const Vec3 polar = carpol(fixed);

@@ -93,7 +93,7 @@ void setEpochMatrix(Scene& s);
 
 // The satellite.
 /// Fills r and v by the model of the slot, mean equator of date; an analytic state becomes the current one of the slot.
-void propagate(Scene& s);
+void findState(Scene& s);
 
 /// Turns r and v to the true equator of date, and stores them as rsat and vsat unless relative.
 void turnToTrueOfDate(Scene& s);

@@ -227,7 +227,7 @@ std::optional<Pass> Predictor::nextPass(double from, double until)
 {
     Pass pass;
     int result = 0;
-    const double end = from + heldSpan(until - from);
+    const double end = from + clampedSpan(until - from);
     records->run([&] { result = findNextPass({&records->in, &records->positions, slot}, from, end, pass); });
     return result ? std::optional(pass) : std::nullopt;
 }
@@ -235,7 +235,7 @@ std::optional<Pass> Predictor::nextPass(double from, double until)
 std::vector<Pass> Predictor::passes(double from, double until)
 {
     std::vector<Pass> found;
-    const double end = from + heldSpan(until - from);
+    const double end = from + clampedSpan(until - from);
     while (const std::optional<Pass> pass = from <= end ? nextPass(from, end) : std::nullopt) {
         found.push_back(*pass);
         const double next = timeAfterPass(records->in, slot, *pass);
@@ -249,7 +249,7 @@ std::vector<Pass> Predictor::passes(double from, double until)
 std::vector<Event> Predictor::events(double from, double until, const EventQuery& search)
 {
     std::vector<Event> found;
-    const double end = from + heldSpan(until - from);
+    const double end = from + clampedSpan(until - from);
     const bool twoRounds = search.kind == EventKind::mirrorFlare;
     for (const bool panels : twoRounds ? std::vector{false, true} : std::vector{false}) {
         Records own(*records);

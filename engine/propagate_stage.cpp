@@ -102,7 +102,7 @@ void storeCurrentState(const Scene& s)
 
 }  // namespace
 
-void propagate(Scene& s)
+void findState(Scene& s)
 {
     if (s.model == Propagator::numeric) {
         NumProp(s.mjd, s.in, s.isat, s.sun, s.moon, s.r, s.v);

@@ -15,11 +15,11 @@ void putLines(WoutData* out, std::initializer_list<const char*> lines)
     }
 }
 
-bool addHeldSpan(TextWriter& heading, const WinpData& in)
+bool addSpanNote(TextWriter& heading, const WinpData& in)
 {
-    const double held = heldSpan(in.dur);
-    if (held == in.dur)
+    const double days = clampedSpan(in.dur);
+    if (days == in.dur)
         return false;
-    heading.addFormatted(" *** Time span held to %g days ***", held);
+    heading.addFormatted(" *** Time span held to %g days ***", days);
     return true;
 }

@@ -13,4 +13,4 @@ void putLines(WoutData* out, std::initializer_list<const char*> lines);
 /// Appends the note that a heading has where the span `dur` is cut to its limit.
 ///
 /// @return  whether it is cut; if not, nothing is appended
-bool addHeldSpan(TextWriter& heading, const WinpData& in);
+bool addSpanNote(TextWriter& heading, const WinpData& in);

@@ -62,7 +62,7 @@ std::pair<Parameters, StateVector> shownOf(const WinpData& in)
     return {parametersOf(in), primeEpochState(in)};
 }
 
-void storeState(const StateVector& state, bool reset, WinpData& in)
+void putPrimeState(const StateVector& state, bool reset, WinpData& in)
 {
     putEpochState(state, in, in.prs);
     if (reset)
@@ -95,7 +95,7 @@ void storeParameters(const Parameters& p, bool forces, WinpData& in)
 void store(const Entered& entered, WinpData& in)
 {
     storeParameters(entered.parameters, entered.withForces, in);
-    storeState(entered.state, entered.reset, in);
+    putPrimeState(entered.state, entered.reset, in);
 }
 
 }  // namespace

@@ -48,7 +48,7 @@ public:
     int integer() { return next() ? wholeNumber(line) : 0; }
     std::string text() { return next() ? std::string(beforeLineEnd(line)) : std::string(); }
 
-    /// A name behind any white space. False if the file ends before or within it.
+    /// A name after any white space. False if the file ends before or within it.
     bool name(std::string& to)
     {
         std::size_t begin = std::string::npos;

@@ -8,7 +8,7 @@
 /// Reads the configuration over the defaults.
 ///
 /// The names of the last selection come into `cfgname`, their number into `satn`; the slots hold no elements then.
-/// Time zones beyond 15 hours become 0, `dur` is held within 1 and 14 days.
+/// Time zones beyond 15 hours become 0, `dur` is clamped to 1 to 14 days.
 ///
 /// @return 2 without a file, 1 if it was taken over; 0 if it is damaged (or no file, but a directory): then only
 ///         `cfgname` may have changed

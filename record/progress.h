@@ -36,7 +36,7 @@ private:
 /// @return  false from the moment when the listener ended the calculation to the end of its scope, on all threads
 bool tellProgress(std::string_view what = {});
 
-/// The same with the date that the calculation has reached, MJD; it stands behind `what`, which is cut at 100
+/// The same with the date that the calculation has reached, MJD; it stands after `what`, which is cut at 100
 /// characters.
 bool tellProgress(std::string_view what, double reached);
 

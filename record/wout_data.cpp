@@ -4,6 +4,8 @@
 #include "record/text.h"
 
 namespace {
+constexpr char tableMark = '~';
+
 WoutData theOutput;
 
 /// The next line, holding the text; null if the record is full.
@@ -28,7 +30,7 @@ void PutNxtLn(WoutData* out, const char* text)
 void PutNxtLnT(WoutData* out, const char* text)
 {
     if (char* const line = appendLine(out, text, layoutMarkByte - 1))
-        line[layoutMarkByte] = '~';
+        line[layoutMarkByte] = tableMark;
 }
 
 void PutSpace(WoutData* out)
@@ -41,7 +43,13 @@ std::string_view lineText(const WoutData& out, int line)
     return {out.text[line], ::strnlen(out.text[line], layoutMarkByte)};
 }
 
-bool isTableLine(const WoutData& out, int line)
+LineLayout layoutOf(const WoutData& out, int line)
 {
-    return out.text[line][layoutMarkByte] == '~';
+    return out.text[line][layoutMarkByte] == tableMark ? LineLayout::table : LineLayout::running;
+}
+
+bool selectable(const WoutData& out, int line)
+{
+    const std::string_view text = lineText(out, line);
+    return !text.empty() && text.front() != ' ';
 }

@@ -5,7 +5,14 @@
 
 constexpr int maxReportLines = 160;
 constexpr int reportLineBytes = 77;
-constexpr int layoutMarkByte = 76;  // of each line; '~' marks a table line, anything else running text
+constexpr int layoutMarkByte = 76;  // of each line: how it is painted
+
+/// How a line is painted.
+enum class LineLayout
+{
+    running,  // letters side by side
+    table     // on a grid of character cells
+};
 
 /// The lines are NUL terminated in bytes 0 to 75. A report clears the record by `nlines` = 0; bytes of unused lines
 /// mean nothing.
@@ -31,4 +38,8 @@ void PutSpace(WoutData* out);
 /// The text of a line, without its mark.
 std::string_view lineText(const WoutData& out, int line);
 
-bool isTableLine(const WoutData& out, int line);
+/// The layout of a line, as its mark has it: '~' for a table line, anything else for running text.
+LineLayout layoutOf(const WoutData& out, int line);
+
+/// Whether a line of a table of passes can be clicked. Its first character, which is not painted, tells so: not a blank.
+bool selectable(const WoutData& out, int line);

@@ -4,8 +4,8 @@
 #include "astro/calendar.h"
 #include "astro/earth.h"
 #include "astro/frames.h"
+#include "engine/clamped_values.h"
 #include "engine/event_geometry.h"
-#include "engine/held_values.h"
 #include "engine/position.h"
 #include "orbit/attitude.h"
 #include "record/numbers.h"
@@ -167,7 +167,7 @@ void setAttitude(WinpData* in, Closeup& c)
 {
     const int k = onlySlot;
     double eqeq = 0;
-    const Mat3 nutation = nutmat(julcent(held(in->mjd, heldTimeDays)), eqeq, in->IERSflg);
+    const Mat3 nutation = nutmat(julcent(clamped(in->mjd, limitDays)), eqeq, in->IERSflg);
     c.r = mxvct(nutation, Vec3(in->csr0[k], in->csr1[k], in->csr2[k]));
     c.v = mxvct(nutation, Vec3(in->csv0[k], in->csv1[k], in->csv2[k]));
     c.attitude =
@@ -208,8 +208,8 @@ double azimuthOfPlace(const Closeup& c)
 /// Where the satellite sees the place.
 void addObserver(TextWriter& text, const WinpData& in, const Closeup& c)
 {
-    const double t = held(in.mjd, heldTimeDays);
-    const double height = held(in.height, heldHeightMetres);
+    const double t = clamped(in.mjd, limitDays);
+    const double height = clamped(in.height, limitHeightMetres);
     const Vec3 place = GeoPos(t, 0.0, c.place.lat, c.place.lng, height, 0.0, 0.0) * earthRadiusKm;
     const Vec3 seen = carpol(vnorm(mxvct(c.attitude, place - c.r * 0.001)));
     const double yaw = compass(360.0 - seen[1] * degPerRad);

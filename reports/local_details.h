@@ -1,4 +1,4 @@
-// The text behind a pick on a map: what can be seen from the place, or what lies at a point of the sky.
+// The text for a pick on a map: what can be seen from the place, or what lies at a point of the sky.
 #pragma once
 
 struct WinpData;

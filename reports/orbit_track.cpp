@@ -26,7 +26,7 @@ std::string headingOf(const WinpData& in)
     char text[lineRoom];
     TextWriter heading(text);
     heading.addFormatted("\n Year: %4i  +++> Timezone %g <+++\n", in.year, in.tzone);
-    if (addHeldSpan(heading, in))
+    if (addSpanNote(heading, in))
         heading.add("\n");
     heading.add(std::string(21, ' '));
     heading.add(groundPointWanted(in) ? " Ctr.Line  long.    lat.\n" : "\n").add("\n");
@@ -55,7 +55,7 @@ std::string trackOf(WinpData* in)
 {
     std::string track = headingOf(*in);
     double t = startMjd(in);
-    const double end = t + heldSpan(in->dur);
+    const double end = t + clampedSpan(in->dur);
     while (t < end && tellProgress(fieldText(in->fsname[in->prs]), t)) {
         track += stepAt(t, in);
         const double next = t + in->tmstep;
@@ -70,7 +70,7 @@ std::string trackOf(WinpData* in)
 
 double trackLines(const WinpData& in)
 {
-    const double span = heldSpan(in.dur);
+    const double span = clampedSpan(in.dur);
     const double t = startMjd(&in);
     if (!(t < t + span))
         return 0;

@@ -5,7 +5,7 @@
 #include "astro/frames.h"
 #include "elements/selection.h"
 #include "engine/aos_list.h"
-#include "engine/held_values.h"
+#include "engine/clamped_values.h"
 #include "engine/pass_search.h"
 #include "engine/position.h"
 #include "record/files.h"
@@ -152,7 +152,7 @@ void addColumns(TextWriter& text, WinpData* in, int mode)
         addDirection(text, in, mode);
 }
 
-/// The step behind its heading; false if the satellite does not fulfil the conditions any more.
+/// The step after its heading; false if the satellite does not fulfil the conditions any more.
 bool addStep(TextWriter& text, WinpData* in, double t, int mode)
 {
     if (!tellProgress(fieldText(in->fsname[in->prs]), t))
@@ -182,7 +182,7 @@ Vec3 apparentDirection(WinpData* in, double t)
 void horizontal(const WinpData& in, double t, const Vec3& direction, double& az, double& el)
 {
     double distance = 0;
-    AppPos(heldUt1(t, in), 0.0, in.lat * radPerDeg, in.lng * radPerDeg, in.height, 0, direction, az, el, distance);
+    AppPos(clampedUt1(t, in), 0.0, in.lat * radPerDeg, in.lng * radPerDeg, in.height, 0, direction, az, el, distance);
 }
 
 void addPole(TextWriter& text, const WinpData& in, double az, double el, const Vec3& pole)

@@ -23,7 +23,7 @@ constexpr int mostSavedSteps = 16250;  // of a listing in a file
 /// step (days) asks.
 double alignedStart(double t, double step);
 
-/// Composes one step of the pass `aossel` of the table, the first one behind its heading.
+/// Composes one step of the pass `aossel` of the table, the first one after its heading.
 ///
 /// @param t     time of the step, MJD UTC; must be 0.0 at the first call of a listing, and is moved on by `tmstep`
 /// @param text  at least `passDetailsRoom` characters

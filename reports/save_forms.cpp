@@ -223,7 +223,7 @@ std::string passListText(WinpData* in, ListForm form)
 {
     const Listing listing = listingOf(*in, in->iridflg);
     const double from = startMjd(in);
-    const double to = from + heldSpan(in->dur);
+    const double to = from + clampedSpan(in->dur);
     GrowingList list(form, listing.kind, requestOf(*in, listing.task, from, to), *in);
     eachListed(in, from, to, [&](const Pass& pass, const std::optional<Event>& event) {
         list.addItem(listedItem(in, form, list, pass, event));
@@ -244,7 +244,7 @@ std::optional<std::string> allPassesText(WinpData* in, ListForm form)
     record->rlm = 0;
     record->satn = std::max(1, record->satn);
     const double from = startMjd(in);
-    const double to = from + heldSpan(in->dur);
+    const double to = from + clampedSpan(in->dur);
     const Listing listing = listingOf(*record, record->iridflg);
     ListRequest request = requestOf(*record, listing.task, from, to);
     request.satellites.clear();
@@ -283,7 +283,7 @@ std::string passStepsText(WinpData* in, ListForm form, bool groundTrack)
 std::string trackText(WinpData* in, ListForm form)
 {
     const double from = startMjd(in);
-    const PassSpan span{from, from + heldSpan(in->dur)};
+    const PassSpan span{from, from + clampedSpan(in->dur)};
     if (form == ListForm::ics)
         return {};
     return form == ListForm::geojson ? line(in, span) : steps(in, form, span, true);

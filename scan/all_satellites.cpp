@@ -45,7 +45,7 @@ std::string headingOf(const WinpData& in, const PassLimits& limits)
     if (in.visflg)
         heading.add(in.moonflg ? "   Moonshine passes only" : "   visible passes only");
     heading.addFormatted("\n Year: %4i  +++ Timezone: %g +++ \n", in.year, in.tzone);
-    if (addHeldSpan(heading, in))
+    if (addSpanNote(heading, in))
         heading.add("\n");
     heading.add(std::string(71, '='));
     heading.add(in.iridflg > event::plain
@@ -59,7 +59,7 @@ class Scan
 {
 public:
     Scan(WinpData* record, const PassLimits& limits)
-        : in(record), search(record, limits), nothingSelected(record->satn < 1)
+        : in(record), entrySearch(record, limits), nothingSelected(record->satn < 1)
     {
         if (nothingSelected)
             in->satn = 1;
@@ -75,7 +75,7 @@ public:
     Scan& operator=(const Scan&) = delete;
 
     /// Appends the lines of all entries to the heading.
-    std::string linesOf(std::FILE* elements, std::string heading);
+    std::string list(std::FILE* elements, std::string heading);
 
 private:
     void oneByOne(Entries& entries);
@@ -84,12 +84,12 @@ private:
     void joinSelection(const WinpData& hit);
 
     WinpData* in;
-    EntrySearch search;
+    EntrySearch entrySearch;
     bool nothingSelected;
     std::string lines;
 };
 
-std::string Scan::linesOf(std::FILE* elements, std::string heading)
+std::string Scan::list(std::FILE* elements, std::string heading)
 {
     lines = std::move(heading);
     Entries entries(in, elements);
@@ -104,13 +104,13 @@ void Scan::oneByOne(Entries& entries)
 {
     while (entries.next()) {
         ShiftElm(in, in->prs, workSlot);
-        take(search.linesOf(in));
+        take(entrySearch.search(in));
     }
 }
 
 void Scan::shared(Entries& entries)
 {
-    const auto searchOn = [&](WinpData* own) { return search.linesOf(own); };
+    const auto searchOn = [&](WinpData* own) { return entrySearch.search(own); };
     const auto takeOver = [&](const EntryLines& found, const WinpData&) { take(found); };
     shareEntries<EntryLines>(entries, in, in->prs, searchOn, takeOver);
 }
@@ -148,7 +148,7 @@ int AllSatAos(WinpData* in, std::string* why)
     const PassLimits limits = listLimits(*in);
     if (refused(*in, limits))
         return -1;
-    std::string list = Scan(in, limits).linesOf(elements.get(), headingOf(*in, limits));
+    std::string list = Scan(in, limits).list(elements.get(), headingOf(*in, limits));
     if (calculationEnded()) {
         before->putBack(in);
         return calculationCancelled;

@@ -67,7 +67,7 @@ EntrySearch::EntrySearch(WinpData* in, const PassLimits& searchLimits)
       automatic(automaticWidth(*in)),
       hitsJoinSelection(transitsOfDisk(*in) && in->maxdst == 0.0),
       start(startMjd(in)),
-      end(start + heldSpan(in->dur))
+      end(start + clampedSpan(in->dur))
 {}
 
 bool EntrySearch::entriesIndependent(const WinpData& in)
@@ -77,7 +77,7 @@ bool EntrySearch::entriesIndependent(const WinpData& in)
     return in.flarflg == 0 || in.flarmod > 0;
 }
 
-EntryLines EntrySearch::linesOf(WinpData* in) const
+EntryLines EntrySearch::search(WinpData* in) const
 {
     EntryLines lines;
     in->irsolp = false;

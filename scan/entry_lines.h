@@ -29,7 +29,7 @@ public:
 
     /// All lines of the satellite in the prime slot; with solar panel flares in a second round as well. Works on
     /// `satpos`, and changes `in` as `nextpass` does; `irsolp` is off afterwards.
-    EntryLines linesOf(WinpData* in) const;
+    EntryLines search(WinpData* in) const;
 
     /// Whether what an entry gives depends on that entry alone, so that entries may be searched in any order.
     ///

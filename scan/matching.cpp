@@ -6,8 +6,8 @@
 #include "astro/frames.h"
 #include "astro/mat3.h"
 #include "elements/element_file.h"
+#include "engine/clamped_values.h"
 #include "engine/event_geometry.h"
-#include "engine/held_values.h"
 #include "engine/pass_search.h"
 #include "engine/position.h"
 #include "engine/report_lines.h"
@@ -102,7 +102,7 @@ public:
     bool met(double t, int slot, double step);
     double from() const { return in->mjd - halfWidth; }
     double until() const { return in->mjd + halfWidth; }
-    bool spanClamped() const { return clamped; }
+    bool spanWasCut() const { return spanCut; }
 
 private:
     void secondSighting(double t);
@@ -115,7 +115,7 @@ private:
     SkyEntry entry;  // the sighting under way
     std::unique_ptr<SatPosData> position = std::make_unique<SatPosData>();
     double halfWidth = 0.0;  // of the search, days
-    bool clamped = false;
+    bool spanCut = false;
     double eqeq = 0.0;
     double azimuth = 0.0, elevation = 0.0;  // radians
     double cosLimit = 1.0;
@@ -130,9 +130,9 @@ Sought::Sought(WinpData* record) : in(record), entry(record->odm ? firstEntry(*r
 {
     const double minutes = in->odm ? std::max(in->tm, in->deltm / 60.0) : in->tm;
     const double wanted = 2.0 * minutes / minutesPerDay;
-    halfWidth = heldSpan(wanted) / 2.0;
-    clamped = heldSpan(wanted) != wanted;
-    nutmat(julcent(held(in->mjd, heldTimeDays)), eqeq, false);
+    halfWidth = clampedSpan(wanted) / 2.0;
+    spanCut = clampedSpan(wanted) != wanted;
+    nutmat(julcent(clamped(in->mjd, limitDays)), eqeq, false);
     place(in->mjd);
     moving = (in->odm ? in->az1flg : in->rdf) && minutes > movingTargetMinutes;
     useDirection = in->drf && !in->odm && belowZenithLimit();
@@ -157,7 +157,7 @@ void Sought::secondSighting(double t)
     firstMet = true;
 }
 
-/// Brings a moving target to its place in the sky at `t`: it counts as given in right ascension and declination,
+/// Brings a moving target to its place in the sky at `t`: it counts as right ascension and declination,
 /// whatever the present one of two sightings is.
 void Sought::renew(double t, double step)
 {
@@ -302,7 +302,7 @@ int SatMatch(WinpData* in, WoutData* out)
         return calculationCancelled;
     }
     putTally(out, *in, tally);
-    if (sought.spanClamped())
+    if (sought.spanWasCut())
         putLines(out, {" *** Time interval held to 100000 days ***"});
     return 0;
 }

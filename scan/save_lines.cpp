@@ -44,7 +44,7 @@ struct SaveFileLines
     std::vector<PassLine> passes;
 };
 
-SaveFileLines linesOf(std::string_view content)
+SaveFileLines splitSaveFile(std::string_view content)
 {
     SaveFileLines lines;
     while (!content.empty()) {
@@ -75,7 +75,7 @@ bool earlier(const PassLine& one, const PassLine& other)
 /// The text of a save file sorted; unchanged with fewer than two passes.
 std::string sorted(std::string content)
 {
-    SaveFileLines lines = linesOf(content);
+    SaveFileLines lines = splitSaveFile(content);
     if (lines.passes.size() < 2)
         return content;
     std::stable_sort(lines.passes.begin(), lines.passes.end(), earlier);

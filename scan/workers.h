@@ -35,7 +35,7 @@ public:
     /// @return  -1 if the listener has ended the scan
     int freePlace();
 
-    /// The place given by `freePlace` is filled and may be worked on.
+    /// Says that the place of `freePlace` is filled and may be worked on.
     void filled();
 
     /// Works until all entries are finished, or the listener ends the scan.

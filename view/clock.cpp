@@ -84,7 +84,7 @@ void VorlixView::vTmCheck(int mode)
         indata->dtflg = 1;
         setNewMjd(indata);
         vCurrent();
-        dtend = indata->mjd + heldSpan(indata->dur);
+        dtend = indata->mjd + clampedSpan(indata->dur);
         if (indata->dspmd < 1)
             vRefresh();
         break;
@@ -119,7 +119,7 @@ void VorlixView::jumpToPass(bool forward)
     double tm[3] = {}, a[3] = {}, b[3] = {};
     const double sense = forward ? 1.0 : -1.0;
     const double from = indata->mjd + sense * indata->tmstep;
-    const double to = from + sense * heldSpan(indata->dur);
+    const double to = from + sense * clampedSpan(indata->dur);
     int found = 0;
     const auto search = [&] { found = (forward ? nextpass : lastpass)(indata, indata->prs, from, to, tm, a, b); };
     if (!calculated(search))

@@ -8,7 +8,7 @@
 #include "astro/calendar.h"
 #include "astro/frames.h"
 #include "astro/sun_moon.h"
-#include "engine/held_values.h"
+#include "engine/clamped_values.h"
 #include "view/coast_data.h"
 #include "view/pixel.h"
 #include "view/stereographic.h"
@@ -26,7 +26,7 @@ QPoint offMap(const MapFrame& map)
 
 double meridianOf(const MapFrame& map)
 {
-    return held(map.centmer, heldDegrees);
+    return clamped(map.centmer, limitDegrees);
 }
 
 /// A parallel of the hemisphere; it holds no point where the latitude lies in the other one.
@@ -199,7 +199,7 @@ std::vector<QLine> hemisphereGrid(const MapFrame& map)
 Vec3 sunDirection(double mjd)
 {
     Sun200 sun;
-    const double T = julcent(held(mjd, heldTimeDays));
+    const double T = julcent(clamped(mjd, limitDays));
     return vnorm(eclequ(T, sun.position(T)));
 }
 
@@ -225,7 +225,7 @@ std::vector<NightMeridian> nightMeridians(double mjd)
     night.reserve(721);
     for (int i = -360; i <= 360; ++i) {
         const double lng = 0.5 * i;
-        const Vec3 meridian = vnorm(GeoPos(held(mjd, heldTimeDays), 0, 0, lng * radPerDegree, 0));
+        const Vec3 meridian = vnorm(GeoPos(clamped(mjd, limitDays), 0, 0, lng * radPerDegree, 0));
         const int n = std::clamp(truncToInt(2.0 * terminatorLatitude(sun, meridian)), -181, 180);
         if (sun[2] > 0)
             night.push_back({lng, -180, n});

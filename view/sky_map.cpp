@@ -11,7 +11,7 @@
 #include "astro/frames.h"
 #include "astro/planets.h"
 #include "astro/sun_moon.h"
-#include "engine/held_values.h"
+#include "engine/clamped_values.h"
 #include "record/clock.h"
 #include "view/marks.h"
 #include "view/painting.h"
@@ -27,10 +27,10 @@ constexpr int lastColumn = 721;       // of the map
 struct SkyView
 {
     explicit SkyView(double time)
-        : mjd(held(time, heldTimeDays)),
-          lat(held(indata->lat, heldDegrees) * radPerDeg),
-          lng(held(indata->lng, heldDegrees) * radPerDeg),
-          height(held(indata->height, heldHeightMetres))
+        : mjd(clamped(time, limitDays)),
+          lat(clamped(indata->lat, limitDegrees) * radPerDeg),
+          lng(clamped(indata->lng, limitDegrees) * radPerDeg),
+          height(clamped(indata->height, limitHeightMetres))
     {}
 
     /// Elevation and azimuth in radians of a direction.
@@ -196,9 +196,9 @@ SkyFrame VorlixView::skyFrame() const
 {
     SkyFrame sky;
     sky.skyprj = indata->skyprj;
-    sky.skaz = held(indata->skaz, heldDegrees);
+    sky.skaz = clamped(indata->skaz, limitDegrees);
     sky.satsky = indata->satsky;
-    sky.altitude = held(indata->height, heldHeightMetres);
+    sky.altitude = clamped(indata->height, limitHeightMetres);
     sky.centre = {cenx, ceny};
     sky.xscale = xscale;
     sky.yscale = yscale;
@@ -241,8 +241,8 @@ void VorlixView::SkyPx(const QPoint& p)
     double ra = 0, dec = 0;
     AppRADec(view.mjd, 0.0, view.lat, view.lng, place.az * radPerDeg, place.el * radPerDeg, ra, dec);
     if (indata->yrepoch != 0) {
-        const double from = julcent(held(indata->mjd, heldTimeDays));
-        const double to = (held(indata->yrepoch, heldYears) - 2000.0) / 100.0;
+        const double from = julcent(clamped(indata->mjd, limitDays));
+        const double to = (clamped(indata->yrepoch, limitYears) - 2000.0) / 100.0;
         const Vec3 polar = carpol(mxvct(pmatequ(from, to), polcar({1.0, ra, dec})));
         ra = polar[1];
         dec = polar[2];

@@ -100,10 +100,10 @@ void VorlixView::paintReport(bool fixed, std::size_t first)
         for (int i = 0; i < outdata->nlines; ++i) {
             y += page.ascent();
             const std::string_view line = lineText(*outdata, i);
-            if (first > 0 && !line.empty() && line.front() != ' ' && rows < rowsWithPosition)
+            if (first > 0 && selectable(*outdata, i) && rows < rowsWithPosition)
                 epos[rows++] = y - page.ascent() - rowGap;
             const QString letters = textQString(line.substr(std::min(first, line.size())));
-            if (fixed && isTableLine(*outdata, i))
+            if (fixed && layoutOf(*outdata, i) == LineLayout::table)
                 page.paintOnGrid(letters, y);
             else
                 page.paintSideBySide(letters, static_cast<int>(first), y);

@@ -123,7 +123,7 @@ void addReport(Text& text, const WoutData& out)
 {
     for (int line = 0; line < out.nlines; ++line) {
         text.add(lineText(out, line));
-        text.add(isTableLine(out, line) ? "~\n" : "\n");
+        text.add(layoutOf(out, line) == LineLayout::table ? "~\n" : "\n");
     }
 }
 

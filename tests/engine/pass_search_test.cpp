@@ -123,10 +123,10 @@ TEST(PassSearch, EndsOnTimesThatStepsDoNotMove)
             next(in, t0, inf, pass);
             last(in, t0, -inf, pass);
         }
-    EXPECT_EQ(heldSpan(nan), longestSpanDays);
-    EXPECT_EQ(heldSpan(inf), longestSpanDays);
-    EXPECT_EQ(heldSpan(-inf), -longestSpanDays);
-    EXPECT_EQ(heldSpan(3.1), 3.1);
+    EXPECT_EQ(clampedSpan(nan), longestSpanDays);
+    EXPECT_EQ(clampedSpan(inf), longestSpanDays);
+    EXPECT_EQ(clampedSpan(-inf), -longestSpanDays);
+    EXPECT_EQ(clampedSpan(3.1), 3.1);
 }
 
 struct ConditionCase

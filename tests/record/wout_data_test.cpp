@@ -19,7 +19,7 @@ TEST(ReportBuffer, KeepsMarksApartFromTextAndCutsBeforeThem)
     ASSERT_EQ(out->nlines, 5);
     for (int i = 0; i < 5; ++i) {
         EXPECT_EQ(lineText(*out, i), expected[i]);
-        EXPECT_EQ(isTableLine(*out, i), i == 1 || i == 4) << i;
+        EXPECT_EQ((layoutOf(*out, i) == LineLayout::table), i == 1 || i == 4) << i;
     }
 }
 

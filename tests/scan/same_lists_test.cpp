@@ -105,12 +105,12 @@ TEST_F(SameLists, HaveTheLinesOfEachSatelliteAlone)
     outcomeOn(in, passes, 4);
     const std::vector<std::string> listed = passLines(linesOf("list.txt"));
     *indata = scanRecord(mixed, "visflg=0 sunel=91 dur=0.5 satn=1");
-    const EntrySearch search(indata, limitsOf(*indata));
+    const EntrySearch entrySearch(indata, limitsOf(*indata));
     std::string single;
     const FilePtr file = openForReading(indata->tlename);
     for (Entries entries(indata, file.get()); entries.next();) {
         ShiftElm(indata, 0, workSlot);
-        single += search.linesOf(indata).text;
+        single += entrySearch.search(indata).text;
     }
     ScratchDir::write("single.txt", single);
     EXPECT_EQ(passLines(linesOf("single.txt")), listed);
