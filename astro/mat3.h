@@ -76,5 +76,7 @@ constexpr Vec3 mxvct(const Mat3& a, const Vec3& v)
 /// Rotations of the frame, not of the vector: the matrix takes a fixed vector into a frame that is turned by +a
 /// radians about the axis.
 Mat3 xrot(double a);
+/// About y.
 Mat3 yrot(double a);
+/// About z.
 Mat3 zrot(double a);

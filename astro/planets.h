@@ -15,6 +15,7 @@
 class Plan200
 {
 public:
+    /// T as above.
     Vec3 Mercury(double t);
     Vec3 Venus(double t);
     Vec3 Mars(double t);
@@ -22,11 +23,16 @@ public:
     Vec3 Saturn(double t);
 
 private:
+    /// Sets T and clears the sums of the terms.
     void begin(double t);
+    /// Fills C1 and S1 between two multiples of the planet's own anomaly, radians.
     void ownMultiples(double anomaly, int lowest, int highest);
+    /// Adds the terms of a perturbing planet with this anomaly, radians.
     template <std::size_t N>
     void perturb(const std::array<PerturbationTerm, N>& table, double anomaly);
+    /// Adds one term to DL, DR and DB.
     void term(const PerturbationTerm& row);
+    /// The place from L, B and R.
     Vec3 posvel();
 
     static constexpr int zero1 = 2;  // entry of multiple 0 in C1, S1

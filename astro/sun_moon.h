@@ -19,16 +19,26 @@ public:
     Vec3 position(double t);
 
 private:
+    /// Adds one term to DL, DR and DB.
     void term(const PerturbationTerm& row);
+    /// Adds the terms of a planet with this anomaly, radians, from its multiple `lowest` on.
     template <class Table>
     void perturb(const Table& table, double anomaly, int lowest);
+    /// Sets the arguments for T.
     void meanArguments();
+    /// Adds the perturbations by Venus.
     void pertven();
+    /// Adds those by Mars.
     void pertmar();
+    /// Adds those by Jupiter.
     void pertjup();
+    /// Adds those by Saturn.
     void pertsat();
+    /// Adds those by the Moon.
     void pertmoo();
+    /// Adds the terms of long periods to the longitude.
     void longPeriodTerms();
+    /// The place from longitude, latitude and distance.
     Vec3 state() const;
 
     static constexpr int zero3 = 1;                 // entry of multiple 0 in C3, S3
@@ -53,18 +63,31 @@ public:
     Vec3 position(double t);
 
 private:
+    /// Sine of so many turns.
     static double sinus(double revolutions);
+    /// The long-period corrections of the mean arguments.
     void long_periodic(double t);
+    /// All that the terms need at T.
     void minit(double t);
+    /// The mean arguments with their corrections.
     void meanElements(double t);
+    /// Cosines and sines of the multiples of the arguments.
     void fillTables(double t);
+    /// Cosine and sine of p L + q LS + r F + s D.
     void term(int p, int q, int r, int s, double& x, double& y) const;
+    /// Adds a term by the Sun to longitude, argument of latitude, GAM1C and parallax.
     void addsol(double cl, double cs, double cg, double cp, int p, int q, int r, int s);
+    /// The solar terms, first part of the table.
     void solar1();
+    /// The second part.
     void solar2();
+    /// The third part.
     void solar3();
+    /// Adds a term to N.
     void addn(double c, int p, int q, int r, int s);
+    /// The terms of N.
     void solarn();
+    /// Adds the terms of the planets to the longitude.
     void planetary(double t);
 
     static constexpr int zero = 6;                      // entry of multiple 0 in CO, SI

@@ -9,6 +9,7 @@ struct Vec3
 {
     double e[3] = {0, 0, 0};
 
+    /// The zero vector.
     constexpr Vec3() = default;
     constexpr Vec3(double x, double y, double z) : e{x, y, z} {}
 

@@ -54,16 +54,27 @@ private:
         double axisLow, axisHigh;  // Earth radii
     };
 
+    /// Mean elements at epoch, their rates, and the powers of the time by which drag changes them.
     void setSecular(const elsetrec& sat);
+    /// Adds the secular rates by Moon and Sun, for SDP4.
     void setDeep(const elsetrec& sat);
+    /// A straight line for the mean anomaly of a resonant orbit; false where none can be shown to hold.
     bool setResonance(elsetrec sat, double from, double to);
+    /// Adds the amplitudes of the periodic terms of drag, up to T minutes from epoch.
     void addDrag(const elsetrec& sat, double T);
+    /// Adds those by Moon and Sun, and the change of the inclination up to T minutes from epoch.
     void addMoonAndSun(const elsetrec& sat, double T);
+    /// Fills `reach`; false where the bound cannot be shown.
     bool withinTheory(const elsetrec& sat, double from, double to);
+    /// Fills what holds at every place: distance from the model, speed, distance from the Earth.
     void setBounds(const elsetrec& sat);
+    /// What drag leaves of the square root of the axis, t minutes from epoch.
     double axisFactor(double t) const;
+    /// What drag adds to the mean longitude, radians.
     double longitudeByDrag(double t) const;
+    /// The short-period terms left out, km; r in km, p (semi-latus rectum) in Earth radii.
     double shortPeriodKm(double r, double p) const;
+    /// The bound on the distance from the model at a place, km; r and a in km, p in Earth radii.
     double offAt(double r, double e, double a, double p) const;
 
     bool good = false;

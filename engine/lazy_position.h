@@ -39,8 +39,11 @@ public:
     const Scene& scene() const { return s; }
 
 private:
+    /// Each works its quantity out unless it is known for this instant.
     void needSun();
+    /// As `needSun`.
     void needMoon();
+    /// As `needSun`; the sidereal time as well.
     void needSubSatellitePoint();
 
     Scene s;

@@ -23,6 +23,7 @@ public:
         double up, aside;
     };
 
+    /// Of no observer; not to be asked.
     Horizon() = default;
 
     /// At the instant of a scene, of which time and observer have been set; good for `goodDays` to both sides.
@@ -31,12 +32,14 @@ public:
     static constexpr double goodDays = 5.0;
 
     double anchor() const { return anchorMjd; }
+    /// Where the guide of a satellite is seen; within `goodDays`.
     Sight sight(const GuideOrbit& guide, const GuideOrbit::Place& place, double mjd) const;
 
     /// Sine of the elevation of a direction, a unit vector in the true equator of date.
     double sineOfElevation(const Vec3& direction, double mjd) const;
 
 private:
+    /// The sidereal time there.
     double siderealAt(double mjd) const;  // at the observer, radians
 
     double anchorMjd = 0;
@@ -49,6 +52,7 @@ private:
 class Limit
 {
 public:
+    /// Of -90 to 90 degrees, the ends left out; others settle nothing.
     explicit Limit(double degrees);
 
     /// Positive for a point lower than the limit. The size is not above the distance from the cone, and it changes by
@@ -93,9 +97,13 @@ private:
         double from = 1, to = 0;  // MJD
     };
 
+    /// What the guide settles at an instant, and for how long.
     const Verdicts& at(double t);
+    /// Whether the guide may be asked.
     bool guideReaches(double t) const;
+    /// The place in the guide, kept for the next question; null where there is none.
     const GuideOrbit::Place* guidePlace(double t);
+    /// Times of the guide.
     double minutesFromEpoch(double t) const;
 
     const WinpData& in;

@@ -57,6 +57,7 @@ public:
     bool maximumOutside() const;
 
 protected:
+    /// Stores time, elevation and azimuth (degrees) at an index of the pass.
     void put(int index, double t, double elevation, double azimuth) const;
 
     PassQuery query;
@@ -72,6 +73,7 @@ protected:
 class PlainWalk : public WalkBase
 {
 public:
+    /// As `WalkBase`.
     PlainWalk(const PassQuery& passQuery, double sense, Pass& found);
 
     /// Fills index 0 with the first instant in steps at which the conditions hold, index 1 with the highest, index 2
@@ -96,12 +98,19 @@ public:
     void finish() const {}
 
 private:
+    /// Finds the position at an instant; whether the conditions hold there.
     bool look(double t);
+    /// The same for its elevation, degrees.
     double elevation(double t);
+    /// To the next instant of the search, days.
     double step() const;
+    /// Stores what an end of a pass shows: place of the satellite in relative mode, else direction.
     void putEnd(int index, double t) const;
+    /// Remembers a ground point.
     void noteInside();
+    /// Takes an instant at which the conditions hold as start and as maximum.
     void noteHighest(double t, bool inside);
+    /// Goes by seconds from one time to a later one while the elevation rises.
     void scanMaximum(double from, double to);
 
     bool relative;
@@ -114,6 +123,7 @@ private:
 class FastWalk : public WalkBase
 {
 public:
+    /// As `WalkBase`; `possible` must hold.
     FastWalk(const PassQuery& passQuery, double sense, Pass& passFound);
 
     /// Whether nothing that GetSatPos leaves depends on any instant but the last, so that instants may be left out. An
@@ -122,9 +132,13 @@ public:
 
     // As those of `PlainWalk`.
     bool findPass(double t, double limit);
+    /// As that of `PlainWalk`.
     void bisectEnd(int index, bool wanted);
+    /// As that of `PlainWalk`.
     void scanEnd(int index, bool wanted);
+    /// As that of `PlainWalk`.
     void refineMaximum();
+    /// Completes the instant where the walk is.
     void finish();
 
     /// The ground point of an earlier call: this walk finds none.
@@ -132,21 +146,31 @@ public:
 
     // The conditions at the instant looked at.
     bool highEnough() const { return sp->el[isat] >= limits.satel; }
+    /// The Sun is below its limit at the observer.
     bool dark();
+    /// The Sun is above the horizon of the satellite.
     bool sunlit();
     bool moonlit() { return position.moonAtSatellite() >= 0.0; }
 
 private:
+    /// Finds position, azimuth and elevation at an instant.
     void goTo(double t);
     bool look(double t);
     double elevation(double t);
+    /// To the next instant after one that has been looked at, days.
     double step();
+    /// Goes to an instant of which nothing has to be known.
     void passBy(double t);
+    /// What the bounds settle of the conditions.
     Verdict conditionsAt(double t);
+    /// Whether the bounds settle that the conditions fail outside of passes, and the step from there.
     bool failsAt(double t, double& stepThere);
+    /// Whether the bounds settle that the pass goes on, no higher than its best so far.
     bool holdsBelowBest(double t);
+    /// Whether the Sun is higher at the observer: by the bounds, or by `exactly`.
     template <class Exactly>
     bool sunAbove(double degrees, Exactly exactly);
+    /// Elevation, degrees.
     double sunAtObserver();
     void putEnd(int index, double t) const { put(index, t, sp->el[isat], sp->az[isat]); }
     void noteHighest(double t, bool inside);

@@ -97,6 +97,7 @@ public:
     explicit Predictor(const Orbit& orbit, const Site& site = {}, const Conditions& conditions = {},
                        const Models& models = {});
     ~Predictor();
+    /// The object moved from may only be given another value.
     Predictor(Predictor&&) noexcept;
     Predictor& operator=(Predictor&&) noexcept;
 

@@ -14,6 +14,7 @@ using RightHandSide = std::function<void(double t, const double* y, double* dy)>
 class RKF45
 {
 public:
+    /// For so many equations; below 0 counts as none.
     explicit RKF45(int equations);
     virtual ~RKF45() = default;
 
@@ -46,8 +47,11 @@ protected:
     double hc = 0;  // step size under test
 
 private:
+    /// The derivatives of stage 1 to 5 into `k`.
     void evaluateStage(int stage, double t, const double* y, const RightHandSide& f);
+    /// The new state into `ytmp` and its error into `err`.
     void combine(const double* y);
+    /// The largest error over the components, relative or absolute.
     double scalarError() const;
 };
 

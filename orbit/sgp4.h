@@ -145,6 +145,7 @@ public:
     bool find(double t, Vec3& r, Vec3& v) const;
 
 private:
+    /// Of an instant; `instants` for none.
     std::size_t indexOf(double t) const;
 
     bool filled = false;

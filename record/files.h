@@ -47,7 +47,9 @@ bool mayBeWritten(const char* name, std::string* why = nullptr);
 class MemoryFile
 {
 public:
+    /// An empty stream.
     MemoryFile();
+    /// Closes the stream.
     ~MemoryFile();
     MemoryFile(const MemoryFile&) = delete;
     MemoryFile& operator=(const MemoryFile&) = delete;
@@ -72,6 +74,7 @@ class ReportFile
 public:
     /// @param mode  "w" replaces the file, "a" adds to it
     ReportFile(const char* name, const char* mode);
+    /// Takes `outptr` back; nothing is written.
     ~ReportFile();
     ReportFile(const ReportFile&) = delete;
     ReportFile& operator=(const ReportFile&) = delete;

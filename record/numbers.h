@@ -9,6 +9,7 @@
 /// The number that the whole text says, blanks and line ends around it aside; 0 for anything else, also for "nan"
 /// and "inf".
 double Atof(const char* s);
+/// The same for a text that has no NUL.
 double Atof(std::string_view text);
 
 /// A whole number as strtol reads it: leading white space, a sign, digits, and whatever follows. 0 without digits;
@@ -54,6 +55,7 @@ public:
     explicit TextWriter(char (&buffer)[N]) : TextWriter(buffer, N)
     {}
 
+    /// Appends a text as it is.
     TextWriter& add(std::string_view text);
     /// The piece goes through `decdot`, what stands before it stays.
     [[gnu::format(printf, 2, 3)]] TextWriter& addFormatted(const char* format, ...);
@@ -63,6 +65,7 @@ public:
     std::string_view text() const { return {begin, used}; }
 
 private:
+    /// Appends a piece; where it begins.
     char* addPiece(const char* format, std::va_list values);
 
     char* begin = nullptr;

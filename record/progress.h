@@ -21,7 +21,9 @@ constexpr int calculationCancelled = -2;
 class LongCalculation
 {
 public:
+    /// On the thread that tells, the scope begins.
     LongCalculation();
+    /// Its end lets the next one run.
     ~LongCalculation();
     LongCalculation(const LongCalculation&) = delete;
     LongCalculation& operator=(const LongCalculation&) = delete;

@@ -12,6 +12,7 @@ struct Pass;
 /// How a list calls the satellite of a slot.
 SatelliteName nameOf(const WinpData& in, int slot);
 
+/// A pass of the satellite of a slot under `passColumns`.
 ListRow passRowOf(const WinpData& in, int slot, const Pass& pass);
 
 /// A time in which two satellites see each other, as `nextpass` finds it in relative mode.

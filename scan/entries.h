@@ -11,6 +11,7 @@
 class Entries
 {
 public:
+    /// Of an element file, from its start; both outlive the object.
     Entries(WinpData* in, std::FILE* file);
 
     /// Reads the next entry; false if there is none, or if the listener has ended the calculation.

@@ -38,8 +38,11 @@ public:
     static bool entriesIndependent(const WinpData& in);
 
 private:
+    /// One search from start to end.
     void round(WinpData* in, EntryLines& lines) const;
+    /// Appends an event; false if the automatic width drops it.
     bool addEvent(TextWriter& line, WinpData* in, const Pass& pass) const;
+    /// Ends a line with the name and keeps it.
     void addLine(TextWriter& line, const WinpData& in, EntryLines& lines) const;
 
     PassLimits limits;

@@ -13,6 +13,7 @@ struct WoutData;
 class IridiumSearch
 {
 public:
+    /// From here to the end of the scope.
     explicit IridiumSearch(WinpData* in);
 
     /// Takes the values of the dialog. The magnitude stage runs in searches with the Moon as the light source only.
@@ -29,7 +30,9 @@ private:
 class OtherSaveFile
 {
 public:
+    /// `name` replaces `savename`, cut to its room.
     OtherSaveFile(WinpData* in, const char* name);
+    /// Puts name and mode back.
     ~OtherSaveFile();
     OtherSaveFile(const OtherSaveFile&) = delete;
     OtherSaveFile& operator=(const OtherSaveFile&) = delete;
@@ -45,7 +48,9 @@ private:
 class IridiumFiles
 {
 public:
+    /// From here to the end of the scope.
     explicit IridiumFiles(WinpData* in);
+    /// Puts the names back.
     ~IridiumFiles();
     IridiumFiles(const IridiumFiles&) = delete;
     IridiumFiles& operator=(const IridiumFiles&) = delete;
@@ -62,7 +67,9 @@ private:
 class ScratchSaveFile
 {
 public:
+    /// From here to the end of the scope.
     explicit ScratchSaveFile(WinpData* in);
+    /// Deletes the file.
     ~ScratchSaveFile();
     ScratchSaveFile(const ScratchSaveFile&) = delete;
     ScratchSaveFile& operator=(const ScratchSaveFile&) = delete;

@@ -23,6 +23,7 @@ public:
     /// @param search  works on a place, on any thread
     /// @param finish  called on the calling thread, in the order of filling
     EntryRing(int places, Work search, Work finish);
+    /// Waits for the entries in work; what they found is dropped.
     ~EntryRing();
     EntryRing(const EntryRing&) = delete;
     EntryRing& operator=(const EntryRing&) = delete;
@@ -50,12 +51,19 @@ private:
         done
     };
 
+    /// Starts a thread, if one can be had.
     void addHelper();
+    /// The first place that waits, from now on in work; -1 for none. With the guard locked.
     int takeWaiting();
+    /// Searches a place and says so.
     void workOn(int place);
+    /// Works on one place; false if none waited.
     bool helpOnce();
+    /// Finishes the oldest places as far as they are done.
     void finishDone();
+    /// Finishes one place at least; false if the listener ends the scan.
     bool finishOldest();
+    /// What a helping thread does.
     void help();
 
     const Work search, finish;
