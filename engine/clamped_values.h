@@ -20,8 +20,14 @@ constexpr double clamped(double x, double limit)
 }
 
 /// UT1 of a UTC date; both MJD, clamped. Without Earth parameters the two are one.
-constexpr double clampedUt1(double mjd, const WinpData& in)
+constexpr double clampedUt1(double mjd, bool iers, double ut1Utc)
 {
     const double utc = clamped(mjd, limitDays);
-    return in.IERSflg ? utc + clamped(in.Ut1Utc, limitSeconds) / 86400.0 : utc;
+    return iers ? utc + clamped(ut1Utc, limitSeconds) / 86400.0 : utc;
+}
+
+/// The same with the Earth parameters of a record.
+constexpr double clampedUt1(double mjd, const WinpData& in)
+{
+    return clampedUt1(mjd, in.IERSflg, in.Ut1Utc);
 }

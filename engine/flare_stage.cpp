@@ -54,7 +54,7 @@ Vec3 packedDirection(double ra, double dec)
 /// From the satellite to the light source, Earth radii.
 Vec3 towardSource(const Scene& s)
 {
-    return (s.in->moonflg ? s.moon : s.sun) - s.r / earthRadiusKm;
+    return (s.models.moonlight ? s.moon : s.sun) - s.r / earthRadiusKm;
 }
 
 /// The mirror image of the unit vector to the source in the unit normal.
@@ -104,7 +104,8 @@ Vec3 findFlarePoint(const Scene& s, const Vec3& ray)
 {
     Vec3 r = s.r / earthRadiusKm;
     Vec3 d = ray * -1.0;
-    findRayPoint(RayTarget::direction, s.view.observer, s.ut1, s.in->refrc, s.sp, s.isat, s.prime, s.eqeq, r, d);
+    findRayPoint(RayTarget::direction, s.view.observer, s.ut1, s.models.refraction, s.sp, s.isat, s.prime, s.eqeq, r,
+                 d);
     s.in->occflg = 0;
     return r;
 }
@@ -134,11 +135,11 @@ double mirrorMagnitude(const Scene& s, double cosIncidence, const Vec3& toCentre
     if (!(el > 1e-5))
         return noFlare;
     double m = 5.0 * std::log10(s.sp->dst[s.isat]) - 14.4;
-    if (el < 33.0 && s.in->atmx)
+    if (el < 33.0 && s.models.extinction)
         m += extinction(el);
     m -= 2.5 * std::log10(cosIncidence <= 0.0 ? 0.0001 : cosIncidence);
     const double magnitude = m + offsetLaw(surface, offsetAngle(s, toCentre));
-    if (!s.in->moonflg)
+    if (!s.models.moonlight)
         return magnitude;
     return s.source.moonlight ? s.source.magnitude + 26.74 + magnitude : noFlare;
 }
@@ -300,7 +301,7 @@ void mirrorLoop(Scene& s)
     for (int k = 0; k <= last; ++k)
         tryMirror(s, k, toSource, best);
     s.sp->mag = best.mag;
-    if (occlat >= noGroundPoint && s.in->chlen == 0.0 && best.angle < 90.0)
+    if (occlat >= noGroundPoint && s.models.sphereDiameter == 0.0 && best.angle < 90.0)
         occlat = anglesOnly;
     if (s.sp->el[s.isat] < 0.0)
         occlat = noGroundPoint;
@@ -311,7 +312,7 @@ void mirrorLoop(Scene& s)
 void findFlare(Scene& s)
 {
     s.sp->occlat[s.isat] = noGroundPoint;
-    const double source = s.in->moonflg ? s.sp->moonel[s.isat] : s.sp->sunel[s.isat];
+    const double source = s.models.moonlight ? s.sp->moonel[s.isat] : s.sp->sunel[s.isat];
     if (!(source > 0.0))
         return;
     if (s.view.events == event::iridium && s.prime && !s.in->flarflg)

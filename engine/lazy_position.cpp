@@ -9,10 +9,7 @@ LazyPosition::LazyPosition(WinpData* in, SatPosData* sp, int isat) : LazyPositio
 
 LazyPosition::LazyPosition(WinpData* in, SatPosData* sp, int isat, const View& view, bool relative)
 {
-    s.in = in;
-    s.sp = sp;
-    s.isat = isat;
-    s.model = propagatorOf(*in, isat);
+    setSatellite(s, in, sp, isat);
     s.relative = relative;
     setView(s, view);
 }
@@ -106,17 +103,17 @@ void LazyPosition::complete(int vis)
     findRangeRate(s);
     findSubSolarPoint(s);
     findBeta(s);
-    if (in.eclflg && s.prime)
+    if (s.models.solarEclipses && s.prime)
         findSolarEclipse(s);
     sunAtObserver();
     sunAtSatellite();
-    if (in.moonflg)
+    if (s.models.moonlight)
         moonAtSatellite();
-    if (in.chlen > 0 && s.prime)
+    if (s.models.sphereDiameter > 0 && s.prime)
         findMagnitude(s);
-    if (vis && in.occflg == 0 && in.flarflg == 0)
+    if (vis && s.transit == 0 && in.flarflg == 0)
         GetSatVis(s.sp, s.subLatGeocentric, s.isat);
-    if (in.occflg != 0)
+    if (s.transit != 0)
         findTransitPoint(s);
     if (in.flarflg || (s.view.events == event::iridium && s.prime))
         findFlare(s);

@@ -11,7 +11,6 @@
 #include "astro/time_scales.h"
 #include "engine/clamped_values.h"
 #include "engine/event_geometry.h"
-#include "record/clock.h"
 
 namespace {
 
@@ -98,14 +97,14 @@ Vec3 occultationTarget(const Scene& s)
 }
 
 /// By the year of the date.
-double ttUtOf(double mjd, const WinpData* in)
+double ttUtOf(double mjd, const EarthOrientation& earth)
 {
     int day = 0;
     int month = 0;
     int year = 0;
     double hour = 0;
     caldat(mjd, day, month, year, hour);
-    return SetTtUt(in, year);
+    return ttMinusUt(earth, year);
 }
 
 }  // namespace
@@ -122,17 +121,17 @@ double wrapPi(double x)
 void setTimes(Scene& s, double mjd)
 {
     s.mjd = clamped(mjd, limitDays);
-    s.ut1 = clampedUt1(mjd, *s.in);
+    s.ut1 = clampedUt1(mjd, s.models.earth.iers, s.models.earth.ut1Utc);
     if (const double day = std::floor(s.mjd); day != s.ttUtDay) {
         s.ttUtDay = day;
-        s.ttUt = ttUtOf(s.mjd, s.in);
+        s.ttUt = ttUtOf(s.mjd, s.models.earth);
     }
     s.T = julcent(s.mjd + s.ttUt / 86400.0);
 }
 
 void setNutation(Scene& s)
 {
-    s.nutation = nutmat(s.T, s.eqeq, s.in->IERSflg);
+    s.nutation = nutmat(s.T, s.eqeq, s.models.earth.iers);
 }
 
 void setGreenwich(Scene& s)
@@ -140,10 +139,21 @@ void setGreenwich(Scene& s)
     s.greenwich = lsidtim(s.ut1, 0.0, s.eqeq) * radPerHour;
 }
 
+void setSatellite(Scene& s, WinpData* in, SatPosData* sp, int isat)
+{
+    s.in = in;
+    s.sp = sp;
+    s.isat = isat;
+    s.model = propagatorOf(*in, isat);
+    s.models = modelsOf(*in);
+    s.transit = in->occflg;
+}
+
 void setView(Scene& s, const View& view)
 {
     const Site& site = view.observer;
     s.view = view;
+    s.models.equinox = view.equinox;
     s.prime = s.isat == view.prime;
     s.lngDeg = clamped(site.lng, limitDegrees);
     s.lat = clamped(site.lat, limitDegrees) * radPerDeg;
@@ -161,7 +171,7 @@ void placeSun(Scene& s)
 
 bool moonWanted(const Scene& s)
 {
-    return s.in->moonflg || s.in->occflg == 2 || s.in->eclflg || s.model == Propagator::numeric;
+    return s.models.moonlight || s.transit == 2 || s.models.solarEclipses || s.model == Propagator::numeric;
 }
 
 void placeMoon(Scene& s)
@@ -172,7 +182,7 @@ void placeMoon(Scene& s)
 
 void setEpochMatrix(Scene& s)
 {
-    const double year = clamped(s.view.equinox, limitYears);
+    const double year = clamped(s.models.equinox, limitYears);
     s.epochChosen = year != 0.0;
     if (s.epochChosen)
         s.toEpoch = pmatequ(s.T, (year - 2000.0) / 100.0) * mxtrn(s.nutation);
@@ -190,8 +200,8 @@ void turnToTrueOfDate(Scene& s)
 
 void placeObserver(Scene& s)
 {
-    const double xp = clamped(s.in->IERSxp, limitArcSeconds);
-    const double yp = clamped(s.in->IERSyp, limitArcSeconds);
+    const double xp = clamped(s.models.earth.xp, limitArcSeconds);
+    const double yp = clamped(s.models.earth.yp, limitArcSeconds);
     s.observer = GeoPos(s.ut1, s.eqeq, s.lat, s.lng, s.height, xp, yp) * earthRadiusKm;
     s.sight = s.r - s.observer;
     s.toObserver = vnorm(s.sight) * -1.0;
@@ -208,7 +218,7 @@ void findObserverVelocity(Scene& s)
 void findApparentPlace(Scene& s)
 {
     Vec3 apparent = s.sight;
-    if (s.in->IERSflg)
+    if (s.models.earth.iers)
         apparent -= s.v * (abs(s.sight) / lightSpeedKmPerS);
     if (s.epochChosen)
         apparent = mxvct(s.toEpoch, apparent);
@@ -253,8 +263,8 @@ void findBeta(Scene& s)
 void findSubSatellitePoint(Scene& s)
 {
     Vec3 fixed = mxvct(zrot(s.greenwich), s.r);
-    const double xp = clamped(s.in->IERSxp, limitArcSeconds);
-    const double yp = clamped(s.in->IERSyp, limitArcSeconds);
+    const double xp = clamped(s.models.earth.xp, limitArcSeconds);
+    const double yp = clamped(s.models.earth.yp, limitArcSeconds);
     if (xp != 0.0 || yp != 0.0)
         fixed = mxvct(PoleMx(xp, yp), fixed);
     const Vec3 polar = carpol(fixed);
@@ -302,13 +312,13 @@ void findSolarEclipse(Scene& s)
 
 void findMagnitude(Scene& s)
 {
-    const bool moonlight = s.in->moonflg && s.sunElevation < 0.0 && s.moonElevation > 0.0;
+    const bool moonlight = s.models.moonlight && s.sunElevation < 0.0 && s.moonElevation > 0.0;
     s.source = moonlight ? moonAsSource(s.sun, s.moon, s.r) : sunAsSource(s.sun);
     const double rangeKm = s.sp->dst[s.isat];
     const double el = s.sp->el[s.isat];
-    const double length = std::clamp(s.in->chlen, 1e-30, 1e30);
+    const double length = std::clamp(s.models.sphereDiameter, 1e-30, 1e30);
     s.baseMagnitude = sphereMagnitude(s.source, s.observer, s.r, rangeKm, s.eclipseIncrement, length);
-    if (s.in->atmx && rangeKm > 0.0 && el > 0.01 && el < 33.0)
+    if (s.models.extinction && rangeKm > 0.0 && el > 0.01 && el < 33.0)
         s.baseMagnitude += extinction(el);
     s.sp->mag = s.baseMagnitude;
 }
@@ -316,13 +326,13 @@ void findMagnitude(Scene& s)
 void findTransitPoint(Scene& s)
 {
     Vec3 target = s.sun;
-    if (s.in->occflg == 2) {
+    if (s.transit == 2) {
         findMoonAtObserver(s);
         target = s.moon;
-    } else if (s.in->occflg == 3) {
+    } else if (s.transit == 3) {
         target = occultationTarget(s);
     }
     Vec3 r = s.r / earthRadiusKm;
-    const RayTarget kind = s.in->occflg == 3 ? RayTarget::direction : RayTarget::body;
-    findRayPoint(kind, s.view.observer, s.ut1, s.in->refrc, s.sp, s.isat, s.prime, s.eqeq, r, target);
+    const RayTarget kind = s.transit == 3 ? RayTarget::direction : RayTarget::body;
+    findRayPoint(kind, s.view.observer, s.ut1, s.models.refraction, s.sp, s.isat, s.prime, s.eqeq, r, target);
 }

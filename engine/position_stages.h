@@ -6,6 +6,7 @@
 #include "astro/mat3.h"
 #include "astro/vec3.h"
 #include "engine/magnitude.h"
+#include "engine/models.h"
 #include "engine/satpos_data.h"
 #include "engine/site.h"
 #include "orbit/orbit.h"
@@ -17,10 +18,12 @@ class Sgp4Ahead;
 /// TT minus UT are kept from one instant to the next.
 struct Scene
 {
-    WinpData* in = nullptr;
+    WinpData* in = nullptr;  // elements and surfaces; takes the current state and what events leave
     SatPosData* sp = nullptr;
     int isat = 0;
     Propagator model = Propagator::keplerian;
+    Models models;
+    int transit = 0;        // what occultations look for, as `occflg`
     bool prime = false;     // the slot is that of the prime satellite
     bool relative = false;  // the observer stands at the second satellite
 
@@ -76,7 +79,10 @@ void setNutation(Scene& s);
 /// Fills greenwich, which needs eqeq.
 void setGreenwich(Scene& s);
 
-/// Fills view, prime and the observer, clamped, and what of it does not change with time.
+/// Fills in, sp, isat, model, models and transit from the record.
+void setSatellite(Scene& s, WinpData* in, SatPosData* sp, int isat);
+
+/// Fills view, prime, the equinox of models and the observer, clamped, and what of it does not change with time.
 void setView(Scene& s, const View& view);
 
 /// Fills sun, with aberration.

@@ -149,7 +149,7 @@ Position positionOf(const Scene& s)
     p.lng = sp.lng[slot];
     p.height = sp.hgt[slot];
     p.elevation = sp.el[slot];
-    p.apparentElevation = ElvRefr(s.in, sp.el[slot]);
+    p.apparentElevation = apparentElevation(s.models.refraction, sp.el[slot]);
     p.azimuth = sp.az[slot];
     p.range = sp.dst[slot];
     p.rangeRate = sp.rrate[slot];
@@ -161,9 +161,9 @@ Position positionOf(const Scene& s)
     p.beta = sp.beta[slot];
     p.subSolarLat = sp.sslat;
     p.subSolarLng = sp.sslng;
-    if (s.in->chlen > 0.0)
+    if (s.models.sphereDiameter > 0.0)
         p.magnitude = sp.mag;
-    if (s.in->eclflg)
+    if (s.models.solarEclipses)
         p.eclipse = SolarEclipse{s.in->ecltyp, s.in->smang, s.in->eclmag, s.in->eclpow, s.eclipseIncrement};
     return p;
 }
@@ -289,9 +289,4 @@ std::vector<Event> predictEvents(const Orbit& orbit, const Site& site, double fr
 Conditions conditionsOf(const WinpData& in)
 {
     return {in.satel, in.sunel, in.visflg != 0};
-}
-
-Models modelsOf(const WinpData& in)
-{
-    return {earthOrientationOf(in), in.yrepoch, in.refrc, in.chlen, in.atmx, in.moonflg != 0, in.eclflg};
 }

@@ -18,6 +18,7 @@
 #include "astro/vec3.h"
 #include "engine/event.h"
 #include "engine/magnitude.h"
+#include "engine/models.h"
 #include "engine/pass.h"
 #include "engine/site.h"
 #include "orbit/orbit.h"
@@ -28,18 +29,6 @@ struct Conditions
     double leastElevation = 10.0;  // of the satellite; below 0 every step of a search takes a minute
     double highestSun = -6.0;      // elevation of the Sun at the observer; above 90 any hour of the day
     bool visibleOnly = true;       // the satellite has to be sunlit; with `Models::moonlight` moonlit and not sunlit
-};
-
-/// How the Earth stands, and what a `Position` shall tell beyond place and light.
-struct Models
-{
-    EarthOrientation earth;      // holds for the forces of a numeric orbit too, in place of `Orbit::forces.earth`
-    double equinox = 0;          // year of the equinox of right ascension and declination; 0: true equator of date
-    bool refraction = true;      // in `Position::apparentElevation`
-    double sphereDiameter = 0;   // metres, of the bright sphere for `magnitude`; 0: none is worked out
-    bool extinction = true;      // in `magnitude`
-    bool moonlight = false;      // the Moon lights: `moonElevation`, and `magnitude` where the Sun does not shine
-    bool solarEclipses = false;  // `eclipse`, and its effect on `magnitude`
 };
 
 /// What one instant gives for one satellite. All of it is finite.
@@ -137,6 +126,3 @@ std::vector<Event> predictEvents(const Orbit& orbit, const Site& site, double fr
 
 /// The conditions of a record.
 Conditions conditionsOf(const WinpData& in);
-
-/// The models of a record.
-Models modelsOf(const WinpData& in);

@@ -101,7 +101,8 @@ WinpData iridiumRecord(int norad = 25777, const Site& site = vienna)
 MirrorScene sceneOf(double t, WinpData& in, const SatPosData& sp)
 {
     Scene s;
-    s.in = &in;
+    SatPosData unused;
+    setSatellite(s, &in, &unused, 0);
     setTimes(s, t);
     setNutation(s);
     placeSun(s);
