@@ -1,5 +1,5 @@
-#include "engine/pass_search.h"
-#include "engine/pass_walk.h"
+#include "engine/fast_walk.h"
+
 #include "record/progress.h"
 #include "record/text.h"
 

@@ -6,7 +6,8 @@
 
 /// What GetSatPos gives, in two parts: position, azimuth, elevation and range at once, the rest on demand. Both write
 /// the position record and the same fields of the input record, so that a search that completes its last instant leaves
-/// what the whole call leaves there. The settings of the input record stay as they are while an object lives.
+/// what the whole call leaves there. An object goes by the settings that the input record has
+/// when it is made; the elements stay as they are while it lives.
 class LazyPosition
 {
 public:
@@ -24,7 +25,7 @@ public:
     /// Goes to an instant, MJD UTC.
     void look(double mjd);
 
-    /// Says that `look` at this instant comes next, and likely at others in equal steps.
+    /// Prepares for `look` at this instant and at others that follow it in equal steps, days.
     void expect(double mjd, double step);
 
     double elevation() const { return s.sp->el[s.isat]; }  // degrees

@@ -71,12 +71,12 @@ public:
     /// @param least  the least elevation of a pass, degrees
     PassBounds(const WinpData& record, int slot, double sense, double least);
 
-    /// To be told of instants at which the position has been found.
+    /// Takes note of an instant at which the position has been found.
     void anchor(const Scene& s);
-    /// To be told of instants at which the Sun has been found as well.
+    /// Takes note of one at which the Sun has been found as well.
     void anchorSun(const Scene& s);
 
-    /// From now on `notAboveBest` is asked for, not `farBelow`.
+    /// From now on `notAboveBest` may be asked, with this elevation, and `farBelow` no more.
     void setBest(double degrees);
 
     // The satellite's elevation.

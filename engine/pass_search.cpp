@@ -1,8 +1,9 @@
 #include "engine/pass_search.h"
 
 #include "astro/angles.h"
+#include "engine/fast_walk.h"
 #include "engine/flares.h"
-#include "engine/pass_walk.h"
+#include "engine/plain_walk.h"
 #include "engine/position.h"
 #include "engine/satpos_data.h"
 #include "record/progress.h"

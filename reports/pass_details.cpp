@@ -20,6 +20,7 @@
 #include <QString>
 #include <memory>
 #include <string>
+#include <utility>
 
 namespace {
 
@@ -32,7 +33,6 @@ constexpr std::size_t dateAndMinutes = 13;
 constexpr std::size_t dateAndSeconds = 16;
 
 constexpr double noneYetDeg = -100.0;
-double greatestElevation = noneYetDeg;  // of the listing under way, degrees, without refraction
 
 int civilYear(const WinpData& in, double t)
 {
@@ -152,8 +152,51 @@ void addColumns(TextWriter& text, WinpData* in, int mode)
         addDirection(text, in, mode);
 }
 
-/// The step after its heading; false if the satellite does not fulfil the conditions any more.
-bool addStep(TextWriter& text, WinpData* in, double t, int mode)
+/// The steps of the pass `aossel` of the table, one after the other.
+class PassListing
+{
+public:
+    /// From the first step on, which has the heading.
+    PassListing(WinpData* record, int form)
+        : in(record), mode(form), t(alignedStart(in->aostm[in->aossel], in->tmstep)), first(true)
+    {
+        in->tmaxel = 0.0;
+    }
+
+    /// Goes on with the step at `time`.
+    PassListing(WinpData* record, int form, double time, double greatest)
+        : in(record), mode(form), t(time), greatestElevation(greatest)
+    {}
+
+    /// Composes a step in a text of `passDetailsRoom`; false if the satellite does not fulfil the conditions any more.
+    bool next(char* text);
+
+    double time() const { return t; }                      // of the step to come, MJD UTC
+    double greatest() const { return greatestElevation; }  // elevation so far, degrees, without refraction
+
+private:
+    bool addStep(TextWriter& text);
+
+    WinpData* in;
+    int mode;
+    double t;
+    double greatestElevation = noneYetDeg;
+    bool first = false;
+};
+
+bool PassListing::next(char* text)
+{
+    TextWriter step(text, passDetailsRoom);
+    if (std::exchange(first, false))
+        addHeading(step, *in, t, mode);
+    else
+        step.add("\n");
+    const bool listed = addStep(step);
+    t += in->tmstep;
+    return listed;
+}
+
+bool PassListing::addStep(TextWriter& text)
 {
     if (!tellProgress(fieldText(in->fsname[in->prs]), t))
         return false;
@@ -208,13 +251,14 @@ int stepOrPole(WinpData* in, double& t, char* lines, bool pole)
     return 0;
 }
 
-/// The listing from its second step on.
-std::string furtherSteps(WinpData* in, double t, int mode)
+/// The whole listing, with the pole of a saved one; empty if there is no first step.
+std::string wholeListing(WinpData* in, int mode)
 {
     char text[passDetailsRoom];
     std::string steps;
-    int listed = 1;
-    while (listed < mostSavedSteps && GetPassDTxt(in, t, text, mode) == 1) {
+    PassListing listing(in, mode);
+    int listed = 0;
+    while (listed < mostSavedSteps && listing.next(text)) {
         steps += text;
         ++listed;
     }
@@ -256,19 +300,11 @@ double alignedStart(double t, double step)
 
 int GetPassDTxt(WinpData* in, double& t, char* text, int mode)
 {
-    TextWriter step(text, passDetailsRoom);
-    if (t == 0.0) {
-        in->tmaxel = 0.0;
-        greatestElevation = noneYetDeg;
-        t = alignedStart(in->aostm[in->aossel], in->tmstep);
-        addHeading(step, *in, t, mode);
-    } else {
-        step.add("\n");
-    }
-    const bool listed = addStep(step, in, t, mode);
-    t += in->tmstep;
-    if (t == 0.0)
-        t = 1.0;  // not to be taken for a first step
+    static double greatest = noneYetDeg;  // of the listing under way, whose calls have `t` in common
+    PassListing listing = t == 0.0 ? PassListing(in, mode) : PassListing(in, mode, t, greatest);
+    const bool listed = listing.next(text);
+    greatest = listing.greatest();
+    t = listing.time() == 0.0 ? 1.0 : listing.time();  // not to be taken for a first step
     return listed ? 1 : 0;
 }
 
@@ -300,10 +336,8 @@ bool savePassDetails(WinpData* in, int mode, std::string& reason)
         return saveInForm(in, *form, mode == passform::groundTrack, reason);
     const LongCalculation calculation;
     const auto before = std::make_unique<RecordsBefore>(*in);
-    char first[passDetailsRoom];
-    double t = 0.0;
-    const bool listed = GetPassDTxt(in, t, first, mode) == 1;
-    const std::string text = listed ? first + furtherSteps(in, t, mode) : std::string();
+    const std::string text = wholeListing(in, mode);
+    const bool listed = !text.empty();
     if (calculationEnded()) {
         before->putBack(in);
         return false;

@@ -1,0 +1,72 @@
+// The search for a pass that finds no more of a position than it needs. For the engine alone.
+#pragma once
+
+#include "engine/lazy_position.h"
+#include "engine/pass_bounds.h"
+#include "engine/pass_walk.h"
+
+/// The same walk at an observer, plain passes only: it goes from instant to instant as if the whole position were found
+/// at each. Where the bounds settle what matters, nothing is found at all; else the position, and Sun and Moon where a
+/// condition asks for them. `finish` completes the last instant, so that the records are left as by a GetSatPos at each.
+class FastWalk : public WalkBase
+{
+public:
+    /// As `WalkBase`; `possible` must hold.
+    FastWalk(const PassQuery& passQuery, double sense, Pass& passFound);
+
+    /// Whether nothing that GetSatPos leaves depends on any instant but the last, so that instants may be left out. An
+    /// event leaves its mark where it was seen last, and in relative mode the conditions are others.
+    static bool possible(const PassQuery& query);
+
+    // As those of `PlainWalk`.
+    bool findPass(double t, double limit);
+    /// As that of `PlainWalk`.
+    void bisectEnd(int index, bool wanted);
+    /// As that of `PlainWalk`.
+    void scanEnd(int index, bool wanted);
+    /// As that of `PlainWalk`.
+    void refineMaximum();
+    /// Completes the instant where the walk is.
+    void finish();
+
+    /// The ground point of an earlier call: this walk finds none.
+    bool sawGroundPoint() const { return sp->occlat[isat] < noGroundPoint; }
+
+    // The conditions at the instant looked at.
+    bool highEnough() const { return sp->el[isat] >= limits.satel; }
+    /// The Sun is below its limit at the observer.
+    bool dark();
+    /// The Sun is above the horizon of the satellite.
+    bool sunlit();
+    bool moonlit() { return position.moonAtSatellite() >= 0.0; }
+
+private:
+    /// Finds position, azimuth and elevation at an instant.
+    void goTo(double t);
+    bool look(double t);
+    double elevation(double t);
+    /// To the next instant after one that has been looked at, days.
+    double step();
+    /// Goes to an instant of which nothing has to be known.
+    void passBy(double t);
+    /// What the bounds settle of the conditions.
+    Verdict conditionsAt(double t);
+    /// Whether the bounds settle that the conditions fail outside of passes, and the step from there.
+    bool failsAt(double t, double& stepThere);
+    /// Whether the bounds settle that the pass goes on, no higher than its best so far.
+    bool holdsBelowBest(double t);
+    /// Whether the Sun is higher at the observer: by the bounds, or by `exactly`.
+    template <class Exactly>
+    bool sunAbove(double degrees, Exactly exactly);
+    /// Elevation, degrees.
+    double sunAtObserver();
+    void putEnd(int index, double t) const { put(index, t, sp->el[isat], sp->az[isat]); }
+    void noteHighest(double t, bool inside);
+    void scanMaximum(double from, double to);
+
+    LazyPosition position;
+    PassBounds bounds;
+    double now = 0;        // the instant where the walk is
+    bool found = true;     // the position there has been found
+    bool complete = true;  // and everything else
+};
