@@ -1,10 +1,12 @@
-// Where a satellite stands for an observer and when it passes, as functions of values:
+// Where a satellite stands for an observer, when it passes and what events it brings, as functions of values:
 //
 //   const Orbit orbit = orbitOf(record, slot);
 //   const Site vienna{48.2, 16.4, 180.0};
 //   const Position now = predictPosition(orbit, 58138.75, vienna);
 //   for (const Pass& pass : predictPasses(orbit, vienna, 58138.0, 58141.0))
 //       use(pass.tm[1], pass.a[1]);
+//   for (const Event& event : predictEvents(orbit, vienna, 58138.0, 58141.0, {EventKind::moonTransit}))
+//       use(event.mjd, event.transit->seconds);
 //
 // Times are MJD on the UTC scale, angles degrees. Nothing here keeps or changes anything outside of its arguments, so
 // that any number of threads may call it at the same time. The figures are to the last bit those of GetSatPos and
@@ -61,19 +63,20 @@ struct Position
     std::optional<SolarEclipse> eclipse;  // type 0 while the Moon is clear of the Sun
 };
 
-/// What to look for.
+/// Which events to look for. The place of an occultation, and the normal of a surface that keeps its direction among
+/// the stars (`inertial`), are `ra` and `dec` in the frame of `Models::equinox`; any other surface of a flare is fixed
+/// to the satellite.
 struct EventQuery
 {
     EventKind kind = EventKind::sunTransit;
-    double maxDistance =
-        50.0;  // of the observer from the centre line, km; 0 for a transit: where its zone reaches him
-    // an occultation, or a flare of a surface with a fixed normal (`inertial`), in the frame of `Models::equinox`
-    double ra = 0;          // hours
-    double dec = 0;         // degrees
-    bool inertial = false;  // a flare's normal stands among the stars, otherwise in the local attitude
-    double yaw = 0;         // of a flare's normal, degrees from the flight direction, to the right
+    // Of the observer from the centre line, km. 0, for transits alone: as far as their zone reaches.
+    double maxDistance = 50.0;
+    double ra = 0;   // hours
+    double dec = 0;  // degrees
+    bool inertial = false;
+    double yaw = 0;         // of the normal from the flight direction, degrees, to the right
     double pitch = 0;       // upward
-    double faintest = 1.0;  // magnitude of a flare of a mirror
+    double faintest = 1.0;  // magnitude, of a flare of a mirror
 };
 
 /// One satellite over one site, for many instants. An analytic orbit is made ready once, and a numeric one is flown on
