@@ -14,14 +14,14 @@ constexpr double oneSecondDays = 1.1574074074074073e-5;
 constexpr double widestKm = 50.0;
 
 /// The satellite from the central line, and the line there. Radians and km.
-struct Sighting
+struct CentreView
 {
     bool onGround;
     double lat, lng;
     double az, el, range;
 };
 
-Sighting sightingAt(double t, WinpData* in, SatPosData* sp, int isat, const View& from)
+CentreView viewFromCentre(double t, WinpData* in, SatPosData* sp, int isat, const View& from)
 {
     positionIn(from, t, in, sp, isat);
     return {sp->occlat[isat] < noGroundPoint, sp->occlat[isat] * radPerDeg, sp->occlng[isat] * radPerDeg,
@@ -29,7 +29,7 @@ Sighting sightingAt(double t, WinpData* in, SatPosData* sp, int isat, const View
 }
 
 /// Direction of the central line over the ground, radians.
-double trackDirection(const Sighting& now, const Sighting& then)
+double trackDirection(const CentreView& now, const CentreView& then)
 {
     if (!now.onGround || !then.onGround)
         return now.az;
@@ -40,7 +40,7 @@ double trackDirection(const Sighting& now, const Sighting& then)
 }
 
 /// Half the width of the transit zone across the track, km; not above `widestKm`.
-double halfWidth(const WinpData& in, double moonRadiusDeg, const Sighting& now, double direction)
+double halfWidth(const WinpData& in, double moonRadiusDeg, const CentreView& now, double direction)
 {
     constexpr double tangentOfSun = 0.00462516;
     const double tangent = in.occflg == 1 ? tangentOfSun : std::tan(moonRadiusDeg * radPerDeg);
@@ -72,8 +72,8 @@ DiskTransit diskTransit(WinpData* in, SatPosData* sp, double t, int isat)
         centre.observer.lat = sp->occlat[isat];
         centre.observer.lng = sp->occlng[isat];
     }
-    const Sighting now = sightingAt(t, in, sp, isat, centre);
-    const Sighting then = sightingAt(t + oneSecondDays, in, sp, isat, centre);
+    const CentreView now = viewFromCentre(t, in, sp, isat, centre);
+    const CentreView then = viewFromCentre(t + oneSecondDays, in, sp, isat, centre);
     DiskTransit transit;
     transit.halfWidthKm = halfWidth(*in, sp->moonrad, now, trackDirection(now, then));
     double cosine = 0;

@@ -3,8 +3,10 @@
 #include "reports/save_forms.h"
 
 #include "engine/aos_list.h"
+#include "engine/event.h"
 #include "record/text.h"
 #include "record/wout_data.h"
+#include "reports/list_rows.h"
 #include "reports/orbit_track.h"
 #include "reports/pass_details.h"
 #include "reports/report_helper.h"
@@ -123,6 +125,14 @@ TEST_F(SavedForm, OfCsvGoesOnUnderTheSameColumns)
     EXPECT_EQ(linesIn(ScratchDir::read("list.csv")), 2 * linesIn(list) - 1);
     EXPECT_EQ(writeInForm(indata, ListForm::csv, "other\r\n1\r\n"), "");
     EXPECT_EQ(ScratchDir::read("list.csv"), "other\r\n1\r\n");
+}
+
+// The text of the window marks a zone of 50 km and more in place of its first digit.
+TEST_F(SavedForm, TellsTheWidthOfTheWidestZone)
+{
+    Event event;
+    event.transit = DiskTransit{50.0, 2.04, 10.4};
+    EXPECT_EQ(numberAt(eventColumns(), eventRow(*indata, 0, event), "half_width_km"), 50.0);
 }
 
 }  // namespace
