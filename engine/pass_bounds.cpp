@@ -19,8 +19,6 @@ constexpr double goodTimesDays = 3.6525e6;  // a hundred centuries: there the se
 constexpr double guideDays = 1.0;
 constexpr double guideBackDays = 0.05;
 
-// The apparent Sun moves by less than this among the stars, its parallax and the rounding of the times included.
-constexpr double sunDegPerDay = 1.1;
 constexpr double sunSpareDeg = 0.02;
 
 // The vertical of the ellipsoid is not farther from the radius.
@@ -28,6 +26,9 @@ constexpr double deflectionRad = 0.0034;
 constexpr double auKm = 1.47e8;  // at least so far is the Sun
 constexpr double poleLimitArcSec = 10.0;
 constexpr double poleRad = 1e-4;
+
+constexpr double turnRadPerMinute = siderealTurnsPerDay * twoPi / minutesPerDay;
+constexpr PassBounds::Estimate nothingKnown{0.0, std::numeric_limits<double>::infinity()};
 
 Verdict verdict(bool settled, bool yes)
 {
@@ -174,8 +175,7 @@ const PassBounds::Verdicts& PassBounds::at(double t)
         verdicts.notAboveBest = verdict(outsideOther > found->offKm, true);
     else
         verdicts.farBelow = verdict(std::abs(outsideOther) > found->offKm, outsideOther > 0.0);
-    constexpr double turnPerMinute = siderealTurnsPerDay * twoPi / minutesPerDay;
-    const double fastest = (guide.fastestKmPerMinute() + turnPerMinute * guide.farthestKm()) * minutesPerDay;
+    const double fastest = (guide.fastestKmPerMinute() + turnRadPerMinute * guide.farthestKm()) * minutesPerDay;
     const double settled = std::min(std::abs(outsideSatel), inside ? outsideOther : std::abs(outsideOther));
     const double days = std::max(settled - guide.farthestOffKm(), 0.0) / fastest;
     verdicts.from = t - days;
@@ -186,36 +186,83 @@ const PassBounds::Verdicts& PassBounds::at(double t)
 }
 
 /// The Sun keeps its place among the stars but for a degree a day.
-Verdict PassBounds::sunAbove(double degrees, double t) const
+PassBounds::Estimate PassBounds::sunOver(double degrees, double t) const
 {
     if (!sunKnown || !(std::abs(t - sunHorizon.anchor()) < Horizon::goodDays))
-        return Verdict::open;
+        return nothingKnown;
     const double sine = std::clamp(sunHorizon.sineOfElevation(sunDirection, t), -1.0, 1.0);
-    const double difference = std::asin(sine) * degPerRad - degrees;
-    const double doubt = sunSpareDeg + sunDegPerDay * std::abs(t - sunHorizon.anchor());
-    return verdict(std::abs(difference) > doubt, difference > 0.0);
+    return {std::asin(sine) * degPerRad - degrees, sunDoubtDeg(t)};
+}
+
+Verdict PassBounds::sunAbove(double degrees, double t) const
+{
+    const Estimate over = sunOver(degrees, t);
+    return verdict(std::abs(over.value) > over.doubt, over.value > 0.0);
+}
+
+double PassBounds::sunDoubtDeg(double t) const
+{
+    return sunSpareDeg + sunDegPerDay * std::abs(t - sunHorizon.anchor());
+}
+
+bool PassBounds::shadowKnown(double t) const
+{
+    return sunKnown && poleNear(in) && std::abs(t - sunHorizon.anchor()) < Horizon::goodDays;
+}
+
+Vec3 PassBounds::guidePosition(const GuideOrbit::Place& at) const
+{
+    const double cosNode = std::cos(at.node);
+    const double sinNode = std::sin(at.node);
+    const double across = at.y * guide.cosInclination();
+    return {at.x * cosNode - across * sinNode, at.x * sinNode + across * cosNode, at.y * guide.sinInclination()};
+}
+
+/// What turns the Sun's elevation at a satellite off that of a body without parallax over the radius, radians.
+double PassBounds::lightDoubtRad(double r, double t) const
+{
+    return deflectionRad + poleRad + r / auKm + sunDoubtDeg(t) * radPerDeg;
 }
 
 /// The elevation of the Sun over the radius and the dip of the horizon, both functions of the satellite's place.
 Verdict PassBounds::sunlit(double t)
 {
-    if (!sunKnown || !poleNear(in) || !(std::abs(t - sunHorizon.anchor()) < Horizon::goodDays))
-        return Verdict::open;
-    const GuideOrbit::Place* found = guidePlace(t);
+    const GuideOrbit::Place* found = shadowKnown(t) ? guidePlace(t) : nullptr;
     if (!found)
         return Verdict::open;
     const double nearest = found->r - found->offKm;
     if (!(nearest > earthRadiusKm))
         return Verdict::open;
-    const double cosNode = std::cos(found->node);
-    const double sinNode = std::sin(found->node);
-    const double across = found->y * guide.cosInclination();
-    const Vec3 r(found->x * cosNode - across * sinNode, found->x * sinNode + across * cosNode,
-                 found->y * guide.sinInclination());
+    const Vec3 r = guidePosition(*found);
     const double height = std::asin(std::clamp(dot(r, sunDirection) / found->r, -1.0, 1.0));
     const double dip = std::acos(earthRadiusKm / found->r);
     const double leastDip = std::acos(earthRadiusKm / nearest);
-    const double doubt = deflectionRad + poleRad + found->r / auKm + found->offKm / nearest + (dip - leastDip) +
-                         (sunSpareDeg + sunDegPerDay * std::abs(t - sunHorizon.anchor())) * radPerDeg;
+    const double doubt = lightDoubtRad(found->r, t) + found->offKm / nearest + (dip - leastDip);
     return verdict(std::abs(height + dip) > doubt, height + dip > 0.0);
+}
+
+/// The shadow is a cylinder behind the Earth.
+PassBounds::Estimate PassBounds::outsideShadow(double t)
+{
+    const GuideOrbit::Place* found = shadowKnown(t) ? guidePlace(t) : nullptr;
+    if (!found || !(found->r - guide.farthestOffKm() > earthRadiusKm))
+        return nothingKnown;
+    const Vec3 r = guidePosition(*found);
+    const double front = dot(r, sunDirection);
+    const double aside = abs(r - front * sunDirection) - earthRadiusKm;
+    const double doubt = guide.farthestOffKm() + guide.farthestKm() * lightDoubtRad(found->r, t);
+    return {front > 0.0 ? std::max(front, aside) : aside, doubt};
+}
+
+PassBounds::Estimate PassBounds::outsideLeastElevation(double t)
+{
+    const GuideOrbit::Place* found = guidePlace(t);
+    if (!found)
+        return nothingKnown;
+    return {satel.outside(horizon.sight(guide, *found, t)), guide.farthestOffKm()};
+}
+
+double PassBounds::fastestKmPerS() const
+{
+    return (guide.fastestKmPerMinute() + turnRadPerMinute * guide.farthestKm()) / 60.0;
 }

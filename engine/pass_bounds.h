@@ -2,6 +2,8 @@
 // satellite and Sun. For the pass search.
 #pragma once
 
+#include <cmath>
+
 #include "engine/guide_orbit.h"
 #include "engine/position_stages.h"
 
@@ -63,6 +65,9 @@ private:
     double sine, cosine;
 };
 
+/// The apparent Sun moves by less than this among the stars, its parallax and the rounding of the times included.
+constexpr double sunDegPerDay = 1.1;
+
 /// The bounds of one search, for a slot and an observer that stay as they are.
 class PassBounds
 {
@@ -90,6 +95,27 @@ public:
     /// Whether the Sun is above the satellite's own horizon.
     Verdict sunlit(double t);
 
+    /// A quantity, and how far the true one may be from it; the doubt is infinite where nothing can be said.
+    struct Estimate
+    {
+        double value, doubt;
+
+        /// By how much the sign of the value is settled; negative: it is not.
+        double settled() const { return std::abs(value) - doubt; }
+    };
+
+    /// How far outside the cone of the least elevation the satellite is, km. The doubt holds for the whole guide.
+    Estimate outsideLeastElevation(double t);
+
+    /// How far outside the Earth's shadow the satellite is, km.
+    Estimate outsideShadow(double t);
+
+    /// How much higher than so many degrees the Sun is at the observer, degrees. A day adds `sunDegPerDay` to the doubt.
+    Estimate sunOver(double degrees, double t) const;
+
+    /// Of the guide in the frame of the horizon, km/s; in space it is slower.
+    double fastestKmPerS() const;
+
 private:
     struct Verdicts
     {
@@ -105,6 +131,10 @@ private:
     const GuideOrbit::Place* guidePlace(double t);
     /// Times of the guide.
     double minutesFromEpoch(double t) const;
+    Vec3 guidePosition(const GuideOrbit::Place& at) const;
+    bool shadowKnown(double t) const;
+    double sunDoubtDeg(double t) const;
+    double lightDoubtRad(double r, double t) const;
 
     const WinpData& in;
     int isat;

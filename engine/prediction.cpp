@@ -12,6 +12,7 @@
 #include "engine/lazy_position.h"
 #include "engine/pass_search.h"
 #include "engine/position.h"
+#include "engine/thorough_search.h"
 #include "orbit/force_model.h"
 #include "orbit/integrator.h"
 #include "orbit/num_prop.h"
@@ -260,6 +261,20 @@ std::vector<Event> Predictor::events(double from, double until, const EventQuery
         });
     }
     std::stable_sort(found.begin(), found.end(), [](const Event& a, const Event& b) { return a.mjd < b.mjd; });
+    return found;
+}
+
+std::vector<Pass> Predictor::intervals(double from, double until)
+{
+    std::vector<Pass> found;
+    const double end = from + clampedSpan(until - from);
+    records->run([&] {
+        Pass pass;
+        while (findNextInterval({&records->in, &records->positions, slot}, from, end, pass)) {
+            found.push_back(pass);
+            from = pass.tm[2];
+        }
+    });
     return found;
 }
 

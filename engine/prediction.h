@@ -106,6 +106,10 @@ public:
     /// Every event between two times, in the order of time. A numeric orbit stays where it is.
     std::vector<Event> events(double from, double until, const EventQuery& search);
 
+    /// Every interval between two times in which the conditions hold, none left out and to 0.01 s: where `passes` goes
+    /// by steps. A pass that is broken by shadow, Sun or horizon gives one for each part.
+    std::vector<Pass> intervals(double from, double until);
+
 private:
     class Records;
     std::unique_ptr<Records> records;

@@ -17,6 +17,7 @@
 #include "engine/pass_walk.h"
 #include "engine/position.h"
 #include "engine/record_helper.h"
+#include "engine/thorough_search.h"
 #include "orbit/sgp4.h"
 
 namespace {
@@ -299,4 +300,76 @@ TEST(Walks, LeaveTheSameBitsFastAndPlain)
     }
     EXPECT_GT(passes[0], 60);
     EXPECT_GT(passes[1], 200);
+}
+
+namespace {
+
+/// Every interval with the conditions of a record, found by the thorough search.
+std::vector<Pass> intervalsOf(WinpData in, double from, double to)
+{
+    SatPosData sp;
+    std::vector<Pass> found;
+    for (Pass pass; findNextInterval({&in, &sp, 0, limitsOf(in)}, from, to, pass); from = pass.tm[2])
+        found.push_back(pass);
+    return found;
+}
+
+/// Whether the conditions hold, by the whole position; and the elevation.
+struct Look
+{
+    bool holds;
+    double elevation;
+
+    Look(WinpData& in, double t)
+    {
+        SatPosData sp;
+        GetSatPos(t, &in, &sp, 0, 0);
+        holds = conditionsHold(in, sp, 0, limitsOf(in));
+        elevation = sp.el[0];
+    }
+};
+
+}  // namespace
+
+TEST(Intervals, CoverWhatAWalkBySecondsSees)
+{
+    constexpr double steps = 2500.0;
+    constexpr double stepDays = 4.7 / 86400.0;
+    Dice dice;
+    std::size_t intervals = 0;
+    int insides = 0;
+    for (int k = 0; k < 90; ++k) {
+        SCOPED_TRACE(k);
+        WinpData in = madeUp(shapes[static_cast<std::size_t>(k) % std::size(shapes)], dice);
+        choosePropagator(in, k);
+        chooseConditions(in, dice);
+        in.satel = std::min(in.satel, 0.3 * in.satel);  // or few would be seen
+        in.sunel += 40.0;
+        const double from = in.mjdep[0] + dice.between(-3.0, in.bstar[0] > 1e-3 ? 0.0 : 12.0);  // not after its decay
+        const std::vector<Pass> found = intervalsOf(in, from, from + steps * stepDays);
+        intervals += found.size();
+        WinpData walker = in;
+        auto interval = found.begin();
+        for (double step = 0; step < steps; ++step) {
+            const double t = from + step * stepDays;
+            while (interval != found.end() && interval->tm[2] < t - thoroughStepDays)
+                ++interval;
+            const Look look(walker, t);
+            const bool inside = interval != found.end() && t >= interval->tm[0] && t < interval->tm[2];
+            const bool atAnEnd = interval != found.end() && (std::abs(t - interval->tm[0]) < thoroughStepDays ||
+                                                             std::abs(t - interval->tm[2]) < thoroughStepDays);
+            insides += inside;
+            ASSERT_TRUE(look.holds == inside || atAnEnd) << t << ' ' << look.elevation;
+            if (inside) {
+                ASSERT_LE(look.elevation, interval->a[1] + 1e-9) << t << ", the highest at " << interval->tm[1];
+            }
+        }
+        for (const Pass& pass : found)
+            if (pass.tm[0] > from && !in.numflg[0]) {
+                EXPECT_FALSE(Look(walker, pass.tm[0] - thoroughStepDays).holds);
+                EXPECT_TRUE(Look(walker, pass.tm[0] + 0.01 * thoroughStepDays).holds);
+            }
+    }
+    EXPECT_GT(intervals, 30u);
+    EXPECT_GT(insides, 10000);
 }
