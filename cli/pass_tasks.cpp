@@ -4,6 +4,8 @@
 #include "cli/tasks.h"
 #include "engine/aos_list.h"
 #include "engine/pass_search.h"
+#include "engine/pass_walk.h"
+#include "engine/thorough_search.h"
 #include "record/slot_copy.h"
 #include "reports/list_rows.h"
 
@@ -18,16 +20,34 @@ constexpr int primeSlot = 0, otherSlot = 1;
 constexpr double secondsPerDay = 86400.0;
 constexpr double leastLeadDays = 0.0018;  // what begins sooner has begun, for one who asks what comes next
 
+bool longEnough(const Pass& pass, const Request& request)
+{
+    return (pass.tm[2] - pass.tm[0]) * secondsPerDay >= request.minDuration;
+}
+
+/// Calls `take` for each interval in which the conditions hold, however short.
+void eachInterval(WinpData& in, const Session& session, const std::function<bool(const Pass&)>& take)
+{
+    Pass pass;
+    double t = session.from;
+    while (findNextInterval({&in, satpos, primeSlot, limitsOf(in)}, t, session.to, pass)) {
+        if (longEnough(pass, session.request) && !take(pass))
+            return;
+        t = pass.tm[2];
+    }
+}
+
 /// Calls `take` for each pass of the prime slot in the interval until it returns false.
 void eachPass(WinpData& in, const Session& session, const std::function<bool(const Pass&)>& take)
 {
+    if (session.request.thorough)
+        return eachInterval(in, session, take);
     double t = session.from;
     while (t <= session.to) {
         Pass pass;
         if (nextpass(&in, primeSlot, t, session.to, pass.tm, pass.a, pass.b) == 0)
             return;
-        const bool longEnough = (pass.tm[2] - pass.tm[0]) * secondsPerDay >= session.request.minDuration;
-        if (longEnough && !take(pass))
+        if (longEnough(pass, session.request) && !take(pass))
             return;
         const double next = timeAfterPass(in, primeSlot, pass);
         if (!(next > t))  // a time too far off for steps of a minute

@@ -228,6 +228,7 @@ void takeLight(Values& values, Request& request)
     request.minElevation = values.number("min-elevation", elevation);
     request.maxSun = values.number("max-sun", elevation);
     request.minDuration = values.number("min-duration", {0, 1e9, "seconds, 0 or more"}).value_or(0);
+    request.thorough = values.on("thorough");
     request.entryOrder = values.oneOf("order", "time", {"time", "entry"}) == "entry";
 }
 

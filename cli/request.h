@@ -67,6 +67,7 @@ struct Request
     Light light = Light::asSaved;
     std::optional<double> minElevation, maxSun;  // degrees
     double minDuration = 0;                      // seconds
+    bool thorough = false;                       // every interval in which the conditions hold
 
     std::vector<std::string> kinds;      // of events
     std::optional<Angles> place;         // in the sky, for occultations; J2000

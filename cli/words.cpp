@@ -81,6 +81,8 @@ constexpr std::array options{
     OptionWords{"min-elevation", "DEGREES", conditions, "lowest elevation of the satellite"},
     OptionWords{"max-sun", "DEGREES", conditions, "highest elevation of the Sun"},
     OptionWords{"min-duration", "SECONDS", bitOf(Task::passes) | bitOf(Task::contacts), "shorter ones are left out"},
+    OptionWords{"thorough", nullptr, bitOf(Task::passes),
+                "every interval, to 0.01 s: short passes and parts of passes too"},
     OptionWords{"kind", "KIND", bitOf(Task::events), "sun, moon, place, flare or iridium; may come again"},
     OptionWords{"place", "RA,DEC", bitOf(Task::events), "what is occulted: degrees, J2000"},
     OptionWords{"mirror", "YAW,PITCH", bitOf(Task::events), "flares of a surface fixed to the satellite, degrees"},

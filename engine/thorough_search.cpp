@@ -351,7 +351,7 @@ double ThoroughSearch::highestNear(double t)
 {
     goTo(t);
     const double swiftness = abs(position.scene().r) / abs(position.scene().v);  // 900 s for a low orbit
-    for (const double share : {1e-3, 1e-3, 2e-4}) {
+    for (const double share : {1e-3, 1e-3, 1e-3, 2e-4}) {
         const double h = share * swiftness / secondsPerDay;
         const double before = elevation(t - h);
         const double at = elevation(t);
@@ -359,7 +359,8 @@ double ThoroughSearch::highestNear(double t)
         const double bend = before - 2.0 * at + after;
         if (!(bend < 0.0))
             return t;
-        t += std::clamp(0.5 * (before - after) / bend, -1.0, 1.0) * h;
+        const double farthest = 0.1 * swiftness / secondsPerDay;
+        t += std::clamp(0.5 * h * (before - after) / bend, -farthest, farthest);
     }
     return t;
 }
