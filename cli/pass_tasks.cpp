@@ -30,7 +30,7 @@ void eachInterval(WinpData& in, const Session& session, const std::function<bool
 {
     Pass pass;
     double t = session.from;
-    while (findNextInterval({&in, satpos, primeSlot, limitsOf(in)}, t, session.to, pass)) {
+    while (findNextInterval({&in, satpos, primeSlot}, t, session.to, pass)) {
         if (longEnough(pass, session.request) && !take(pass))
             return;
         t = pass.tm[2];

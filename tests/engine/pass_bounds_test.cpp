@@ -324,7 +324,7 @@ struct Look
     {
         SatPosData sp;
         GetSatPos(t, &in, &sp, 0, 0);
-        holds = conditionsHold(in, sp, 0, limitsOf(in));
+        holds = cksatok(&in, &sp, 0) != 0;
         elevation = sp.el[0];
     }
 };
