@@ -1,7 +1,8 @@
 #include "elements/element_file.h"
 
-#include "elements/exact_entry.h"
+#include "elements/entry_stream.h"
 #include "elements/omm_forms.h"
+#include "record/text.h"
 #include "record/vector_registers.h"
 
 #include <QByteArray>
@@ -35,6 +36,16 @@ FilePtr streamOf(const std::string& text)
         std::rewind(stream.get());
     return stream;
 }
+
+Entry tooLarge()
+{
+    Entry entry;
+    entry.readTo = EntryPart::whole;
+    assignField(entry.name, "*** FILE TOO LARGE *");
+    assignField(entry.designator, "        ");
+    assignField(entry.refusal, "a file of messages has at most 256 MB");
+    return entry;
+}
 }  // namespace
 
 FilePtr openElementFile(const char* name)
@@ -49,15 +60,12 @@ FilePtr openElementFile(const char* name)
         return file;
     std::string text;
     if (size > largestMessageFile) {
-        ExactEntry entry;
-        entry.name = "*** FILE TOO LARGE ***";
-        entry.refusal = "a file of messages has at most 256 MB";
-        appendExact(text, entry);
+        appendEntry(text, tooLarge());
         return streamOf(text);
     }
     const std::vector<OmmMessage> messages = ommMessages(form, bytesOf(file.get(), size));
     releaseVectorRegisters();
     for (const OmmMessage& message : messages)
-        appendExact(text, entryOf(message));
+        appendEntry(text, entryOf(message));
     return streamOf(text);
 }

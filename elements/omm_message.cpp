@@ -230,7 +230,7 @@ long long readTimeOfDay(EpochText& epoch)
 
 /// 2018-01-20T12:00:00.000000 or 2018-020T12:00:00: with as many decimals as there are, a blank or a T between, and
 /// a Z behind or none.
-bool readEpoch(std::string_view text, ExactEntry& entry)
+bool readEpoch(std::string_view text, Entry& entry)
 {
     EpochText epoch(text);
     const int dayOfYear = readDayOfYear(epoch, entry.year);
@@ -255,6 +255,56 @@ int numberOfObject(Values& values)
     if (text.size() == 5 && !isDigit(text[0]) && catalogueNumber(text) > 0)
         return catalogueNumber(text);
     return values.whole(OmmField::noradCatId, 0);
+}
+
+/// The name to 20 bytes, filled up with blanks as in the files of the services, without half characters; and the
+/// designator.
+void nameEntry(const OmmMessage& message, Entry& entry)
+{
+    constexpr std::size_t nameLength = sizeof entry.name - 1, designatorLength = sizeof entry.designator - 1;
+    std::string name = plainText(message[OmmField::objectName]);
+    if (name.size() > nameLength) {
+        std::size_t length = nameLength;
+        while (length > 0 && (name[length] & 0xC0) == 0x80)
+            --length;
+        name.resize(length);
+    }
+    if (!name.empty())
+        name.resize(nameLength, ' ');
+    assignField(entry.name, name);
+    std::string designator = shortDesignator(message[OmmField::objectId]);
+    designator.resize(designatorLength, ' ');
+    assignField(entry.designator, designator);
+}
+
+void readEpochField(Values& values, Entry& entry)
+{
+    const std::string& epoch = values.message[OmmField::epoch];
+    if (epoch.empty())
+        values.refuse("no ", OmmField::epoch, "");
+    else if (!readEpoch(epoch, entry))
+        values.refuse("", OmmField::epoch, " is no date");
+}
+
+Entry entryOfValues(Values& values)
+{
+    Entry entry;
+    expectSgp4AboutTheEarth(values);
+    readEpochField(values, entry);
+    entry.n0 = values.required(OmmField::meanMotion);
+    entry.ecc = values.required(OmmField::eccentricity);
+    entry.inc = values.required(OmmField::inclination);
+    entry.ra = values.required(OmmField::raOfAscNode);
+    entry.aper = values.required(OmmField::argOfPericenter);
+    entry.m0 = values.required(OmmField::meanAnomaly);
+    entry.ephemerisType = values.whole(OmmField::ephemerisType, 0);
+    entry.revolution = values.whole(OmmField::revAtEpoch, -1);
+    entry.bstar = asExponentField(values.optional(OmmField::bstar));
+    entry.n6dot = asExponentField(values.optional(OmmField::meanMotionDdot));
+    entry.ndot = values.optional(OmmField::meanMotionDot);
+    if (entry.ecc < 0)
+        values.refuse("", OmmField::eccentricity, " is negative");
+    return entry;
 }
 }  // namespace
 
@@ -301,31 +351,17 @@ double asExponentField(double value)
     return wholeNumber(digits) * 1e-5 * std::pow(10.0, exponent);
 }
 
-ExactEntry entryOf(const OmmMessage& message)
+Entry entryOf(const OmmMessage& message)
 {
-    ExactEntry entry;
     Values values(message);
-    entry.name = plainText(message[OmmField::objectName]);
-    entry.designator = shortDesignator(message[OmmField::objectId]);
-    entry.norad = numberOfObject(values);
-    expectSgp4AboutTheEarth(values);
-    if (message[OmmField::epoch].empty())
-        values.refuse("no ", OmmField::epoch, "");
-    else if (!readEpoch(message[OmmField::epoch], entry))
-        values.refuse("", OmmField::epoch, " is no date");
-    entry.n0 = values.required(OmmField::meanMotion);
-    entry.ecc = values.required(OmmField::eccentricity);
-    entry.inc = values.required(OmmField::inclination);
-    entry.ra = values.required(OmmField::raOfAscNode);
-    entry.aper = values.required(OmmField::argOfPericenter);
-    entry.m0 = values.required(OmmField::meanAnomaly);
-    entry.ephemerisType = values.whole(OmmField::ephemerisType, 0);
-    entry.revolution = values.whole(OmmField::revAtEpoch, -1);
-    entry.bstar = asExponentField(values.optional(OmmField::bstar));
-    entry.n6dot = asExponentField(values.optional(OmmField::meanMotionDdot));
-    entry.ndot = values.optional(OmmField::meanMotionDot);
-    if (entry.ecc < 0)
-        values.refuse("", OmmField::eccentricity, " is negative");
-    entry.refusal = values.refusal;
+    const int number = numberOfObject(values);
+    Entry entry = entryOfValues(values);
+    if (!values.refusal.empty()) {
+        entry = Entry();
+        assignField(entry.refusal, values.refusal);
+    }
+    entry.readTo = EntryPart::whole;
+    entry.number = number;
+    nameEntry(message, entry);
     return entry;
 }

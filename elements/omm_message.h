@@ -1,7 +1,7 @@
 // One Orbit Mean-Elements Message (CCSDS 502.0-B-3) and what the reader makes of it.
 #pragma once
 
-#include "elements/exact_entry.h"
+#include "elements/entry.h"
 
 #include <array>
 #include <cstddef>
@@ -64,4 +64,4 @@ double asExponentField(double value);
 /// It is refused, with the reason as a text, if it lacks an element, if a number is none or if it belongs to another
 /// time system than UTC, another centre than the Earth, another frame than TEME or another theory than SGP4. What is
 /// left out of these four counts as right.
-ExactEntry entryOf(const OmmMessage& message);
+Entry entryOf(const OmmMessage& message);

@@ -2,12 +2,9 @@
 // `openElementFile` makes of Orbit Mean-Elements Messages.
 #pragma once
 
-#include "record/winp_data.h"
+#include "elements/entry_record.h"
 
-#include <cstddef>
 #include <cstdio>
-
-constexpr int entryTextRoom = 1024;  // for the report of an entry; it fills about 450 characters
 
 /// Finds the next entry that fits the search text `cfgname[10]` in the mode `srcmd`: 0 name, 1 NORAD number
 /// `norad[10]`, 2 international designator. A text that begins with "*" takes every entry, in file order.
@@ -25,20 +22,10 @@ int tleread(WinpData* in, std::FILE* fp, char* out, int more);
 /// Decodes the entry that starts in `line` into the work slot.
 ///
 /// @param line  80 characters, the name line or line 1 of the entry; used up
-/// @param out   at least `entryTextRoom` characters: the report of the entry, empty if it is refused; of a message that
-///              is refused, why
+/// @param out   at least `entryTextRoom` characters: the report of the entry, empty if it is refused
 /// @param eof   becomes 1 if the end of the file was met
 /// @return      1 if the entry is complete and passes the filters, else 0
 int gettle(WinpData* in, std::FILE* fp, char* line, char* out, int& eof);
-
-/// The designator, `ldraw` (98067A) to `ldfull` (1998-067A) or back. Two-digit years below 57 are of this century.
-void convldsn(WinpData* in, bool tofull);
-
-/// Stores the epoch of the work slot, a year and day of the year (January 1st, 0h is 1.0), and writes it as
-/// "20-JAN-2018   12: 5:31".
-///
-/// @param out  at least 40 characters
-void cnvepch(WinpData* in, int year, double day, char* out);
 
 /// The six settings behind the adjustment dialog.
 void vsGetAdj(bool& sdp4, bool& adjflg, double& adjtim, double& adjn0, double& adjra, int& wgs);

@@ -2,8 +2,8 @@
 
 #include "astro/calendar.h"
 #include "elements/catalogue_number.h"
+#include "elements/entry_record.h"
 #include "elements/omm_csv.h"
-#include "elements/reader.h"
 #include "record/files.h"
 #include "record/numbers.h"
 #include "record/text.h"

@@ -1,5 +1,5 @@
 // Orbit Mean-Elements Messages as element files.
-#include "elements/exact_entry.h"
+#include "elements/entry_stream.h"
 #include "elements/omm_forms.h"
 #include "elements/search_helper.h"
 #include "omm_catalogue.h"
@@ -222,12 +222,12 @@ TEST(Omm, LeavesTextFilesAlone)
                              "COMMENT = X", "OBJECT_NAME", "[", "{"})
         EXPECT_EQ(namesOf(std::string(name) + "\n" + atlasLines), std::string(name) + ";");
     // the lines of a stream in memory are none of a file
-    ExactEntry entry;
-    entry.norad = 777;
-    entry.n0 = 15;
-    std::string lines;
-    appendExact(lines, entry);
-    FileSearch search(lines + atlas);
+    Entry entry;
+    entry.number = 777;
+    entry.readTo = EntryPart::whole;
+    std::string bytes;
+    appendEntry(bytes, entry);
+    FileSearch search(bytes + '\n' + atlas);
     EXPECT_EQ(search.byNumber(777), 0);
     EXPECT_EQ(search.byNumber(694), 1);
 }

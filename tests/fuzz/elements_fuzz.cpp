@@ -5,6 +5,7 @@
 #include "record_fields.h"
 
 #include "elements/element_file.h"
+#include "elements/entry_stream.h"
 #include "elements/reader.h"
 #include "elements/writer.h"
 #include "record/text.h"
@@ -224,6 +225,8 @@ bool hasPlainLines(const std::string& fileName)
     if (text.find("+++statevct1+++") != std::string::npos)
         return false;
     const FilePtr file = openElementFile(fileName.c_str());
+    if (entryFollows(file.get()))
+        return true;
     char line[80];
     for (bool behindOne = false; std::fgets(line, sizeof line, file.get());) {
         if (line[0] == '1' && behindOne)
