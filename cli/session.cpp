@@ -4,6 +4,7 @@
 #include "design/launch_sites_data.h"
 #include "elements/element_file.h"
 #include "engine/aos_list.h"
+#include "engine/night.h"
 #include "record/config.h"
 #include "record/further_settings.h"
 #include "record/text.h"
@@ -183,7 +184,7 @@ Problem findInterval(Session& session)
     session.from = session.now;
     double night = -1.0;
     if (request.from == "tonight") {
-        const auto found = nightAt(session.now, session.site);
+        const auto found = nightAt(session.now, {session.site.latitude, session.site.longitude, session.site.height});
         if (!found)
             return {status::nothingFound, "vorlix: the Sun does not set within a day at this site"};
         session.from = found->sunset;

@@ -1,7 +1,5 @@
-// Times as people type them, and the night at a place.
+// Times as people type them.
 #pragma once
-
-#include "exports/lists.h"
 
 #include <optional>
 #include <string>
@@ -17,16 +15,3 @@ std::optional<double> instantOf(const std::string& text, double zoneHours, doubl
 
 /// The clock of the system, MJD UTC.
 double systemMjd();
-
-/// A night, MJD UTC.
-struct Night
-{
-    double sunset, sunrise;
-};
-
-/// The night in which `t` lies, or else the next one, by the upper limb of the Sun at the horizon (-0.833 degrees), to a
-/// second. Where the Sun stays down, the 24 hours from `t` on; nothing where it stays up that long.
-std::optional<Night> nightAt(double t, const ListSite& site);
-
-/// Elevation of the Sun's centre, degrees, without refraction.
-double sunElevation(double mjd, const ListSite& site);

@@ -246,21 +246,4 @@ TEST(Sorter, GivesTextsByTimeFromMemoryAndFiles)
     EXPECT_EQ(given, expected);
 }
 
-/// Sunset and sunrise (centre of the Sun at -0.833 degrees) by the low-precision formulae of the Astronomical Almanac,
-/// page C24, which are good to 0.01 degrees: some six seconds here.
-TEST(Night, LastsFromSunsetToSunrise)
-{
-    const ListSite vienna{"Vienna", 48.2, 16.37, 200};
-    const double noon = *instantOf("2018-01-20T12:00Z", 0, 0);
-    const Night night = *nightAt(noon, vienna);
-    EXPECT_NEAR(night.sunset, *instantOf("2018-01-20T15:35:05Z", 0, 0), 8.0 / 86400);
-    EXPECT_NEAR(night.sunrise, *instantOf("2018-01-21T06:35:29Z", 0, 0), 8.0 / 86400);
-    const Night same = *nightAt(night.sunset + 0.3, vienna);
-    EXPECT_NEAR(same.sunset, night.sunset, 2.0 / 86400);
-    EXPECT_NEAR(same.sunrise, night.sunrise, 2.0 / 86400);
-    EXPECT_FALSE(nightAt(*instantOf("2018-06-20", 0, 0), {"", 75, 0, 0}));
-    const Night polar = *nightAt(*instantOf("2018-12-20", 0, 0), {"", 75, 0, 0});
-    EXPECT_EQ(polar.sunrise - polar.sunset, 1.0);
-}
-
 }  // namespace
