@@ -47,7 +47,7 @@ int answerTo(Session& session, const Channels& channels)
     const auto positions = std::make_unique<SatPosData>();
     const Keep ownPositions(satpos, positions.get());
     const Workers workers(session.request.workers.value_or(0));
-    Answer answer(session, channels, listOf(session.request.task));
+    Answer answer(session, channels, listOf(session.request));
     const auto function = functions[static_cast<std::size_t>(session.request.task)];
     if (const Problem problem = answer.end(function(session, channels, answer)))
         return told(problem, channels);

@@ -1,5 +1,6 @@
 // Passes, contacts, and what rises next.
 
+#include "cli/bright_passes.h"
 #include "cli/entry_walk.h"
 #include "cli/tasks.h"
 #include "engine/aos_list.h"
@@ -100,12 +101,19 @@ Problem findPair(const Session& session, const Channels& channels, WinpData& pai
 
 Problem findPasses(const Session& session, const Channels& channels, Answer& answer)
 {
-    return searchPasses(session, channels, answer, [&](EntryRows& entry) {
+    BrightPasses bright(session);
+    bright.tellUnread(channels);
+    const Problem problem = searchPasses(session, channels, answer, [&](EntryRows& entry) {
         eachPass(entry.in, session, [&](const Pass& pass) {
-            entry.rows.emplace_back(pass.tm[0], passRowOf(entry.in, primeSlot, pass));
+            if (session.request.wantsBrightness())
+                bright.take(entry, pass);
+            else
+                entry.rows.emplace_back(pass.tm[0], passRowOf(entry.in, primeSlot, pass));
             return true;
         });
     });
+    bright.tellLeftOut(channels);
+    return problem;
 }
 
 Problem findNext(const Session& session, const Channels& channels, Answer& answer)

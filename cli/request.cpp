@@ -232,6 +232,15 @@ void takeLight(Values& values, Request& request)
     request.entryOrder = values.oneOf("order", "time", {"time", "entry"}) == "entry";
 }
 
+void takeBrightness(Values& values, Request& request)
+{
+    request.brighter = values.number("brighter", {-10, 29, "a magnitude from -10 to 29"});
+    request.darkSky = values.on("dark-sky");
+    request.byMagnitude = values.oneOf("sort", "time", {"time", "magnitude"}) == "magnitude";
+    if (request.byMagnitude && request.entryOrder)
+        values.complain("expected either --order entry or --sort magnitude");
+}
+
 void takeEvents(Values& values, Request& request)
 {
     constexpr Range declination{-90, 90, ""};
@@ -324,6 +333,7 @@ ReadWords readWords(const std::vector<std::string>& words)
             takeWhereAndWhen(values, read.request);
         takeLight(values, read.request);
         takeSteps(values, read.request);
+        takeBrightness(values, read.request);
         if (bit == bitOf(Task::events))
             takeEvents(values, read.request);
         if (bit == bitOf(Task::match))

@@ -68,6 +68,12 @@ struct Request
     std::optional<double> minElevation, maxSun;  // degrees
     double minDuration = 0;                      // seconds
     bool thorough = false;                       // every interval in which the conditions hold
+    std::optional<double> brighter;              // magnitude; passes that stay fainter are left out
+    bool darkSky = false;                        // as well those that are lost in twilight and moonlight
+    bool byMagnitude = false;                    // sorted by it
+
+    /// Whether the passes shall have magnitudes.
+    bool wantsBrightness() const { return brighter || byMagnitude || darkSky; }
 
     std::vector<std::string> kinds;      // of events
     std::optional<Angles> place;         // in the sky, for occultations; J2000

@@ -1,8 +1,8 @@
 #include "cli/tasks.h"
 
-ListKind listOf(Task task)
+ListKind listOf(const Request& request)
 {
-    switch (task) {
+    switch (request.task) {
     case Task::events:
         return {"events", eventColumns(), "event"};
     case Task::contacts:
@@ -19,6 +19,6 @@ ListKind listOf(Task task)
     case Task::convert:
         return {"", {}, ""};
     default:
-        return {"passes", passColumns(), "pass"};
+        return {"passes", request.wantsBrightness() ? brightPassColumns() : passColumns(), "pass"};
     }
 }

@@ -6,7 +6,7 @@
 #include "cli/session.h"
 
 /// The list that a task other than `convert` gives.
-ListKind listOf(Task task);
+ListKind listOf(const Request& request);
 
 Problem findPasses(const Session& session, const Channels& channels, Answer& answer);
 Problem findEvents(const Session& session, const Channels& channels, Answer& answer);

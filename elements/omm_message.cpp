@@ -14,11 +14,26 @@
 
 namespace {
 /// In the order of `OmmField`.
-constexpr std::array<std::string_view, ommFieldCount> keywords{
-    "OBJECT_NAME",     "OBJECT_ID",      "CENTER_NAME",  "REF_FRAME",    "TIME_SYSTEM",    "MEAN_ELEMENT_THEORY",
-    "EPOCH",           "MEAN_MOTION",    "ECCENTRICITY", "INCLINATION",  "RA_OF_ASC_NODE", "ARG_OF_PERICENTER",
-    "MEAN_ANOMALY",    "EPHEMERIS_TYPE", "NORAD_CAT_ID", "REV_AT_EPOCH", "BSTAR",          "MEAN_MOTION_DOT",
-    "MEAN_MOTION_DDOT"};
+constexpr std::array<std::string_view, ommFieldCount> keywords{"OBJECT_NAME",
+                                                               "OBJECT_ID",
+                                                               "CENTER_NAME",
+                                                               "REF_FRAME",
+                                                               "TIME_SYSTEM",
+                                                               "MEAN_ELEMENT_THEORY",
+                                                               "EPOCH",
+                                                               "MEAN_MOTION",
+                                                               "ECCENTRICITY",
+                                                               "INCLINATION",
+                                                               "RA_OF_ASC_NODE",
+                                                               "ARG_OF_PERICENTER",
+                                                               "MEAN_ANOMALY",
+                                                               "EPHEMERIS_TYPE",
+                                                               "NORAD_CAT_ID",
+                                                               "REV_AT_EPOCH",
+                                                               "BSTAR",
+                                                               "MEAN_MOTION_DOT",
+                                                               "MEAN_MOTION_DDOT",
+                                                               "RCS_SIZE"};
 
 constexpr double greatestWhole = 999'999'999;
 constexpr int mantissaDigits = 5;

@@ -30,6 +30,7 @@ enum class OmmField : std::size_t
     bstar,
     meanMotionDot,
     meanMotionDdot,
+    rcsSize,
     count
 };
 constexpr std::size_t ommFieldCount = static_cast<std::size_t>(OmmField::count);

@@ -14,7 +14,7 @@ constexpr ListColumn satelliteName{"name", "name", 20};
 constexpr ListColumn catalogueNumber{"catalogue_number", "number", 6};
 constexpr ListColumn designator{"designator", nullptr};
 
-constexpr std::array passTable{
+constexpr std::array brightPassTable{
     satelliteName, catalogueNumber, designator,
     ListColumn{"start", "start", instantWidth},
     ListColumn{"start_azimuth_deg", "az.", 5, 3, 0},
@@ -26,7 +26,12 @@ constexpr std::array passTable{
     ListColumn{"end_azimuth_deg", "az.", 5, 3, 0},
     ListColumn{"end_elevation_deg", "el.", 4, 3, 0},
     ListColumn{"duration_s", nullptr, 0, 1},
+    ListColumn{"brightest", nullptr, timeWidth},
+    ListColumn{"magnitude", "mag.", 5, 2, 1},
+    ListColumn{"magnitude_spread", "+-", 4, 2, 1},
+    ListColumn{"magnitude_from", "from", 15},
 };
+constexpr std::size_t columnsOfBrightness = 4;
 
 constexpr std::array eventTable{
     satelliteName, catalogueNumber, designator,
@@ -145,7 +150,18 @@ bool has(ListColumns columns, const char* name)
 
 ListColumns passColumns()
 {
-    return passTable;
+    return ListColumns(brightPassTable).first(brightPassTable.size() - columnsOfBrightness);
+}
+
+ListColumns brightPassColumns()
+{
+    return brightPassTable;
+}
+
+ListRow brightPassRow(ListRow pass, const PassBrightness& b)
+{
+    pass.insert(pass.end(), {ListTime{b.time}, b.magnitude, b.spread, b.from});
+    return pass;
 }
 
 ListRow passRow(const SatelliteName& satellite, const PassTimes& pass)

@@ -28,6 +28,16 @@ struct PassTimes
 ListColumns passColumns();
 ListRow passRow(const SatelliteName& satellite, const PassTimes& pass);
 
+/// The same with the brightest moment of each pass.
+ListColumns brightPassColumns();
+/// When a pass is brightest, and how well that is known.
+struct PassBrightness
+{
+    double time = 0, magnitude = 0, spread = 0;
+    std::string from;  // "list", "length", "radar class" or the name of a family
+};
+ListRow brightPassRow(ListRow pass, const PassBrightness& brightness);
+
 /// Events: transits, occultations and flares.
 ListColumns eventColumns();
 /// Times in which two satellites see each other.

@@ -46,11 +46,11 @@ def answer(task, words, form):
     return done.stdout
 
 
-def check_lists():
+def check_lists(lists):
     schema = json.load(open(schema_name, encoding="utf-8"))
     jsonschema.Draft202012Validator.check_schema(schema)
     whole = jsonschema.Draft202012Validator(schema)
-    for task, words in LISTS.items():
+    for task, words in lists.items():
         document = json.loads(answer(task, words, "json"))
         whole.validate(document)
         (key,) = set(document) - {"request", "models", "elements"}
@@ -130,7 +130,8 @@ def check_end(act, signal_number):
 
 check_end(lambda running: running.send_signal(signal.SIGINT), signal.SIGINT)
 check_end(lambda running: running.stdout.close(), signal.SIGPIPE)
-check_lists()
+check_lists(LISTS)
+check_lists({"passes": SITE + ["--from", "tonight", "--brighter", "3", "--length", "5", "--dark-sky"]})
 check_calendar("passes", LISTS["passes"], "start")
 check_calendar("events", LISTS["events"], "time")
 check_calendar("contacts", LISTS["contacts"], "start")

@@ -23,6 +23,7 @@ _vorlix()
                 esac
                 ;;
             --order) words="time entry" ;;
+            --sort) words="time magnitude" ;;
             --kind) words="sun moon place flare iridium" ;;
             --frame) words="true-of-date mean-of-date j2000 earth-fixed" ;;
             --from) words="now tonight" ;;
@@ -30,10 +31,10 @@ _vorlix()
             --at) words="now" ;;
             --clock) words="now" ;;
             --zone) words="Z local" ;;
-            --satellite | --site | --site-name | --days | --limit | --workers | --min-elevation | --max-sun | --min-duration | --place | --mirror | --normal | --max-distance | --max-magnitude | --step | --frequency | --length | --azel | --radec | --radius | --window | --direction) ;;
+            --satellite | --site | --site-name | --days | --limit | --workers | --min-elevation | --max-sun | --min-duration | --brighter | --place | --mirror | --normal | --max-distance | --max-magnitude | --step | --frequency | --length | --azel | --radec | --radius | --window | --direction) ;;
             *)
                 case $task in
-                    passes) words="--elements --satellite --site --site-name --from --to --days --zone --limit --workers --format --output --order --visible --moonshine --all --min-elevation --max-sun --min-duration --thorough --no-config --clock --help" ;;
+                    passes) words="--elements --satellite --site --site-name --from --to --days --zone --limit --workers --format --output --order --visible --moonshine --all --min-elevation --max-sun --min-duration --thorough --brighter --dark-sky --sort --length --no-config --clock --help" ;;
                     events) words="--elements --satellite --site --site-name --from --to --days --zone --limit --workers --format --output --order --visible --moonshine --all --min-elevation --max-sun --no-config --clock --help --kind --place --mirror --normal --max-distance --max-magnitude" ;;
                     contacts) words="--elements --site --site-name --from --to --days --zone --limit --workers --format --output --visible --all --min-duration --no-config --clock --help" ;;
                     look) words="--elements --satellite --site --site-name --from --to --days --zone --limit --workers --format --output --no-config --clock --help --step --frequency --length" ;;
