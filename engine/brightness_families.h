@@ -27,7 +27,7 @@ constexpr int anyLaunch = 9999999;
 // From the launch of 2020-08-07 on Starlink satellites carry visors; when those without came is not published, and
 // their magnitude, 6.80 at 72 degrees, lies within the spread.
 // clang-format off
-constexpr std::array brightnessFamilies{
+inline constexpr std::array brightnessFamilies{
     BrightnessFamily{"STARLINK", "[DTC]", 2023026, anyLaunch, "Starlink Direct to Cell", 6.47, meanPhase, unknownSpread,
                      "arXiv 2502.03651"},
     BrightnessFamily{"STARLINK", "", 2019029, 2020054, "Starlink original", 6.00, 72.0, unknownSpread,
