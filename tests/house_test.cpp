@@ -20,7 +20,7 @@ const std::map<std::string, std::set<std::string>>& mayInclude()
     static const std::map<std::string, std::set<std::string>> table = [] {
         std::map<std::string, std::set<std::string>> t;
         std::set<std::string> below;
-        for (const char* floor : {"astro", "record", "orbit", "engine", "elements", "scan", "exports"}) {
+        for (const char* floor : {"astro", "record", "orbit", "engine", "elements", "scan", "exports", "observing"}) {
             below.insert(floor);
             t[floor] = below;
         }
