@@ -34,10 +34,17 @@ bool inTimeOrder(const Request& request)
     case Task::state:
     case Task::now:
     case Task::convert:
+    case Task::report:
         return false;
     default:
         return !request.entryOrder;
     }
+}
+
+/// Whether the answer has rows under columns, and not texts in a form of their own.
+bool givesRows(const Request& request)
+{
+    return request.task != Task::convert && request.form < ListForm::tle;
 }
 
 }  // namespace
@@ -46,7 +53,7 @@ Answer::Answer(const Session& theSession, const Channels& theChannels, const Lis
     : session(theSession),
       channels(theChannels),
       document(theSession.request.form, kind, requestOf(theSession), *theSession.record),
-      lists(theSession.request.task != Task::convert),
+      lists(givesRows(theSession.request)),
       sorter(bytesInMemory),
       sorts(inTimeOrder(theSession.request))
 {}

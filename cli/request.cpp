@@ -13,7 +13,8 @@
 
 namespace {
 
-constexpr std::array formNames{"table", "csv", "json", "ndjson", "ics", "geojson", "oem", "tle", "xml", "kvn"};
+constexpr std::array formNames{"table", "csv", "json", "ndjson", "ics", "geojson", "oem",
+                               "tle",   "xml", "kvn",  "iod",    "uk",  "rde"};
 constexpr double longestDays = 36525;
 constexpr double longestStepSeconds = 86400.0 * 366;
 constexpr long long mostRows = 1'000'000'000;
@@ -287,8 +288,23 @@ void takeSighting(Values& values, Request& request)
         values.complain("expected either --azel AZ,EL or --radec RA,DEC");
 }
 
+void takeReports(Values& values, Request& request)
+{
+    request.reports = values.arguments;
+    if (request.reports.empty())
+        values.complain("expected a file of observations, - for standard input");
+    const auto code = values.number("code", {1, 7, "a form of angles from 1 to 7"});
+    if (code && *code != std::floor(*code))
+        values.complain("--code: expected a whole number from 1 to 7");
+    request.angleCode = static_cast<int>(code.value_or(0));
+}
+
 void takeSatellites(Values& values, const TaskWords& task, Request& request)
 {
+    if (task.task == Task::report) {
+        takeReports(values, request);
+        return;
+    }
     request.satellites = task.task == Task::contacts ? values.arguments : values.all("satellite");
     if (task.task == Task::contacts && request.satellites.size() != 2)
         values.complain("expected two satellites: vorlix contacts A B");
@@ -329,7 +345,7 @@ ReadWords readWords(const std::vector<std::string>& words)
         takeCommon(values, task, read.request);
         const unsigned bit = bitOf(task.task);
         takeSatellites(values, task, read.request);
-        if (task.task != Task::convert)
+        if (task.task != Task::convert && task.task != Task::report)
             takeWhereAndWhen(values, read.request);
         takeLight(values, read.request);
         takeSteps(values, read.request);

@@ -19,7 +19,8 @@ enum class Task
     match,
     convert,
     next,
-    now
+    now,
+    report
 };
 
 /// How a command line ends.
@@ -74,6 +75,9 @@ struct Request
 
     /// Whether the passes shall have magnitudes.
     bool wantsBrightness() const { return brighter || byMagnitude || darkSky; }
+
+    std::vector<std::string> reports;  // files of observations; "-" is standard input
+    int angleCode = 0;                 // of reports that are written; 0: as they were read
 
     std::vector<std::string> kinds;      // of events
     std::optional<Angles> place;         // in the sky, for occultations; J2000

@@ -93,7 +93,7 @@ std::vector<std::string> siteNames(const WinpData& in)
 bool needsSite(const Request& request)
 {
     const bool above = request.task == Task::track || request.task == Task::state || request.task == Task::contacts;
-    return request.task != Task::convert && (!above || request.from == "tonight");
+    return request.task != Task::convert && request.task != Task::report && (!above || request.from == "tonight");
 }
 
 Problem findSite(Session& session, bool saved)
@@ -227,6 +227,8 @@ Problem holdInput(ElementFile& file, std::FILE* input)
 
 Problem openFiles(Session& session, const Channels& channels)
 {
+    if (session.request.task == Task::report)
+        return {};
     std::vector<std::string> names = session.request.files;
     const bool saved = names.empty();
     if (saved)
@@ -251,10 +253,15 @@ Problem checkOutput(const Session& session)
     if (session.request.output.empty())
         return {};
     const QFileInfo output(QString::fromStdString(session.request.output));
+    const auto is = [&output](const std::string& path) {
+        return output.exists() &&
+               output.canonicalFilePath() == QFileInfo(QString::fromStdString(path)).canonicalFilePath();
+    };
     for (const ElementFile& file : session.files)
-        if (output.exists() &&
-            output.canonicalFilePath() == QFileInfo(QString::fromStdString(file.path)).canonicalFilePath())
+        if (is(file.path))
             return wrongWords(session.request, "--output is an element file that is read; expected another name");
+    if (std::any_of(session.request.reports.begin(), session.request.reports.end(), is))
+        return wrongWords(session.request, "--output is a file that is read; expected another name");
     return {};
 }
 

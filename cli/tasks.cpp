@@ -1,5 +1,7 @@
 #include "cli/tasks.h"
 
+#include "observing/observation_list.h"
+
 ListKind listOf(const Request& request)
 {
     switch (request.task) {
@@ -16,6 +18,8 @@ ListKind listOf(const Request& request)
         return {"states", stateColumns(), ""};
     case Task::match:
         return {"matches", matchColumns(), ""};
+    case Task::report:
+        return {"observations", observationColumns(), ""};
     case Task::convert:
         return {"", {}, ""};
     default:

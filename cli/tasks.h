@@ -17,4 +17,5 @@ Problem lookAt(const Session& session, const Channels& channels, Answer& answer)
 Problem followTracks(const Session& session, const Channels& channels, Answer& answer);
 Problem tellStates(const Session& session, const Channels& channels, Answer& answer);
 Problem whatIsUp(const Session& session, const Channels& channels, Answer& answer);
+Problem tellReports(const Session& session, const Channels& channels, Answer& answer);
 Problem convertElements(const Session& session, const Channels& channels, Answer& answer);

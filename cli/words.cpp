@@ -49,17 +49,22 @@ constexpr std::array tasks{
      {"next --limit 5", "next --visible --min-elevation 20 --format json"}},
     TaskWords{Task::now, "now", "", "which satellites are up now", listForms,
      {"now", "now --visible --format csv"}},
+    TaskWords{Task::report, "report", "FILE...", "observations of IOD, UK and RDE reports, and the reports in another form",
+     "table csv json ndjson iod uk rde",
+     {"report seen.iod", "report seen.iod old.uk --format iod --code 3 --output all.iod"}},
 };
 
 constexpr unsigned everyTask = (1u << tasks.size()) - 1;
-constexpr unsigned lists = everyTask & ~bitOf(Task::convert);
+constexpr unsigned observed = bitOf(Task::report);
+constexpr unsigned computed = everyTask & ~bitOf(Task::report);  // from elements
+constexpr unsigned lists = computed & ~bitOf(Task::convert);
 constexpr unsigned stepped = bitOf(Task::look) | bitOf(Task::track) | bitOf(Task::state);
 constexpr unsigned searched = bitOf(Task::passes) | bitOf(Task::events) | bitOf(Task::next);
 constexpr unsigned conditions = searched | bitOf(Task::match) | bitOf(Task::now);
 
 constexpr std::array options{
-    OptionWords{"elements", "FILE", everyTask, "element file of any form, - for standard input; may come again"},
-    OptionWords{"satellite", "WHICH", everyTask & ~bitOf(Task::contacts),
+    OptionWords{"elements", "FILE", computed, "element file of any form, - for standard input; may come again"},
+    OptionWords{"satellite", "WHICH", computed & ~bitOf(Task::contacts),
                 "start of a name, catalogue number or designator (1998-067A); may come again"},
     OptionWords{"site", "LAT,LON[,HEIGHT]", lists, "the observer, degrees (north and east positive) and metres"},
     OptionWords{"site-name", "NAME", lists, "the observer by the name of a saved or a launch site"},
@@ -67,10 +72,10 @@ constexpr std::array options{
                 "ISO 8601, now (as without it) or tonight: from sunset to sunrise at the site"},
     OptionWords{"to", "TIME", lists & ~bitOf(Task::match) & ~bitOf(Task::now), "ISO 8601 or now"},
     OptionWords{"days", "NUMBER", lists & ~bitOf(Task::match) & ~bitOf(Task::now), "length of the interval"},
-    OptionWords{"zone", "ZONE", lists,
+    OptionWords{"zone", "ZONE", lists | observed,
                 "zone of times without one and of those in tables: Z, +01:00, 1, local, Europe/Vienna"},
     OptionWords{"limit", "NUMBER", everyTask, "no more rows than this"},
-    OptionWords{"workers", "NUMBER", everyTask, "threads; as many as there are cores without it"},
+    OptionWords{"workers", "NUMBER", computed, "threads; as many as there are cores without it"},
     OptionWords{"format", "FORM", everyTask, "form of the answer"},
     OptionWords{"output", "FILE", everyTask, "where the answer goes instead of standard output"},
     OptionWords{"order", "ORDER", searched | bitOf(Task::match),
@@ -105,6 +110,7 @@ constexpr std::array options{
     OptionWords{"radius", "DEGREES", bitOf(Task::match), "how far off it may be; 2 without it"},
     OptionWords{"window", "MINUTES", bitOf(Task::match), "how much earlier or later; 1 without it"},
     OptionWords{"direction", "DEGREES", bitOf(Task::match), "where it moved: 0 up, 90 right; within 45 degrees"},
+    OptionWords{"code", "NUMBER", observed, "form of the angles in reports, 1 to 7 as IOD counts; as they were without it"},
     OptionWords{"no-config", nullptr, everyTask, "as if no configuration were saved"},
     OptionWords{"clock", "TIME", everyTask, "the instant that counts as now, for answers that can be repeated"},
     OptionWords{"help", nullptr, everyTask, "this text"},

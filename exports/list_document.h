@@ -19,7 +19,10 @@ enum class ListForm : int
     oem,
     tle,
     xml,
-    kvn
+    kvn,
+    iod,
+    uk,
+    rde
 };
 
 /// What a list is called and how its rows look.

@@ -217,6 +217,12 @@ int fullYear(int twoDigits)
     return twoDigits < 57 ? 2000 + twoDigits : 1900 + twoDigits;
 }
 
+bool hasTwoDigitYear(double mjd)
+{
+    constexpr double start1957 = 35839.0, start2057 = 72364.0, halfSecondDays = 0.5 / 86400.0;
+    return mjd >= start1957 && mjd < start2057 - halfSecondDays;
+}
+
 std::string wide(std::string text, std::size_t width)
 {
     text.resize(width, ' ');

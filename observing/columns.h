@@ -60,6 +60,9 @@ DateDigits dateDigits(double mjd, int decimals);
 /// The year of two digits: 57 to 99 are of the 20th century.
 int fullYear(int twoDigits);
 
+/// Whether the year of an instant can be told by two digits.
+bool hasTwoDigitYear(double mjd);
+
 /// `text` as wide as the field, blanks behind.
 std::string wide(std::string text, std::size_t width);
 

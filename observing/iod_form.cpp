@@ -93,13 +93,17 @@ void readBrightness(std::string_view line, Observation& o)
     o.period = impliedPoint(columns(line, 75, 80), 3).value_or(0.0);
 }
 
-/// The code for the angles of an observation that comes nearest to one that is wished.
+/// The code for the angles of an observation that comes nearest to one that is wished. What is less sure than can be told
+/// in seconds goes into minutes.
 int codeFor(const Observation& o, int wish)
 {
+    constexpr double mostUnits = 95.0;
     constexpr std::array equatorialOf{2, 1, 2, 3, 1, 2, 3, 7};
     constexpr std::array horizontalOf{5, 4, 5, 6, 4, 5, 6, 6};
     const std::size_t i = wish >= 1 && wish <= 7 ? std::size_t(wish) : 0;
-    return o.angles == SkyAngles::horizontal ? horizontalOf[i] : equatorialOf[i];
+    const int code = o.angles == SkyAngles::horizontal ? horizontalOf[i] : equatorialOf[i];
+    const bool inSeconds = code == 1 || code == 4;
+    return inSeconds && o.angleError * 3600.0 > mostUnits ? code + 1 : code;
 }
 
 std::string anglesText(const Observation& o, int code, char epoch)
@@ -181,7 +185,10 @@ ReadLine readIodLine(std::string_view line)
     if (!looksLikeIod(line))
         return {};
     Observation o;
-    o.number = std::atoi(columns(line, 1, 5).c_str());
+    const std::string number = trimmedColumns(line, 1, 5);
+    if (!number.empty() && !allDigits(number))
+        return wrong(line, 1, 5, "a catalogue number");
+    o.number = std::atoi(number.c_str());
     o.designator = designatorOf(line);
     const std::string station = columns(line, 17, 20);
     if (!allDigits(station))

@@ -32,8 +32,8 @@ std::string tenths(const std::optional<double>& value, std::size_t width)
     if (!value)
         return std::string(width, ' ');
     const long n = std::lround(std::abs(*value) * 10.0);
-    const std::string text =
-        (*value < 0.0 && n > 0 ? "-" : "") + std::to_string(n / 10) + '.' + std::to_string(n % 10);
+    std::string text(*value < 0.0 && n > 0 ? "-" : "");
+    text.append(std::to_string(n / 10)).append(1, '.').append(std::to_string(n % 10));
     return text.size() < width ? std::string(width - text.size(), ' ') + text : text.substr(0, width);
 }
 
@@ -66,6 +66,8 @@ std::string misfit(const Observation& o)
     const int piece = o.designator.size() > 8 ? pieceNumber(o.designator.substr(8)) : 0;
     if (piece < 1 || piece > 99)
         return "the form needs a designator with one of the first 99 pieces of a launch";
+    if (!hasTwoDigitYear(o.mjd))
+        return "the form needs a year from 1957 to 2056";
     if (o.angles != SkyAngles::equatorial)
         return "the form needs right ascension and declination";
     return iodLine(o).complaint;
@@ -105,7 +107,7 @@ bool RdeBlock::startsBlock(std::string_view line)
     common = {};
     common.station = std::atoi(columns(line, 1, 4).c_str());
     yearMonth = std::to_string(fullYear(std::atoi(columns(line, 6, 7).c_str()))) + columns(line, 8, 9);
-    common.timeError = typedNumber(columns(line, 11, 13)).value_or(0.0);
+    common.timeError = std::max(typedNumber(columns(line, 11, 13)).value_or(0.0), 0.0);
     common.angleError = impliedPoint(columns(line, 17, 19), 3).value_or(0.0) * degreePerArcsec;
     common.equinox = *equinox;
     return true;
@@ -137,7 +139,7 @@ ReadLine RdeBlock::dataOf(std::string_view line) const
     o.second = sign == '-' ? -*dec : *dec;
     o.magnitude = typedNumber(trimmedColumns(line, 32, 35));
     o.faintest = typedNumber(trimmedColumns(line, 36, 39));
-    o.period = typedNumber(trimmedColumns(line, 40, 42)).value_or(0.0);
+    o.period = std::max(typedNumber(trimmedColumns(line, 40, 42)).value_or(0.0), 0.0);
     o.behaviour = columns(line, 43, 43)[0];
     return {o, {}};
 }

@@ -172,6 +172,8 @@ WrittenReport ukLine(const Observation& o, int code)
     const std::string piece = o.designator.size() > 8 ? pieceText(o.designator.substr(8)) : std::string();
     if (piece.empty())
         return {{}, "the form needs a designator with one of the first 99 pieces of a launch"};
+    if (!hasTwoDigitYear(o.mjd))
+        return {{}, "the form needs a year from 1957 to 2056"};
     if (o.angles == SkyAngles::none)
         return {{}, "the form needs a position"};
     if (std::string why = iodLine(o, code).complaint; !why.empty() && o.number <= 99999)

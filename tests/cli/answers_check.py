@@ -9,6 +9,7 @@ library is missing.
 import csv
 import io
 import json
+import pathlib
 import re
 import signal
 import subprocess
@@ -67,6 +68,15 @@ def check_lists(lists):
                 cell = cells[name]
                 same = cell == value or (value is None and cell == "") or float(cell) == value
                 assert same, (task, name, value, cell)
+
+
+def check_reports():
+    report = str(pathlib.Path(__file__).parent.parent / "data/observing/seen.iod")
+    whole = jsonschema.Draft202012Validator(json.load(open(schema_name, encoding="utf-8")))
+    done = subprocess.run([vorlix, "report", report, "--format", "json"], capture_output=True, check=True)
+    document = json.loads(done.stdout)
+    whole.validate(document)
+    assert len(document["observations"]) == 6
 
 
 def check_calendar(task, words, start):
@@ -132,6 +142,7 @@ check_end(lambda running: running.send_signal(signal.SIGINT), signal.SIGINT)
 check_end(lambda running: running.stdout.close(), signal.SIGPIPE)
 check_lists(LISTS)
 check_lists({"passes": SITE + ["--from", "tonight", "--brighter", "3", "--length", "5", "--dark-sky"]})
+check_reports()
 check_calendar("passes", LISTS["passes"], "start")
 check_calendar("events", LISTS["events"], "time")
 check_calendar("contacts", LISTS["contacts"], "start")

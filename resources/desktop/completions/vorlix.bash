@@ -4,7 +4,7 @@ _vorlix()
     local current=${COMP_WORDS[COMP_CWORD]} before=${COMP_WORDS[COMP_CWORD - 1]} task=${COMP_WORDS[1]}
     local words= files=
     if [ "$COMP_CWORD" -eq 1 ]; then
-        words="passes events contacts look track state match convert next now --help --version"
+        words="passes events contacts look track state match convert next now report --help --version"
     else
         case $before in
             --elements | --output) files=1 ;;
@@ -20,6 +20,7 @@ _vorlix()
                     convert) words="tle csv json xml kvn" ;;
                     next) words="table csv json ndjson ics" ;;
                     now) words="table csv json ndjson" ;;
+                    report) words="table csv json ndjson iod uk rde" ;;
                 esac
                 ;;
             --order) words="time entry" ;;
@@ -31,6 +32,7 @@ _vorlix()
             --at) words="now" ;;
             --clock) words="now" ;;
             --zone) words="Z local" ;;
+            --code) words="1 2 3 4 5 6 7" ;;
             --satellite | --site | --site-name | --days | --limit | --workers | --min-elevation | --max-sun | --min-duration | --brighter | --place | --mirror | --normal | --max-distance | --max-magnitude | --step | --frequency | --length | --azel | --radec | --radius | --window | --direction) ;;
             *)
                 case $task in
@@ -44,10 +46,15 @@ _vorlix()
                     convert) words="--elements --satellite --limit --workers --format --output --no-config --clock --help" ;;
                     next) words="--elements --satellite --site --site-name --from --to --days --zone --limit --workers --format --output --order --visible --moonshine --all --min-elevation --max-sun --no-config --clock --help" ;;
                     now) words="--elements --satellite --site --site-name --from --zone --limit --workers --format --output --visible --moonshine --all --min-elevation --max-sun --no-config --clock --help --length" ;;
+                    report) words="--zone --limit --format --output --no-config --clock --help --code" ;;
                 esac
                 ;;
         esac
     fi
+    # names of files stand behind these tasks themselves
+    case $task in
+        report) [ "$COMP_CWORD" -gt 1 ] && [ "${current#-}${before#--}" = "$current$before" ] && files=1 ;;
+    esac
     if [ -n "$files" ]; then
         mapfile -t COMPREPLY < <(compgen -f -- "$current")
     else
