@@ -257,6 +257,17 @@ std::span<const VorlixApp::ActionRow> VorlixApp::actionRows()
                  "spreadsheets, .json for programs, .ics for calendars, .geojson for maps, .txt for the lines as they "
                  "are. A table of passes can take each of them, other reports .txt and .csv."),
             &App::slotFileExport, nullptr},
+        ActionRow{&App::fileObservation, "fileObservation", TEXT("Save O&bservation..."), "Ctrl+J", "",
+            TEXT("Adds an observation to a file of reports."),
+            TEXT("Save Observation\n\nWrites the position of a satellite as a line of an observation report: from the "
+                 "trail on the picture, from the last sighting, from an orbit determination, or typed. Station and "
+                 "accuracies are those of Station in the Input menu."),
+            &App::slotFileObservation, nullptr},
+        ActionRow{&App::inputStation, "inputStation", TEXT("S&tation..."), "", "",
+            TEXT("Number and accuracies of your observing station."),
+            TEXT("Station\n\nSets the number of your station and how sure its times and positions are, for the reports "
+                 "of Save Observation. The place set under Location becomes that of the station."),
+            &App::slotInputStation, nullptr},
         ActionRow{&App::editCopy, "editCopy", TEXT("&Copy"), "Ctrl+Shift+C", "",
             TEXT("Copies the report on the screen to the clipboard"),
             TEXT("Copy\n\nPuts the report on the screen on the clipboard, as text and, for spreadsheets, as comma "

@@ -155,10 +155,10 @@ void VorlixApp::initMenuBar()
 {
     fileMenu = makeMenu("fileMenu", tr("&File"),
                         {fileOpen, fileUpdate, nullptr, fileSave, fileSaveAs, nullptr, fileTLESave, fileTLESaveAs,
-                         nullptr, filePicture, nullptr, fileQuit, nullptr, fileExport});
-    inputMenu = makeMenu(
-        "inputMenu", tr("&Input"),
-        {inputSelectSat, inputRemoveSat, inputNextSat, nullptr, inputDate, inputLocation, nullptr, inputIers});
+                         nullptr, filePicture, nullptr, fileQuit, nullptr, fileExport, fileObservation});
+    inputMenu = makeMenu("inputMenu", tr("&Input"),
+                         {inputSelectSat, inputRemoveSat, inputNextSat, nullptr, inputDate, inputLocation, nullptr,
+                          inputIers, inputStation});
     calcMenu = makeMenu("calcMenu", tr("&Calculate"),
                         {calcAOS, calcAllSats, calcOrbitTrack, nullptr, calcIridium, nullptr, calcMatch});
     manvMenu = makeMenu("manvMenu", tr("&Maneuver"),

@@ -46,6 +46,7 @@ public Q_SLOTS:
     void slotFilePicture();
     void slotFileQuit();
     void slotFileExport();
+    void slotFileObservation();
     void slotEditCopy();
 
     void slotInputSelectSat();
@@ -54,6 +55,7 @@ public Q_SLOTS:
     void slotInputDate();
     void slotInputLocation();
     void slotInputIers();
+    void slotInputStation();
 
     void slotCalcAOS();
     void slotCalcAllSats();
@@ -169,6 +171,7 @@ private:
     QAction* filePicture = nullptr;
     QAction* fileQuit = nullptr;
     QAction* fileExport = nullptr;
+    QAction* fileObservation = nullptr;
     QAction* editCopy = nullptr;
     QAction* inputSelectSat = nullptr;
     QAction* inputRemoveSat = nullptr;
@@ -176,6 +179,7 @@ private:
     QAction* inputDate = nullptr;
     QAction* inputLocation = nullptr;
     QAction* inputIers = nullptr;
+    QAction* inputStation = nullptr;
     QAction* calcAOS = nullptr;
     QAction* calcOrbitTrack = nullptr;
     QAction* calcAllSats = nullptr;

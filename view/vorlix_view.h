@@ -169,6 +169,12 @@ public:
     void vRendz();
     void vOrbDet();
 
+    // --- observers
+    /// Asks for number and accuracies of the station; the observer's place becomes the station's.
+    void vStation();
+    /// Adds an observation to a file of reports.
+    void vSaveObservation();
+
     // --- settings; those with a result give 1 if the user cancelled
     int vInputDate();
     int vInputLocation();

@@ -17,6 +17,9 @@ private Q_SLOTS:
         keepers["record"] = [](const QStringList& words, QStringList& kept) {
             kept << QString::number(numberOf(words[0], words[1].toInt()), 'g', words[2].toInt());
         };
+        keepers["words"] = [this](const QStringList& words, QStringList& kept) {
+            kept << QString(place->read(words[0])).simplified();
+        };
         keepers["name"] = [](const QStringList& words, QStringList& kept) {
             const int slot = words[0].toInt();
             kept << (fieldQString(indata->fsname[slot]) + ", " + fieldQString(indata->ldsn[slot])).trimmed();

@@ -29,12 +29,14 @@
 #include "dialogs/st_map_dialog.h"
 #include "dialogs/st_match_dialog.h"
 #include "dialogs/st_obs_dialog.h"
+#include "dialogs/st_observation_dialog.h"
 #include "dialogs/st_orb_det_dialog.h"
 #include "dialogs/st_pass_dialog.h"
 #include "dialogs/st_quick_dialog.h"
 #include "dialogs/st_rem_sat_dialog.h"
 #include "dialogs/st_sel_sat_dialog.h"
 #include "dialogs/st_state_dialog.h"
+#include "dialogs/st_station_dialog.h"
 #include "dialogs/st_step_dialog.h"
 #include "dialogs/st_switch_dialog.h"
 #include "dialogs/st_sys_conf_dialog.h"
@@ -86,6 +88,9 @@ const DialogCase dialogCases[] = {
     {"Orbit Determination", make<StOrbDetDialog>, "", "okButton", "cancelButton"},
     {"Astrometry", make<StAstDialog>, "", "okButton", "cancelButton"},
     {"Pass Details", make<StPassDialog>, "", "closeButton", nullptr},
+    {"Observing Station", make<StStationDialog>, "", "okButton", "cancelButton", "numberEdit"},
+    {"Save Observation", make<StObservationDialog>, "", "okButton", "cancelButton", "numberEdit",
+     "designatorEdit timeEdit magnitudeEdit fileEdit"},
     {"Quick Help", make<StQuickDialog>, "", "okButton", nullptr},
 };
 

@@ -1,0 +1,19 @@
+// The slots of the commands for observers.
+
+#include "app/vorlix_app.h"
+
+#include "view/vorlix_view.h"
+
+void VorlixApp::slotInputStation()
+{
+    showStatus(tr("Set the observing station..."));
+    view->vStation();
+    showStatus(tr("Ready."));
+}
+
+void VorlixApp::slotFileObservation()
+{
+    showStatus(tr("Saving an observation..."));
+    view->vSaveObservation();
+    showStatus(tr("Ready."));
+}
