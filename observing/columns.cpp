@@ -74,11 +74,6 @@ std::string trimmedColumns(std::string_view line, std::size_t from, std::size_t 
     return std::string(withoutBlanksBehind(text));
 }
 
-bool isDigit(char c)
-{
-    return c >= '0' && c <= '9';
-}
-
 bool allDigits(std::string_view text)
 {
     return !text.empty() && std::all_of(text.begin(), text.end(), isDigit);

@@ -1,6 +1,7 @@
 // Fields of lines with fixed columns: their texts, numbers, angles and times.
 #pragma once
 
+#include "elements/characters.h"
 #include "observing/observation.h"
 
 #include <optional>
@@ -13,7 +14,6 @@ std::string columns(std::string_view line, std::size_t from, std::size_t to);
 /// The same without blanks at both ends.
 std::string trimmedColumns(std::string_view line, std::size_t from, std::size_t to);
 
-bool isDigit(char c);
 bool allDigits(std::string_view text);  // and at least one
 bool blank(std::string_view text);
 
