@@ -35,6 +35,7 @@ bool inTimeOrder(const Request& request)
     case Task::now:
     case Task::convert:
     case Task::report:
+    case Task::fit:
         return false;
     default:
         return !request.entryOrder;

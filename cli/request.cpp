@@ -297,18 +297,25 @@ void takeReports(Values& values, Request& request)
     if (code && *code != std::floor(*code))
         values.complain("--code: expected a whole number from 1 to 7");
     request.angleCode = static_cast<int>(code.value_or(0));
+    request.geometric = values.on("geometric");
+    request.hold = values.all("hold");
+    for (const std::string& element : request.hold)
+        values.checkChoice("hold", element,
+                           {"inclination", "node", "eccentricity", "perigee", "anomaly", "motion", "drag"});
 }
 
 void takeSatellites(Values& values, const TaskWords& task, Request& request)
 {
-    if (task.task == Task::report) {
+    if (task.task == Task::report || task.task == Task::fit)
         takeReports(values, request);
+    if (task.task == Task::report)
         return;
-    }
     request.satellites = task.task == Task::contacts ? values.arguments : values.all("satellite");
     if (task.task == Task::contacts && request.satellites.size() != 2)
         values.complain("expected two satellites: vorlix contacts A B");
-    if (task.task != Task::contacts && !values.arguments.empty())
+    if (task.task == Task::fit && request.satellites.size() != 1)
+        values.complain("expected --satellite with the one to start from");
+    if (task.task != Task::contacts && task.task != Task::fit && !values.arguments.empty())
         values.complain(inQuotes(values.arguments[0]) +
                         ": expected an option, or --satellite in front of a satellite");
     for (const std::string& which : request.satellites)

@@ -20,7 +20,8 @@ enum class Task
     convert,
     next,
     now,
-    report
+    report,
+    fit
 };
 
 /// How a command line ends.
@@ -77,6 +78,8 @@ struct Request
     bool wantsBrightness() const { return brighter || byMagnitude || darkSky; }
 
     std::vector<std::string> reports;  // files of observations; "-" is standard input
+    std::vector<std::string> hold;     // elements that a fit leaves as they are
+    bool geometric = false;            // positions with the annual aberration taken off already
     int angleCode = 0;                 // of reports that are written; 0: as they were read
 
     std::vector<std::string> kinds;      // of events

@@ -20,6 +20,8 @@ ListKind listOf(const Request& request)
         return {"matches", matchColumns(), ""};
     case Task::report:
         return {"observations", observationColumns(), ""};
+    case Task::fit:
+        return {"residuals", residualColumns(), ""};
     case Task::convert:
         return {"", {}, ""};
     default:

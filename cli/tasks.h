@@ -18,4 +18,5 @@ Problem followTracks(const Session& session, const Channels& channels, Answer& a
 Problem tellStates(const Session& session, const Channels& channels, Answer& answer);
 Problem whatIsUp(const Session& session, const Channels& channels, Answer& answer);
 Problem tellReports(const Session& session, const Channels& channels, Answer& answer);
+Problem fitOrbits(const Session& session, const Channels& channels, Answer& answer);
 Problem convertElements(const Session& session, const Channels& channels, Answer& answer);

@@ -52,6 +52,10 @@ constexpr std::array tasks{
     TaskWords{Task::report, "report", "FILE...", "observations of IOD, UK and RDE reports, and the reports in another form",
      "table csv json ndjson iod uk rde",
      {"report seen.iod", "report seen.iod old.uk --format iod --code 3 --output all.iod"}},
+    TaskWords{Task::fit, "fit", "FILE...", "residuals of observations after a fit of the elements to them, or the new elements",
+     "table csv json ndjson tle",
+     {"fit seen.iod --satellite 25544 --site 48.2,16.4,200",
+      "fit seen.iod --elements visual.txt --satellite 25544 --hold drag --format tle --output better.txt"}},
 };
 
 constexpr unsigned everyTask = (1u << tasks.size()) - 1;
@@ -111,6 +115,10 @@ constexpr std::array options{
     OptionWords{"window", "MINUTES", bitOf(Task::match), "how much earlier or later; 1 without it"},
     OptionWords{"direction", "DEGREES", bitOf(Task::match), "where it moved: 0 up, 90 right; within 45 degrees"},
     OptionWords{"code", "NUMBER", observed, "form of the angles in reports, 1 to 7 as IOD counts; as they were without it"},
+    OptionWords{"hold", "ELEMENT", bitOf(Task::fit),
+                "not fitted: inclination, node, eccentricity, perigee, anomaly, motion or drag; may come again"},
+    OptionWords{"geometric", nullptr, bitOf(Task::fit),
+                "right ascensions are free of annual aberration; else they count as measured against stars"},
     OptionWords{"no-config", nullptr, everyTask, "as if no configuration were saved"},
     OptionWords{"clock", "TIME", everyTask, "the instant that counts as now, for answers that can be repeated"},
     OptionWords{"help", nullptr, everyTask, "this text"},

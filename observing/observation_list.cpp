@@ -24,6 +24,16 @@ constexpr std::array table{
     ListColumn{"behaviour", "b", 1},
     ListColumn{"condition", "c", 1},
 };
+
+constexpr std::array residualTable{
+    ListColumn{"time", "time", instantWidth},
+    ListColumn{"station", "site", 4},
+    ListColumn{"along_arcsec", "along \"", 9, 2, 1},
+    ListColumn{"across_arcsec", "across \"", 9, 2, 1},
+    ListColumn{"along_s", "sec", 9, 4, 3},
+    ListColumn{"along_error_arcsec", "+- \"", 7, 2, 1},
+    ListColumn{"across_error_arcsec", "+- \"", 7, 2, 1},
+};
 // clang-format on
 
 ListValue numberOrNone(double value)
@@ -69,4 +79,16 @@ ListRow observationRow(const Observation& o)
             numberOrNone(o.period),
             letterOrNone(o.behaviour),
             letterOrNone(o.condition)};
+}
+
+ListColumns residualColumns()
+{
+    return residualTable;
+}
+
+ListRow residualRow(const Observation& o, const FitResidual& r)
+{
+    constexpr double arcsecPerDeg = 3600.0;
+    return {ListTime{o.mjd}, static_cast<long long>(o.station), r.along * arcsecPerDeg,      r.across * arcsecPerDeg,
+            r.seconds,       r.sigmaAlong * arcsecPerDeg,       r.sigmaAcross * arcsecPerDeg};
 }

@@ -29,7 +29,7 @@ need_packages() {
     fi
 }
 
-build_packages=(g++ cmake ninja-build qt6-base-dev fonts-urw-base35 fontconfig libgtest-dev locales)
+build_packages=(g++ cmake ninja-build qt6-base-dev fonts-urw-base35 fontconfig libgtest-dev locales libeigen3-dev)
 
 # What build_preset builds; without a name here, everything.
 build_targets=()

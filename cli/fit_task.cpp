@@ -1,0 +1,137 @@
+// Elements fitted to observations.
+
+#include "cli/entry_walk.h"
+#include "cli/report_files.h"
+#include "cli/tasks.h"
+#include "elements/writer.h"
+#include "exports/rows.h"
+#include "observing/fit.h"
+#include "observing/observation_list.h"
+#include "observing/station.h"
+#include "reports/list_rows.h"
+
+#include <algorithm>
+#include <array>
+#include <cstdlib>
+#include <optional>
+#include <string>
+
+namespace {
+
+constexpr int primeSlot = 0;
+
+struct ElementWords
+{
+    const char* name;
+    const char* unit;
+    int decimals;
+};
+
+// in the order of the fit
+constexpr std::array elementWords{
+    ElementWords{"inclination", "deg", 5}, ElementWords{"node", "deg", 5},    ElementWords{"eccentricity", "", 8},
+    ElementWords{"perigee", "deg", 4},     ElementWords{"anomaly", "deg", 4}, ElementWords{"motion", "rev/day", 8},
+    ElementWords{"drag", "1/R", 8},
+};
+
+/// The observations of the satellite that have a position, each with its place.
+std::vector<SitedObservation> sited(const Session& session, const Channels& channels, const WinpData& in,
+                                    const std::vector<Observation>& observations)
+{
+    const Site own = siteOf(in);
+    std::vector<SitedObservation> wanted;
+    for (const Observation& o : observations) {
+        const bool same = o.number == 0 || o.number == in.norad[primeSlot];
+        if (o.angles == SkyAngles::none || !same)
+            continue;
+        const bool given = session.request.site || !session.request.siteName.empty();
+        const auto known = given ? std::optional(own) : siteOfStation(o.station);
+        if (!known)
+            channels.err("vorlix: the place of station " + std::to_string(o.station) +
+                         " is not known; the observer's place is taken\n");
+        wanted.push_back({o, known.value_or(own)});
+    }
+    return wanted;
+}
+
+FitRequest requestOf(const Session& session, const WinpData& in)
+{
+    FitRequest request;
+    request.start = orbitOf(in, primeSlot);
+    request.earth = earthOrientationOf(in);
+    request.againstStars = !session.request.geometric;
+    for (std::size_t k = 0; k < elementWords.size(); ++k)
+        request.free[k] =
+            std::count(session.request.hold.begin(), session.request.hold.end(), elementWords[k].name) == 0;
+    return request;
+}
+
+/// Old and new values with their formal errors, for people.
+std::string summary(const FitRequest& request, const FitResult& fit)
+{
+    const auto values = [](const Elements& e) { return std::array{e.inc, e.ra, e.ecc, e.aper, e.m0, e.n0, e.bstar}; };
+    const auto before = values(request.start.elements), after = values(fit.orbit.elements);
+    std::string text = "rms " + fixedNumber(fit.rms, 2) + " standard errors\n";
+    for (std::size_t k = 0; k < after.size(); ++k)
+        text += std::string(elementWords[k].name) + ": " + fixedNumber(before[k], elementWords[k].decimals) + " -> " +
+                fixedNumber(after[k], elementWords[k].decimals) +
+                (request.free[k] ? " +- " + fixedNumber(fit.sigma[k], elementWords[k].decimals) : " held") + ' ' +
+                elementWords[k].unit + '\n';
+    for (const std::string& warning : fit.warnings)
+        text += "warning: " + warning + '\n';
+    return text;
+}
+
+std::string twoLines(WinpData in, const Orbit& orbit)
+{
+    putElements(orbit.elements, in, primeSlot);
+    char* buffer = nullptr;
+    std::size_t size = 0;
+    FilePtr file(::open_memstream(&buffer, &size));
+    if (file)
+        writeTwoLines(file.get(), &in, primeSlot);
+    file.reset();
+    std::string text(buffer ? buffer : "", size);
+    std::free(buffer);
+    return text;
+}
+
+Problem fitOne(const Session& session, const Channels& channels, const WinpData& in,
+               const std::vector<Observation>& observations, Answer& answer)
+{
+    const std::vector<SitedObservation> wanted = sited(session, channels, in, observations);
+    const FitRequest request = requestOf(session, in);
+    if (!in.aflg[primeSlot])
+        return {status::unreadable, "vorlix: only elements of SGP4 can be fitted"};
+    const FitResult fit = fitElements(request, wanted);
+    if (!fit.complaint.empty())
+        return {status::nothingFound, "vorlix: no fit: " + fit.complaint};
+    if (!fit.converged)
+        return {status::nothingFound, "vorlix: no fit: the corrections come to no end"};
+    channels.err(summary(request, fit));
+    if (session.request.form == ListForm::tle)
+        answer.addText(0.0, twoLines(in, fit.orbit));
+    else
+        for (std::size_t i = 0; i < wanted.size(); ++i)
+            answer.add(wanted[i].observation.mjd, residualRow(wanted[i].observation, fit.residuals[i]));
+    return {};
+}
+
+}  // namespace
+
+Problem fitOrbits(const Session& session, const Channels& channels, Answer& answer)
+{
+    std::vector<Observation> observations;
+    if (const Problem problem = readReportFiles(session, channels, observations))
+        return problem;
+    bool done = false;
+    Problem fitting;
+    EntryWalk walk(session, channels, [&] { return done; });
+    const Problem problem = walk.oneByOne(*session.record, [&](WinpData& in) {
+        if (!done)
+            fitting = fitOne(session, channels, in, observations, answer);
+        done = true;
+    });
+    channels.err(walk.missing());
+    return problem ? problem : fitting;
+}

@@ -1,0 +1,71 @@
+// Mean elements from observations: a differential correction through SGP4 by weighted least squares.
+#pragma once
+
+#include "engine/site.h"
+#include "observing/observation.h"
+#include "orbit/orbit.h"
+
+#include <array>
+#include <span>
+#include <string>
+#include <vector>
+
+/// The elements that can be corrected, in this order: degrees, the eccentricity plain, rev/day, per Earth radius.
+namespace fitted {
+enum Element
+{
+    inclination,
+    node,
+    eccentricity,
+    perigee,
+    anomaly,
+    meanMotion,
+    drag,
+    count
+};
+}
+
+/// An observation with the place it was made from.
+struct SitedObservation
+{
+    Observation observation;
+    Site site;
+    bool used = true;  // false: it has a residual, but no weight
+};
+
+struct FitRequest
+{
+    Orbit start;  // its elements are where the search begins; the epoch stays
+    std::array<bool, fitted::count> free{true, true, true, true, true, true, true};
+    EarthOrientation earth;
+    bool againstStars = true;  // right ascensions of a named equinox were measured against catalogue stars
+};
+
+/// Observed minus computed, of one observation.
+struct FitResidual
+{
+    double along = 0;                        // degrees on the sky, in the direction of the motion
+    double across = 0;                       // degrees, to the left of it
+    double seconds = 0;                      // along, as time: positive if the satellite was ahead
+    double sigmaAlong = 0, sigmaAcross = 0;  // degrees, as weighted
+};
+
+struct FitResult
+{
+    bool converged = false;
+    std::string complaint;  // why nothing could be fitted
+    Orbit orbit;
+    std::vector<FitResidual> residuals;         // one for each observation
+    double rms = 0;                             // of the used residuals over their standard errors
+    std::array<double, fitted::count> sigma{};  // formal errors; 0 for elements that were held
+    std::vector<std::string> warnings;          // elements that the observations do not determine
+};
+
+/// The direction in which an orbit shows a satellite, as a unit vector in the frame of the observation: equator and
+/// equinox of its year, the true ones of date, or the horizon (south, east, zenith).
+///
+/// With light time; against stars the annual aberration is taken off, which the stars share and the satellite does
+/// not: it moves with the Earth. Diurnal aberration is the same for both.
+bool observedDirection(const FitRequest& request, const SitedObservation& sited, double mjd, Vec3& direction);
+
+FitResult fitElements(const FitRequest& request, std::span<const SitedObservation> observations);
