@@ -126,6 +126,25 @@ TEST(Fit, RecoversTheElementsAndThePlaceTenDaysAhead)
     EXPECT_GE(noise, 95);
 }
 
+/// The noise averages out to half a second of arc; light time, or the equation of the equinoxes, would leave several.
+TEST(Fit, LeavesNothingInTheMeanAtTheTrueElements)
+{
+    double ut1Utc = 0, along = 0, across = 0, count = 0;
+    for (const Set& set : readSets(ut1Utc)) {
+        FitRequest request = requestOf(set, ut1Utc);
+        request.start.elements = elementsOf(set.truth);
+        request.free = {true};  // the inclination alone
+        for (const FitResidual& r : fitElements(request, set.observations).residuals) {
+            along += r.along * 3600.0;
+            across += r.across * 3600.0;
+            ++count;
+        }
+    }
+    ASSERT_GT(count, 1000.0);
+    EXPECT_LT(std::abs(along / count), 1.5);
+    EXPECT_LT(std::abs(across / count), 1.5);
+}
+
 TEST(Fit, SaysWhatTheObservationsCannotTell)
 {
     double ut1Utc = 0;
