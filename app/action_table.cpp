@@ -251,6 +251,14 @@ std::span<const VorlixApp::ActionRow> VorlixApp::actionRows()
                  "here as well."),
             &App::slotSettSysConf, nullptr},
 
+        ActionRow{&App::settThorough, "settThorough", TEXT("&Thorough Search"), "", "",
+            TEXT("Lists of passes leave nothing out."),
+            TEXT("Thorough Search\n\nLists of passes hold every time in which a satellite can be seen, however short, "
+                 "each visible part of a pass on its own line, and start and end to the hundredth of a second. Without "
+                 "it the search goes by steps of a minute and more. Flares, transits and occultations stay as they "
+                 "are."),
+            nullptr, &App::slotSettThorough},
+
         ActionRow{&App::fileExport, "fileExport", TEXT("&Export..."), "", "",
             TEXT("Writes the report on the screen in another form"),
             TEXT("Export\n\nWrites the report on the screen into a file. The ending of its name tells the form: .csv for "

@@ -18,6 +18,7 @@
 
 #include "dialogs/st_quick_dialog.h"
 #include "elements/download.h"
+#include "record/further_settings.h"
 #include "record/progress.h"
 #include "record/winp_data.h"
 #include "view/message_boxes.h"
@@ -536,6 +537,14 @@ void VorlixApp::slotViewLeft(bool on)
 {
     showStatus(tr("Enable left mouse button."));
     view->vLeft(on);
+    showStatus(tr("Ready."));
+}
+
+void VorlixApp::slotSettThorough(bool on)
+{
+    showStatus(tr("Thorough search."));
+    view->vThorough(on);
+    openFurtherSettings().setValue(thoroughKey, on);
     showStatus(tr("Ready."));
 }
 

@@ -80,6 +80,7 @@ VorlixApp::VorlixApp()
     setFocus(Qt::OtherFocusReason);
     slotViewStatusBar(false);
     slotViewLeft(view->getLeft());
+    settThorough->setChecked(openFurtherSettings().value(thoroughKey).toBool());
 
     TLEname = view->getTLEname();
     if (TLEname.isEmpty())
@@ -171,7 +172,7 @@ void VorlixApp::initMenuBar()
                  {viewRefresh, viewSwitch,     nullptr,    viewMap,        viewText, viewNames,    viewPicture,
                   nullptr,     viewVisibility, viewStep,   viewMagnitude,  nullptr,  viewFontSize, viewLeft,
                   nullptr,     viewSize25,     viewSize50, viewNormalSize, nullptr,  viewToolBar,  viewStatusBar});
-    settMenu = makeMenu("settMenu", tr("&Settings"), {settSysConf});
+    settMenu = makeMenu("settMenu", tr("&Settings"), {settSysConf, settThorough});
     editMenu = makeMenu("editMenu", tr("&Edit"), {editCopy});
     helpMenu = makeMenu("helpMenu", tr("&Help"), {helpAbout, helpAboutQt, nullptr, helpQuick, nullptr, whatsThis});
 }

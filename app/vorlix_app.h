@@ -24,6 +24,9 @@ extern QString TLEname;  // where the element file dialog starts; empty: no vali
 extern int fntsz;        // point size of the text display as the main window knows it
 extern int picsize;      // reduction of the picture: 0 full, 2 half, 3 quarter
 
+/// In vorlix.ini: whether lists of passes leave nothing out.
+constexpr char thoroughKey[] = "search/thorough";
+
 class VorlixApp : public QMainWindow
 {
     Q_OBJECT
@@ -88,6 +91,7 @@ public Q_SLOTS:
     void slotViewMagnitude();
     void slotViewFontSize();
     void slotViewLeft(bool on);
+    void slotSettThorough(bool on);
     void size25();
     void size50();
     void normalSize();
@@ -214,6 +218,7 @@ private:
     QAction* viewToolBar = nullptr;
     QAction* viewStatusBar = nullptr;
     QAction* settSysConf = nullptr;
+    QAction* settThorough = nullptr;
     QAction* helpAbout = nullptr;
     QAction* helpAboutQt = nullptr;
     QAction* helpQuick = nullptr;

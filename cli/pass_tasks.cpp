@@ -5,8 +5,6 @@
 #include "cli/tasks.h"
 #include "engine/aos_list.h"
 #include "engine/pass_search.h"
-#include "engine/pass_walk.h"
-#include "engine/thorough_search.h"
 #include "record/slot_copy.h"
 #include "reports/list_rows.h"
 
@@ -26,31 +24,19 @@ bool longEnough(const Pass& pass, const Request& request)
     return (pass.tm[2] - pass.tm[0]) * secondsPerDay >= request.minDuration;
 }
 
-/// Calls `take` for each interval in which the conditions hold, however short.
-void eachInterval(WinpData& in, const Session& session, const std::function<bool(const Pass&)>& take)
-{
-    Pass pass;
-    double t = session.from;
-    while (findNextInterval({&in, satpos, primeSlot}, t, session.to, pass)) {
-        if (longEnough(pass, session.request) && !take(pass))
-            return;
-        t = pass.tm[2];
-    }
-}
-
 /// Calls `take` for each pass of the prime slot in the interval until it returns false.
 void eachPass(WinpData& in, const Session& session, const std::function<bool(const Pass&)>& take)
 {
-    if (session.request.thorough)
-        return eachInterval(in, session, take);
+    PassQuery query{&in, satpos, primeSlot};
+    query.thorough = session.request.thorough;
     double t = session.from;
     while (t <= session.to) {
         Pass pass;
-        if (nextpass(&in, primeSlot, t, session.to, pass.tm, pass.a, pass.b) == 0)
+        if (findNextPass(query, t, session.to, pass) == 0)
             return;
         if (longEnough(pass, session.request) && !take(pass))
             return;
-        const double next = timeAfterPass(in, primeSlot, pass);
+        const double next = timeAfterPass(query, pass);
         if (!(next > t))  // a time too far off for steps of a minute
             return;
         t = next;

@@ -125,13 +125,14 @@ void putSelectable(WinpData* in, WoutData* out, const TextWriter& line, double p
         in->aostm[in->naos++] = passStart;
 }
 
-void putPasses(WinpData* in, WoutData* out, const PassLimits& limits, bool automatic)
+void putPasses(WoutData* out, const PassQuery& query, bool automatic)
 {
+    WinpData* in = query.in;
     const double end = startMjd(in) + clampedSpan(in->dur);
     double t = startMjd(in);
     Pass pass;
     while (t <= end) {
-        const int result = findNextPass({in, satpos, in->prs, limits}, t, end, pass);
+        const int result = findNextPass(query, t, end, pass);
         if (result == 0 || !tellProgress(fieldText(in->fsname[in->prs]), pass.tm[2]))
             return;
         char text[192];
@@ -144,7 +145,7 @@ void putPasses(WinpData* in, WoutData* out, const PassLimits& limits, bool autom
             listed = addEvent(line, in, pass, automatic);
         if (listed)
             putSelectable(in, out, line, pass.tm[0]);
-        const double next = timeAfterPass(*in, in->prs, pass);
+        const double next = timeAfterPass(query, pass);
         if (!(next > t))  // a time too far off for steps of a minute
             return;
         t = next;
@@ -152,7 +153,7 @@ void putPasses(WinpData* in, WoutData* out, const PassLimits& limits, bool autom
 }
 
 /// False for a refusal, which is a text in `out` but no list.
-bool composeList(WinpData* in, WoutData* out)
+bool composeList(WinpData* in, WoutData* out, bool thorough)
 {
     const bool automatic = automaticWidth(*in);
     const PassLimits limits = listLimits(*in);
@@ -162,7 +163,7 @@ bool composeList(WinpData* in, WoutData* out)
         return false;
     }
     putHeading(out, *in, limits);
-    putPasses(in, out, limits, automatic);
+    putPasses(out, {in, satpos, in->prs, limits, in->iridflg, false, thorough}, automatic);
     if (in->naos < 1)
         putLines(out, {"", " *** No suitable pass found within time interval ***", ""});
     return true;
@@ -184,6 +185,13 @@ std::string writeList(WinpData* in, const WoutData& out)
 double timeAfterPass(const WinpData& in, int isat, const Pass& pass)
 {
     return in.rlm == 0 ? timeAfterPass(in.n0[isat], pass) : pass.tm[2] + oneMinuteDays;
+}
+
+double timeAfterPass(const PassQuery& q, const Pass& pass)
+{
+    if (thoroughSearch(q))
+        return pass.tm[2];
+    return q.absolute ? timeAfterPass(q.in->n0[q.isat], pass) : timeAfterPass(*q.in, q.isat, pass);
 }
 
 double timeAfterPass(double revPerDay, const Pass& pass)
@@ -240,7 +248,7 @@ PassLimits listLimits(const WinpData& in)
     return limits;
 }
 
-std::string aospass(WinpData* in, WoutData* out)
+std::string aospass(WinpData* in, WoutData* out, bool thorough)
 {
     in->naos = 0;
     out->nlines = 0;
@@ -249,6 +257,6 @@ std::string aospass(WinpData* in, WoutData* out)
                        " (and don't forget to press the SELECT button)", ""});
         return {};
     }
-    const bool listed = composeList(in, out) && !calculationEnded();
+    const bool listed = composeList(in, out, thorough) && !calculationEnded();
     return listed && in->tofile == 1 ? writeList(in, *out) : std::string();
 }

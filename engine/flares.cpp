@@ -220,7 +220,7 @@ double distanceFromLine(const InstantSearch& search, double t, double best)
 
 int findEvent(const PassQuery& query, bool groundPoint, Pass& pass)
 {
-    const auto& [in, sp, isat, limits, events, absolute] = query;
+    const auto& [in, sp, isat, limits, events, absolute, thorough] = query;
     auto& [tm, a, b] = pass;
     constexpr int found = 1;
     constexpr int nothing = 2;

@@ -6,6 +6,7 @@
 #include "engine/plain_walk.h"
 #include "engine/position.h"
 #include "engine/satpos_data.h"
+#include "engine/thorough_search.h"
 #include "record/progress.h"
 #include "record/text.h"
 #include "record/vector_registers.h"
@@ -151,6 +152,11 @@ PassLimits limitsOf(const WinpData& in)
     return {in.satel, in.sunel, in.maxdst};
 }
 
+bool thoroughSearch(const PassQuery& q)
+{
+    return q.thorough && q.events == event::plain && !relativeSearch(q);
+}
+
 bool relativeSearch(const PassQuery& q)
 {
     return !q.absolute && relativeMode(*q.in);
@@ -175,6 +181,8 @@ bool conditionsHold(const PassQuery& q)
 int findNextPass(const PassQuery& q, double t0, double t1, Pass& pass, Pace pace)
 {
     releaseVectorRegisters();
+    if (thoroughSearch(q))
+        return findNextInterval(q, t0, t1, pass);
     if (q.events == event::iridium)
         q.in->occra = 0.0;
     return fastIsPossible(q, pace) ? nextBy(FastWalk(q, 1.0, pass), q, t0, t1, pass)

@@ -80,7 +80,11 @@ struct PassQuery
     PassLimits limits = limitsOf(*in);
     int events = in->iridflg;  // the kind looked for
     bool absolute = false;     // as if relative mode were off
+    bool thorough = false;     // plain passes at an observer: every interval, as `findNextInterval` does
 };
+
+/// Whether a search goes by intervals, not by steps.
+bool thoroughSearch(const PassQuery& query);
 
 /// Whether a search looks from the second satellite.
 bool relativeSearch(const PassQuery& query);

@@ -97,12 +97,12 @@ private:
 };
 
 /// Calls `take` for each pass or event of the list of the prime satellite.
-void eachListed(WinpData* in, double from, double to,
+void eachListed(WinpData* in, bool thorough, double from, double to,
                 const std::function<void(const Pass&, const std::optional<Event>&)>& take)
 {
     const bool automatic = automaticWidth(*in);
     const bool events = in->iridflg > event::plain && !relativeMode(*in);
-    const PassQuery query{in, satpos, in->prs, listLimits(*in)};
+    const PassQuery query{in, satpos, in->prs, listLimits(*in), in->iridflg, false, thorough};
     double t = from;
     while (t <= to && tellProgress(fieldText(in->fsname[in->prs]))) {
         Pass pass;
@@ -114,7 +114,7 @@ void eachListed(WinpData* in, double from, double to,
             if (event || !events)
                 take(pass, event);
         }
-        const double next = timeAfterPass(*in, in->prs, pass);
+        const double next = timeAfterPass(query, pass);
         if (!(next > t))
             return;
         t = next;
@@ -219,19 +219,19 @@ std::optional<ListForm> formOfName(std::string_view name)
     return std::nullopt;
 }
 
-std::string passListText(WinpData* in, ListForm form)
+std::string passListText(WinpData* in, ListForm form, bool thorough)
 {
     const Listing listing = listingOf(*in, in->iridflg);
     const double from = startMjd(in);
     const double to = from + clampedSpan(in->dur);
     GrowingList list(form, listing.kind, requestOf(*in, listing.task, from, to), *in);
-    eachListed(in, from, to, [&](const Pass& pass, const std::optional<Event>& event) {
+    eachListed(in, thorough, from, to, [&](const Pass& pass, const std::optional<Event>& event) {
         list.addItem(listedItem(in, form, list, pass, event));
     });
     return list.whole();
 }
 
-std::optional<std::string> allPassesText(WinpData* in, ListForm form)
+std::optional<std::string> allPassesText(WinpData* in, ListForm form, bool thorough)
 {
     struct Found
     {
@@ -252,7 +252,7 @@ std::optional<std::string> allPassesText(WinpData* in, ListForm form)
     Found all;
     const auto search = [&](WinpData* own) {
         Found found;
-        eachListed(own, from, to, [&](const Pass& pass, const std::optional<Event>& event) {
+        eachListed(own, thorough, from, to, [&](const Pass& pass, const std::optional<Event>& event) {
             const double time = pass.tm[own->iridflg > ::event::plain ? 1 : 0];
             found.items.emplace_back(time, listedItem(own, form, list, pass, event));
         });

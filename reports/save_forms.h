@@ -16,11 +16,11 @@ std::optional<ListForm> formOfName(std::string_view name);
 /// GeoJSON a pass is the line below the satellite. In relative mode these are the contacts of the two satellites.
 ///
 /// `iridflg` says what is looked for. Uses `satpos`; a calculation that the listener ends gives a part of the list.
-std::string passListText(WinpData* in, ListForm form);
+std::string passListText(WinpData* in, ListForm form, bool thorough = false);
 
 /// The same for every entry of the element file, in time order and never in relative mode; nothing if the file cannot be
 /// opened.
-std::optional<std::string> allPassesText(WinpData* in, ListForm form);
+std::optional<std::string> allPassesText(WinpData* in, ListForm form, bool thorough = false);
 
 /// The steps of the pass `aossel` of the last table: places in the sky, or points below the satellite. In a calendar it
 /// is the pass itself that stands, in GeoJSON the line below the satellite.

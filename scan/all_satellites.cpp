@@ -58,8 +58,8 @@ std::string headingOf(const WinpData& in, const PassLimits& limits)
 class Scan
 {
 public:
-    Scan(WinpData* record, const PassLimits& limits)
-        : in(record), entrySearch(record, limits), nothingSelected(record->satn < 1)
+    Scan(WinpData* record, const PassLimits& limits, bool thorough)
+        : in(record), entrySearch(record, limits, thorough), nothingSelected(record->satn < 1)
     {
         if (nothingSelected)
             in->satn = 1;
@@ -136,7 +136,7 @@ void Scan::joinSelection(const WinpData& hit)
 
 }  // namespace
 
-int AllSatAos(WinpData* in, std::string* why)
+int AllSatAos(WinpData* in, std::string* why, bool thorough)
 {
     const LongCalculation calculation;
     const auto before = std::make_unique<RecordsBefore>(*in);
@@ -148,7 +148,7 @@ int AllSatAos(WinpData* in, std::string* why)
     const PassLimits limits = listLimits(*in);
     if (refused(*in, limits))
         return -1;
-    std::string list = Scan(in, limits).list(elements.get(), headingOf(*in, limits));
+    std::string list = Scan(in, limits, thorough).list(elements.get(), headingOf(*in, limits));
     if (calculationEnded()) {
         before->putBack(in);
         return calculationCancelled;

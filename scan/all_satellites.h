@@ -14,7 +14,8 @@ struct WinpData;
 /// The entries are shared among `scanWorkers` threads, and the list does not depend on their number. The save file
 /// keeps its old content until the list is whole and sorted.
 ///
-/// @param why  receives the reason where the file cannot be written
-/// @return     0 done, 1 the save file cannot be written, 2 the element file cannot be opened, -1 input refused,
-///             `calculationCancelled`
-int AllSatAos(WinpData* in, std::string* why = nullptr);
+/// @param why       receives the reason where the file cannot be written
+/// @param thorough  see `PassQuery`
+/// @return          0 done, 1 the save file cannot be written, 2 the element file cannot be opened, -1 input refused,
+///                  `calculationCancelled`
+int AllSatAos(WinpData* in, std::string* why = nullptr, bool thorough = false);

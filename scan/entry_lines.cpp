@@ -62,8 +62,9 @@ bool operationalOrbit(const WinpData& in, int isat)
     return in.a[isat] >= band.lowKm && in.a[isat] <= band.highKm;
 }
 
-EntrySearch::EntrySearch(WinpData* in, const PassLimits& searchLimits)
+EntrySearch::EntrySearch(WinpData* in, const PassLimits& searchLimits, bool everyInterval)
     : limits(searchLimits),
+      thorough(everyInterval),
       automatic(automaticWidth(*in)),
       hitsJoinSelection(transitsOfDisk(*in) && in->maxdst == 0.0),
       start(startMjd(in)),
@@ -94,10 +95,11 @@ void EntrySearch::round(WinpData* in, EntryLines& lines) const
 {
     if (in->iridflg == event::iridium && in->ops && !operationalOrbit(*in, in->prs))
         return;
+    const PassQuery query{in, satpos, in->prs, limits, in->iridflg, absolute, thorough};
     double t = start;
     Pass pass;
     while (t <= end) {
-        const int result = findNextPass({in, satpos, in->prs, limits, in->iridflg, absolute}, t, end, pass);
+        const int result = findNextPass(query, t, end, pass);
         if (result == 0 || !tellProgress(fieldText(in->fsname[in->prs]), pass.tm[2]))
             return;
         char text[lineRoom];
@@ -109,7 +111,7 @@ void EntrySearch::round(WinpData* in, EntryLines& lines) const
             hit = addEvent(line, in, pass);
         if (hit)
             addLine(line, *in, lines);
-        const double next = timeAfterPass(in->n0[in->prs], pass);
+        const double next = timeAfterPass(query, pass);
         if (!(next > t))  // a time too far off for steps of a minute
             return;
         t = next;

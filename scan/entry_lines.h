@@ -23,9 +23,10 @@ struct EntryLines
 class EntrySearch
 {
 public:
-    /// @param in      the record of the scan
-    /// @param limits  as `listLimits` has them
-    EntrySearch(WinpData* in, const PassLimits& limits);
+    /// @param in        the record of the scan
+    /// @param limits    as `listLimits` has them
+    /// @param thorough  see `PassQuery`
+    EntrySearch(WinpData* in, const PassLimits& limits, bool thorough = false);
 
     /// All lines of the satellite in the prime slot; with solar panel flares in a second round as well. Works on
     /// `satpos`, and changes `in` as `nextpass` does; `irsolp` is off afterwards.
@@ -46,6 +47,7 @@ private:
     void addLine(TextWriter& line, const WinpData& in, EntryLines& lines) const;
 
     PassLimits limits;
+    bool thorough;
     bool automatic;
     bool hitsJoinSelection;
     double start, end;

@@ -49,7 +49,7 @@ void VorlixView::saveListInForm(ListForm form)
     if (chooseEventKind(indata) && !askDistance())
         return;
     std::string text;
-    if (!calculated([&] { text = passListText(indata, form); }))
+    if (!calculated([&] { text = passListText(indata, form, thorough); }))
         return;
     const std::string why = writeInForm(indata, form, text);
     if (why.empty())
@@ -62,7 +62,7 @@ void VorlixView::saveListInForm(ListForm form)
 int VorlixView::listAllInForm(ListForm form, std::string& why)
 {
     std::optional<std::string> text;
-    if (!calculated([&] { text = allPassesText(indata, form); }))
+    if (!calculated([&] { text = allPassesText(indata, form, thorough); }))
         return calculationCancelled;
     if (!text)
         return 2;
@@ -78,7 +78,7 @@ std::optional<std::string> VorlixView::tableInForm(ListForm form)
     WinpData record = *listedRecord;
     record.sgpsat = noSlot;
     std::string text;
-    const bool whole = calculated([&] { text = passListText(&record, form); });
+    const bool whole = calculated([&] { text = passListText(&record, form, listedThorough); });
     indata->sgpsat = noSlot;
     return whole ? std::optional(text) : std::nullopt;
 }
@@ -93,6 +93,7 @@ void VorlixView::noteListed()
 {
     listedRecord = std::make_unique<WinpData>(*indata);
     listedText = reportText();
+    listedThorough = thorough;
 }
 
 bool VorlixView::vExport(const QString& name)

@@ -44,7 +44,7 @@ bool VorlixView::listPasses(std::string* why)
     if (chooseEventKind(indata) && !askDistance())
         return true;
     std::string reason;
-    if (!calculated([&] { reason = aospass(indata, outdata); }))
+    if (!calculated([&] { reason = aospass(indata, outdata, thorough); }))
         return false;
     if (why)
         *why = reason;
@@ -81,7 +81,7 @@ int VorlixView::listAll()
         result = listAllInForm(*form, why);
     } else {
         const WaitCursor wait;
-        result = AllSatAos(indata, &why);
+        result = AllSatAos(indata, &why, thorough);
     }
     if (result == calculationCancelled)
         return result;

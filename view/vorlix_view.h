@@ -92,6 +92,9 @@ public:
     /// Names beside the markers; replots unless a real-time plot runs.
     void vNames(bool on);
     void vLeft(bool on);
+
+    /// Whether lists of passes hold every interval, see `findNextInterval`.
+    void vThorough(bool on) { thorough = on; }
     void vPicSwitch(bool on);
     void vQuit();
 
@@ -323,6 +326,8 @@ private:
 
     std::unique_ptr<WinpData> listedRecord;  // that the last table of passes was made with,
     std::string listedText;                  // and its lines
+    bool listedThorough = false;             // and how it was searched
+    bool thorough = false;                   // how lists of passes are searched
 
     // what of a plot need not be painted again by the next one
     std::optional<DrawnLegend> legend;  // in mapPix

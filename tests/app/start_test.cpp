@@ -46,6 +46,15 @@ private Q_SLOTS:
         QVERIFY(!action("viewLeft")->isChecked());  // starts so whatever the value
     }
 
+    void aThoroughSearchIsRemembered()
+    {
+        start();
+        QVERIFY(!action("settThorough")->isChecked());
+        action("settThorough")->trigger();
+        start();
+        QVERIFY(action("settThorough")->isChecked());
+    }
+
     void withoutElementFileTheHomeDirectoryIsTheWorkingOne()
     {
         QFile::remove("visual.txt");

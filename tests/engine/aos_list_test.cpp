@@ -14,11 +14,11 @@
 
 namespace {
 
-std::vector<std::string> listOf(WinpData& in)
+std::vector<std::string> listOf(WinpData& in, bool thorough = false)
 {
     WoutData out;
     out.nlines = 3;  // of an earlier report
-    aospass(&in, &out);
+    aospass(&in, &out, thorough);
     return reportLines(out);
 }
 
@@ -40,6 +40,24 @@ WinpData stationRecord()
     assignField(in.geoname, "Vienna");
     assignField(in.fsname[0], "ISS (ZARYA)         ");
     return in;
+}
+
+/// A pass of eleven seconds between shadow and horizon, and one of a moment; see the README.
+TEST(AosList, HoldsWhatStepsMissIfThorough)
+{
+    WinpData in = recordWith({23343}, {48.2, 16.37, 200.0});
+    in.year = 2018;
+    in.month = 1;
+    in.day = 20;
+    in.hour = 12;
+    in.dur = 1.5;
+    in.visflg = 1;
+    in.satel = 10.0;
+    in.sunel = -6.0;
+    EXPECT_EQ(tableLines(listOf(in)).size(), 0);
+    const std::vector<std::string> lines = tableLines(listOf(in, true));
+    ASSERT_EQ(lines.size(), 2);
+    EXPECT_EQ(lines[1], ".JAN 21  17:29:56 ( 15, 11)  17:29:56 ( 15, 11)  17:30:07 ( 13, 10)");
 }
 
 TEST(AosList, RefusesWithAText)
