@@ -9,8 +9,10 @@
 #include <QFile>
 #include <QFileDialog>
 #include <QFileInfo>
+#include <QGridLayout>
 #include <QImage>
 #include <QInputDialog>
+
 #include <QMessageBox>
 #include <QStatusBar>
 #include <QTimer>
@@ -28,6 +30,15 @@ namespace {
 
 constexpr int realTimeMilliseconds = 980;
 constexpr int deltaMilliseconds = 1;
+
+/// So that the frame of the window does not cut its title: room for the title and for the buttons beside it.
+void widenForTitle(QMessageBox& box)
+{
+    constexpr int frameButtonsPixels = 160;
+    const int width = box.fontMetrics().horizontalAdvance(box.windowTitle()) + frameButtonsPixels;
+    if (auto* grid = qobject_cast<QGridLayout*>(box.layout()))
+        grid->addItem(new QSpacerItem(width, 0), grid->rowCount(), 0, 1, grid->columnCount());
+}
 
 QString elementFileFilter()
 {
@@ -468,7 +479,8 @@ void VorlixApp::slotViewSwitch()
 void VorlixApp::slotViewMap()
 {
     showStatus(tr("Select world map or sky map parameters."));
-    view->vMapDialog();
+    if (view->vMapDialog() && !timer->isActive())
+        view->vRefreshP();  // a running plot brings satellites and legend back by itself
     showStatus(tr("Ready."));
 }
 
@@ -592,7 +604,10 @@ void VorlixApp::slotSettSysConf()
 
 void VorlixApp::slotHelpAbout()
 {
-    QMessageBox::about(this, tr("About..."), tr("Vorlix\nVersion 11.8"));
+    QMessageBox box(QMessageBox::Information, tr("About..."), tr("Vorlix\nVersion 11.8"), QMessageBox::Ok, this);
+    box.setIconPixmap(windowIcon().pixmap(32, 32));
+    widenForTitle(box);
+    box.exec();
 }
 
 void VorlixApp::slotQuickHelp()

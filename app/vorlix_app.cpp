@@ -80,6 +80,7 @@ VorlixApp::VorlixApp()
     setFocus(Qt::OtherFocusReason);
     slotViewStatusBar(false);
     slotViewLeft(view->getLeft());
+    viewLeft->setChecked(view->getLeft());
     settThorough->setChecked(openFurtherSettings().value(thoroughKey).toBool());
 
     TLEname = view->getTLEname();
@@ -101,7 +102,7 @@ VorlixApp::VorlixApp()
 /// In the status bar, which shows itself for that.
 void VorlixApp::tellMissing(const QStringList& names)
 {
-    statusBar()->show();
+    viewStatusBar->setChecked(true);
     statusBar()->showMessage(tr("Not found in the element file: %1").arg(names.join(QStringLiteral(", "))));
 }
 
@@ -185,6 +186,9 @@ void VorlixApp::initToolBar()
                    nullptr,        manvEdit, nullptr,     calcAOS,        calcIridium,  calcMatch, nullptr,
                    viewVisibility, viewStep, viewSwitch,  nullptr,        plotRT,       plotDelta, plotNext,
                    nullptr,        viewMap,  viewRefresh, nullptr,        nullptr,      whatsThis});
+    viewToolBar->setChecked(true);
+    connect(toolBar->toggleViewAction(), &QAction::toggled, viewToolBar,
+            &QAction::setChecked);  // hidden by its own menu
 }
 
 void VorlixApp::initStatusBar()

@@ -167,6 +167,13 @@ void VorlixView::scrollDsp(int dx, int dy)
 
 void VorlixView::vRefresh()
 {
+    redrawMap();
+    update();
+}
+
+/// A new background, which the screen does not show yet.
+void VorlixView::redrawMap()
+{
     dsplmd = filled::map;
     setCursor(Qt::CrossCursor);
     indata->dspmd = 1;
@@ -176,7 +183,13 @@ void VorlixView::vRefresh()
         QPainter painter(&picDsp);
         painter.drawPixmap(0, 0, picBase);
     }
-    update();
+}
+
+/// The same within a plot, whose marks and legend come to the screen with it.
+void VorlixView::redrawBehindPlot()
+{
+    redrawMap();
+    stale.addAll();
 }
 
 void VorlixView::drawBackground()
@@ -293,8 +306,10 @@ void VorlixView::vPicSwitch(bool on)
     indata->picflg = on;
     if (on)
         indata->dspmd = 1;
-    else if (indata->dspmd > 0)
+    else if (indata->dspmd > 0) {
         resize(dspPix.size());
+        vRefreshP();
+    }
     update();
 }
 

@@ -74,17 +74,17 @@ void VorlixView::refreshIfAged(double t)
     const auto older = [t](double days) { return std::abs(t - indata->mjdlast) > days; };
     if (diskWanted()) {
         if (!indata->diskon || older(oldMapDays))
-            vRefresh();
+            redrawBehindPlot();
         return;
     }
     if (indata->diskon) {
-        vRefresh();
+        redrawBehindPlot();
         return;
     }
     if (indata->mpnight && older(oldMapDays))
-        vRefresh();
+        redrawBehindPlot();
     if (indata->skymap && (indata->satsky || older(oldSkyDays(*indata))))
-        vRefresh();
+        redrawBehindPlot();
 }
 
 PlotScene VorlixView::sceneOf(double t, int circles) const

@@ -146,14 +146,14 @@ void VorlixView::vSwitch()
         dialog.getParams(indata->prs, indata->rlm);
 }
 
-void VorlixView::vMapDialog()
+bool VorlixView::vMapDialog()
 {
     WinpData& in = *indata;
     StMapDialog dialog(this);
     dialog.setParams(in.mgrid, in.mgrey, in.skyprj, in.mpnight, in.skymap, in.ra4d, in.skaz, in.satsky);
     dialog.setParamF(in.mfsz, in.bf, in.mapprj == 3 && !in.phwm ? 0 : in.mapprj, in.centmer, in.frequ, in.phwm);
     if (!accepted(dialog))
-        return;
+        return false;
     dialog.getParams(in.mgrid, in.mgrey, in.skyprj, in.mpnight, in.skymap, in.ra4d, in.skaz, in.satsky);
     dialog.getParamF(in.mfsz, in.bf, in.mapprj, in.centmer, in.frequ);
     if (in.centmer < 0)
@@ -161,6 +161,7 @@ void VorlixView::vMapDialog()
     if (in.frequ < 0)
         in.frequ = 0;
     vRefresh();
+    return true;
 }
 
 void VorlixView::vSysConf()

@@ -186,7 +186,7 @@ public:
     void vStep();
     void vMag();
     void vSwitch();
-    void vMapDialog();
+    bool vMapDialog();  // true if the map has changed
     void vSysConf();
 
     // --- world map
@@ -240,6 +240,8 @@ private:
     void makePixmaps();
     bool diskWanted() const;
     void chooseScales(bool disk);
+    void redrawMap();
+    void redrawBehindPlot();
     void drawBackground();
     void drawPhysicalMap(QPainter& painter);
     void copyMap(QPainter& painter, const QRect& part) const;

@@ -7,6 +7,7 @@
 #include <QScrollArea>
 #include <QSpinBox>
 #include <QStatusBar>
+#include <QToolBar>
 
 #include "app/app_helper.h"
 #include "scratch_dir.h"
@@ -43,7 +44,7 @@ private Q_SLOTS:
         QCOMPARE(fntsz, 8);
         QCOMPARE(fsz, 8);
         QVERIFY(indata->leftbtn);
-        QVERIFY(!action("viewLeft")->isChecked());  // starts so whatever the value
+        QVERIFY(action("viewLeft")->isChecked());
     }
 
     void aThoroughSearchIsRemembered()
@@ -53,6 +54,32 @@ private Q_SLOTS:
         action("settThorough")->trigger();
         start();
         QVERIFY(action("settThorough")->isChecked());
+    }
+
+    void theMarksOfTheBarsTellTheirState()
+    {
+        start();
+        auto* bar = app->findChild<QToolBar*>("toolBar");
+        QVERIFY(action("viewToolBar")->isChecked() && !action("viewStatusBar")->isChecked());
+        action("viewToolBar")->trigger();
+        QVERIFY(bar->isHidden());
+        bar->toggleViewAction()->trigger();
+        QVERIFY(!bar->isHidden() && action("viewToolBar")->isChecked());
+    }
+
+    void aChangedMapShowsItsSatellitesAtOnce()
+    {
+        place->write("vorlix.cfg", configurationWith({{8, "./visual.txt"}}));
+        start();
+        windows::select("SEASAT 1");
+        QCOMPARE(indata->satn, 1);
+        show();
+        choose("viewMap", {answer("accept")});
+        const QImage seen = canvas()->grab().toImage();
+        choose("plotCurrent");
+        QVERIFY(seen == canvas()->grab().toImage());
+        choose("viewRefresh");
+        QVERIFY(seen == canvas()->grab().toImage());
     }
 
     void withoutElementFileTheHomeDirectoryIsTheWorkingOne()

@@ -54,12 +54,15 @@ public:
     explicit PaintedRegion(QWidget* widget) { widget->installEventFilter(this); }
 
     QRegion region;
+    int times = 0;
 
 protected:
     bool eventFilter(QObject*, QEvent* event) override
     {
-        if (event->type() == QEvent::Paint)
+        if (event->type() == QEvent::Paint) {
             region += static_cast<QPaintEvent*>(event)->region();
+            ++times;
+        }
         return false;
     }
 };
@@ -136,6 +139,21 @@ private Q_SLOTS:
         painted.region = QRegion();
         view.SatPlot(januaryEvening + oneSecond, 1);
         QVERIFY(painted.region.isEmpty());
+    }
+
+    /// A background that a plot draws anew is not seen without legend and satellites.
+    void bringANewBackgroundAtOnce()
+    {
+        VorlixView view;
+        show(view, "skymap=1 satsky=1");
+        view.vRefresh();
+        PaintedRegion painted(view.viewport());
+        view.SatPlot(januaryEvening, 1);
+        view.SatPlot(januaryEvening + 60 * oneSecond, 0);
+        QCOMPARE(painted.times, 2);
+        const QImage seen = onScreen(view);
+        view.viewport()->repaint();
+        QVERIFY(seen == onScreen(view));
     }
 
     /// A tick that turns from the text to the map paints all of the map.

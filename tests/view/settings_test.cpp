@@ -40,10 +40,10 @@ private Q_SLOTS:
         int cancelled = 0;
         answering([&] { cancelled += view->vInputDate(); }, {});
         answering([&] { cancelled += view->vInputLocation(); }, {acts("latEdit=12 ddmmButton cancelButton")});
-        QCOMPARE(cancelled, 2);
-        for (const auto command :
-             {&VorlixView::vSetIERS, &VorlixView::vVisibility, &VorlixView::vStep, &VorlixView::vMag,
-              &VorlixView::vSwitch, &VorlixView::vMapDialog, &VorlixView::vSysConf}) {
+        answering([&] { cancelled += !view->vMapDialog(); }, {});
+        QCOMPARE(cancelled, 3);
+        for (const auto command : {&VorlixView::vSetIERS, &VorlixView::vVisibility, &VorlixView::vStep,
+                                   &VorlixView::vMag, &VorlixView::vSwitch, &VorlixView::vSysConf}) {
             QCOMPARE(answering([&] { (view.get()->*command)(); }, {}), 1);
         }
         QVERIFY(same());
