@@ -6,8 +6,6 @@
 namespace {
 
 constexpr double lowestElevationDeg = -90.0;
-constexpr double highestSunDeg = 90.001;  // no Sun stands higher, roundings included
-constexpr unsigned instantsPerTelling = 64;
 
 }  // namespace
 

@@ -17,6 +17,9 @@ constexpr double noneYetDeg = -100.0;      // before the scan of the maximum has
 constexpr int bisectionRounds = 6;
 constexpr int secondsPerMinute = 60;
 
+constexpr double highestSunDeg = 90.001;     // no Sun stands higher, roundings included
+constexpr unsigned instantsPerTelling = 64;  // the listener is asked so rarely
+
 /// The conditions at an observer, each looked at only if those before it hold.
 ///
 /// @param at  answers highEnough, dark, sunlit and moonlit

@@ -11,6 +11,7 @@
 #include "engine/lazy_position.h"
 #include "engine/pass_bounds.h"
 #include "engine/pass_search.h"
+#include "engine/pass_walk.h"
 #include "record/progress.h"
 #include "record/text.h"
 #include "record/vector_registers.h"
@@ -22,9 +23,7 @@ constexpr double secondsPerDay = 86400.0;
 constexpr double worthwhileS = 3.0;  // a shorter time is not worth a look at the guide instead of the model
 constexpr double roughS = 0.5;
 constexpr int mostRounds = 60;
-constexpr double stepShare = 0.15;        // of the time of a radian of the orbit
-constexpr double highestSunDeg = 90.001;  // no Sun stands higher, roundings included
-constexpr unsigned instantsPerTelling = 64;
+constexpr double stepShare = 0.15;  // of the time of a radian of the orbit
 
 constexpr double leastStepS = 0.004;       // an interval is not looked for more finely
 constexpr double longestStepS = 43200.0;   // whatever the bounds say
