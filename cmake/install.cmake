@@ -1,18 +1,29 @@
 # What `cmake --install` and the Debian package bring, below the prefix:
 #   lib/vorlix/    the program and its sample element files in one folder
 #   bin/vorlix     starts a copy of that folder in the user's home, where the program can keep its settings
-#   share/         launcher, icons, AppStream metadata, man page, completions, schema of the answers
+#   share/         launcher, icons, AppStream metadata, man page, completions, copyright, schema of the answers
 #   lib/, include/ the library, see library.cmake
 # The start script finds lib/ beside bin/, so the two names are fixed.
 set(CMAKE_SKIP_INSTALL_ALL_DEPENDENCY ON)  # nothing but the program is needed; the tests stay unbuilt
 set(desktop ${CMAKE_CURRENT_SOURCE_DIR}/resources/desktop)
+
+# What Debian wants compressed; without the time of day, so that two builds of one tree are equal.
+find_program(GZIP gzip REQUIRED)
+foreach(text ${desktop}/vorlix.1 ${CMAKE_CURRENT_SOURCE_DIR}/packaging/debian/changelog)
+  get_filename_component(name ${text} NAME)
+  execute_process(COMMAND ${GZIP} -9nc ${text} OUTPUT_FILE ${CMAKE_CURRENT_BINARY_DIR}/${name}.gz
+    COMMAND_ERROR_IS_FATAL ANY)
+  set_property(DIRECTORY APPEND PROPERTY CMAKE_CONFIGURE_DEPENDS ${text})
+endforeach()
+install(FILES ${CMAKE_CURRENT_BINARY_DIR}/vorlix.1.gz DESTINATION share/man/man1)
+install(FILES ${CMAKE_CURRENT_BINARY_DIR}/changelog.gz DESTINATION share/doc/vorlix)
 
 install(TARGETS vorlix RUNTIME DESTINATION lib/vorlix)
 install(DIRECTORY resources/elements/ DESTINATION lib/vorlix FILES_MATCHING PATTERN "*.txt")
 install(PROGRAMS ${desktop}/vorlix.sh DESTINATION bin RENAME vorlix)
 install(FILES ${desktop}/io.vorlix.Vorlix.desktop DESTINATION share/applications)
 install(FILES ${desktop}/io.vorlix.Vorlix.metainfo.xml DESTINATION share/metainfo)
-install(FILES ${desktop}/vorlix.1 DESTINATION share/man/man1)
+install(FILES ${CMAKE_CURRENT_SOURCE_DIR}/packaging/debian/copyright DESTINATION share/doc/vorlix)
 install(FILES ${desktop}/completions/vorlix.bash DESTINATION share/bash-completion/completions RENAME vorlix)
 install(FILES ${desktop}/completions/_vorlix DESTINATION share/zsh/site-functions)
 install(FILES ${desktop}/completions/vorlix.fish DESTINATION share/fish/vendor_completions.d)
@@ -34,7 +45,7 @@ install(CODE [[
 set(CPACK_GENERATOR DEB)
 set(CPACK_PACKAGE_NAME vorlix)
 set(CPACK_PACKAGE_VERSION ${PROJECT_VERSION})
-set(CPACK_PACKAGE_CONTACT "The Vorlix developers")
+set(CPACK_PACKAGE_CONTACT "The Vorlix developers <developers@vorlix.invalid>")
 set(CPACK_PACKAGE_DESCRIPTION_SUMMARY "desktop calculator for Earth satellites")
 set(CPACK_PACKAGING_INSTALL_PREFIX /usr)
 set(CPACK_STRIP_FILES ON)

@@ -37,7 +37,7 @@ check "the launcher names the command in full" grep -qxF "Exec=\"$prefix/bin/vor
 check "the launcher names an icon that is there" grep -qx "Icon=vorlix" "$launcher"
 metainfo=$share/metainfo/io.vorlix.Vorlix.metainfo.xml
 check "the metadata name this version" grep -q "<release version=\"$version\"" "$metainfo"
-check "the man page names this version" grep -q "^\.TH .*\"Vorlix $version\"" "$share/man/man1/vorlix.1"
+check "the man page names this version" zgrep -q "^\.TH .*\"Vorlix $version\"" "$share/man/man1/vorlix.1.gz"
 complete() {
     bash -c '. "$1"; shift; COMP_WORDS=("$@"); COMP_CWORD=$(($# - 1)); _vorlix; echo "${COMPREPLY[*]}"' - \
         "$share/bash-completion/completions/vorlix" "$@"
