@@ -6,7 +6,7 @@ cd "$(dirname "$0")" || exit 1
 . tools/packages.sh
 
 build=build-lint
-folders=(app astro bench cli design dialogs elements engine exports observing orbit record reports scan tests tools view)
+folders=(app astro bench cli design dialogs elements engine exports mounts observing orbit record reports scan tests tools view)
 status=0
 
 # Names a step; what it finds goes to the terminal.

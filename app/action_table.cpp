@@ -173,6 +173,13 @@ std::span<const VorlixApp::ActionRow> VorlixApp::actionRows()
             TEXT("Step Backward\n\nMoves the display one time step backward. The left arrow key does the same."),
             &App::slotPlotBackward, nullptr},
 
+        ActionRow{&App::plotFollow, "plotFollow", TEXT("F&ollow..."), "", "",
+            TEXT("Follows the satellite with a telescope or antenna"),
+            TEXT("Follow\n\nSends a telescope or an antenna to the start of the next pass of the prime satellite and "
+                 "then along with it, by the clock of the computer, until it sets: by rotctld, INDI or ASCOM Alpaca. "
+                 "Escape stops the mount at once, and so does this entry."),
+            &App::slotPlotFollow, nullptr},
+
         ActionRow{&App::viewRefresh, "viewRefresh", TEXT("&Refresh"), "", "satprefr",
             TEXT("Refresh the screen display"),
             TEXT("Refresh\n\nDraws the map anew and removes the trails of the satellites. The Delete key does the "

@@ -17,6 +17,7 @@
 #include <QToolBar>
 #include <QWhatsThis>
 
+#include "app/follow_control.h"
 #include "app/scan_watch.h"
 #include "elements/download.h"
 #include "elements/kept_selection.h"
@@ -65,6 +66,10 @@ VorlixApp::VorlixApp()
     QGuiApplication::setDesktopFileName("io.vorlix.Vorlix");  // by it a desktop finds launcher and icon of the window
     download = new Download(this);
     connect(download, &Download::finished, this, &VorlixApp::httpDone);
+
+    follow = new FollowControl(this);
+    connect(follow, &FollowControl::told, this, &VorlixApp::showStatus);
+    connect(follow, &FollowControl::ended, this, &VorlixApp::followEnded);
 
     scanWatch = new ScanWatch(this);
     afterCalculation = new QTimer(scanWatch);
@@ -165,9 +170,9 @@ void VorlixApp::initMenuBar()
                         {calcAOS, calcAllSats, calcOrbitTrack, nullptr, calcIridium, nullptr, calcMatch});
     manvMenu = makeMenu("manvMenu", tr("&Maneuver"),
                         {manvEdit, nullptr, manvDeltaV, manvLaunch, manvRendz, nullptr, manvOrbDet});
-    plotMenu =
-        makeMenu("plotMenu", tr("&Plot"),
-                 {plotRT, plotDelta, plotCurrent, nullptr, plotNext, plotLast, nullptr, plotForward, plotBackward});
+    plotMenu = makeMenu("plotMenu", tr("&Plot"),
+                        {plotRT, plotDelta, plotCurrent, nullptr, plotNext, plotLast, nullptr, plotForward,
+                         plotBackward, nullptr, plotFollow});
     viewMenu =
         makeMenu("viewMenu", tr("&View"),
                  {viewRefresh, viewSwitch,     nullptr,    viewMap,        viewText, viewNames,    viewPicture,

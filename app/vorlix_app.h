@@ -9,6 +9,7 @@
 #include <QString>
 
 class Download;
+class FollowControl;
 class QAction;
 class QLabel;
 class QMenu;
@@ -79,6 +80,7 @@ public Q_SLOTS:
     void slotPlotLast();
     void slotPlotForward();
     void slotPlotBackward();
+    void slotPlotFollow();
 
     void slotViewRefresh();
     void slotViewSwitch();
@@ -108,6 +110,7 @@ public Q_SLOTS:
     void httpDone(bool error);
     void offerLeftover(const QString& elementFile);
     void tellMissing(const QStringList& names);
+    void followEnded(const QString& name, const QString& why);
 
 protected:
     void keyPressEvent(QKeyEvent* event) override;
@@ -201,6 +204,7 @@ private:
     QAction* plotLast = nullptr;
     QAction* plotForward = nullptr;
     QAction* plotBackward = nullptr;
+    QAction* plotFollow = nullptr;
     QAction* viewRefresh = nullptr;
     QAction* viewSwitch = nullptr;
     QAction* viewMap = nullptr;
@@ -231,5 +235,6 @@ private:
     bool endedByHand = false;
     QTimer* timer = nullptr;
     Download* download = nullptr;
+    FollowControl* follow = nullptr;
     int tmmode = 0;  // 0 no timer, 1 real time, 2 delta time
 };

@@ -1,6 +1,6 @@
 # The floors below the windows as a library for other programs: find_package(Vorlix), or pkg-config.
 #   lib/libvorlix_*.a  include/vorlix/  lib/cmake/Vorlix/  lib/pkgconfig/vorlix.pc
-set(libraryFloors astro record orbit engine elements scan exports observing reports design)
+set(libraryFloors astro record orbit engine elements scan exports observing mounts reports design)
 
 add_library(vorlix_library INTERFACE)
 set_target_properties(vorlix_library PROPERTIES EXPORT_NAME vorlix)

@@ -28,9 +28,11 @@ const std::map<std::string, std::set<std::string>>& mayInclude()
             t[side] = below;
             t[side].insert(side);
         }
+        t["mounts"] = {"astro", "record", "orbit", "engine", "mounts"};
         below.insert({"reports", "design"});
         t["cli"] = below;
         t["cli"].insert("cli");
+        below.insert("mounts");
         for (const char* floor : {"dialogs", "view", "app"}) {
             below.insert(floor);
             t[floor] = below;

@@ -29,6 +29,7 @@ class QImage;
 class QPainter;
 enum class ListForm : int;
 struct DiskFrame;
+struct FollowTask;
 struct MapFrame;
 struct SatPosData;
 struct SkyFrame;
@@ -121,6 +122,8 @@ public:
     int PlotDelta();
     /// Takes up the new state of the timer: 0 none, 1 real time, 2 delta time.
     void vTmCheck(int mode);
+    /// Asks with which mount the prime satellite is to be followed; nothing if the user cancelled.
+    std::optional<FollowTask> vFollow();
     /// Shows the state at the MJD t. `circles` not 0 draws the circles of visibility.
     void SatPlot(double t, int circles);
 

@@ -22,6 +22,7 @@
 #include "dialogs/st_date_dialog.h"
 #include "dialogs/st_delta_dialog.h"
 #include "dialogs/st_edit_orb_dialog.h"
+#include "dialogs/st_follow_dialog.h"
 #include "dialogs/st_iers_dialog.h"
 #include "dialogs/st_iridium_dialog.h"
 #include "dialogs/st_launch_dialog.h"
@@ -91,6 +92,7 @@ const DialogCase dialogCases[] = {
     {"Observing Station", make<StStationDialog>, "", "okButton", "cancelButton", "numberEdit"},
     {"Save Observation", make<StObservationDialog>, "", "okButton", "cancelButton", "numberEdit",
      "designatorEdit timeEdit magnitudeEdit fileEdit"},
+    {"Follow with a Mount", make<StFollowDialog>, "", "okButton", "cancelButton", "portEdit", "hostEdit deviceEdit"},
     {"Quick Help", make<StQuickDialog>, "", "okButton", nullptr},
 };
 
