@@ -22,7 +22,6 @@ int fsz = 10;
 
 namespace {
 
-constexpr QSize textSize(860, 2500);
 constexpr QSize mapSize(721, 501);
 constexpr QSize legendSize(860, 140);
 
@@ -49,10 +48,13 @@ VorlixView::VorlixView(QWidget* parent) : QScrollArea(parent)
     outdata->nlines = 0;
     swelcm(indata, outdata);
     fsz = indata->fsz;
-    txtPix = QPixmap(textSize);
-    txtPix.fill(Qt::white);
+    scale = devicePixelRatioF();
+    txtPix = pixmapOf(textSize, scale);
     resize(mapSize);
     showtxt(false);
+    indata->mapw = displaySize.width();
+    indata->maph = displaySize.height();
+    indata->phwm = earthPix.load(":/satpearth.png");
     makePixmaps();
     vRefresh();
     vText();
@@ -60,14 +62,11 @@ VorlixView::VorlixView(QWidget* parent) : QScrollArea(parent)
 
 void VorlixView::makePixmaps()
 {
-    mapPix = QPixmap(mapSize);
-    indata->mapw = displaySize.width();
-    indata->maph = displaySize.height();
-    dspPix = QPixmap(displaySize);
+    mapPix = pixmapOf(mapSize, scale);
+    dspPix = pixmapOf(displaySize, scale);
     dspPix.fill(Qt::black);
-    legendPix = QPixmap(legendSize);
-    legendPix.fill(QColor(0, 50, 200));
-    indata->phwm = earthPix.load(":/satpearth.png");
+    legendPix = pixmapOf(legendSize, scale);
+    legendPix.fill(legendColour);
 }
 
 void VorlixView::update()
@@ -88,20 +87,26 @@ const QPixmap& VorlixView::pixmapOnShow() const
     return indata->picflg ? picDsp : dspPix;
 }
 
+QSize VorlixView::sizeOnShow() const
+{
+    if (indata->dspmd < 1)
+        return textSize;
+    return indata->picflg ? picSize : displaySize;
+}
+
 void VorlixView::paintEvent(QPaintEvent* event)
 {
     onScreen = &pixmapOnShow();
     QPainter painter(viewport());
-    if (onScreen == &txtPix)
-        resize(txtPix.size());
-    else if (onScreen == &picDsp && viewport()->size() != picDsp.size())
-        resize(picDsp.size());
-    else if (onScreen == &dspPix && viewport()->height() == txtPix.height())
-        resize(dspPix.size());
-    for (const QRect& part : event->region() - onScreen->rect())
+    const QSize size = sizeOnShow();
+    if (onScreen != &dspPix || viewport()->height() == textSize.height())
+        resize(size);
+    for (const QRect& part : event->region() - QRect(QPoint(), size))
         painter.fillRect(part, palette().window());
+    if (devicePixelRatioF() != scale && !scaleAsked)
+        scaleAsked = QMetaObject::invokeMethod(this, &VorlixView::takeScale, Qt::QueuedConnection);
     // with another scale parts might be taken from other pixels than the whole
-    if (devicePixelRatioF() != 1.0) {
+    if (scale != 1.0) {
         painter.drawPixmap(0, 0, *onScreen);
         return;
     }
@@ -151,8 +156,7 @@ void VorlixView::keyPress(int n)
 int VorlixView::lowestScroll() const
 {
     const int room = parentWidget() ? parentWidget()->height() : height();
-    const QSizeF picture = pixmapOnShow().deviceIndependentSize();
-    return std::min(room - static_cast<int>(picture.height()), 0);
+    return std::min(room - sizeOnShow().height(), 0);
 }
 
 void VorlixView::scrollDsp(int dx, int dy)
@@ -177,6 +181,10 @@ void VorlixView::redrawMap()
     dsplmd = filled::map;
     setCursor(Qt::CrossCursor);
     indata->dspmd = 1;
+    if (diskWanted() && indata->satn > 0) {
+        GetSatPos(indata->mjd, indata, satps, indata->prs, 0);
+        indata->mjdlast = indata->mjd;
+    }
     drawBackground();
     copyMapToDisplay();
     if (indata->picflg) {
@@ -203,10 +211,6 @@ void VorlixView::drawBackground()
         drawPhysicalMap(painter);
     painter.drawPixmap(0, legendTop, legendPix);
     if (disk) {
-        if (indata->satn > 0) {
-            GetSatPos(indata->mjd, indata, satps, indata->prs, 0);
-            indata->mjdlast = indata->mjd;
-        }
         PltSunM(painter);
     } else {
         if (indata->skymap)
@@ -246,11 +250,9 @@ void VorlixView::chooseScales(bool disk)
 /// Lays a part of the map on the display, on black where it is wider.
 void VorlixView::copyMap(QPainter& painter, const QRect& part) const
 {
-    const QRect onMap = part & mapPix.rect();
-    painter.drawPixmap(onMap, mapPix, onMap);
-    if (part.right() >= mapPix.width())
-        painter.fillRect(part & QRect(mapPix.width(), 0, dspPix.width() - mapPix.width(), dspPix.height()),
-                         Qt::black);
+    if (part.right() >= mapSize.width())
+        painter.fillRect(part & QRect(mapSize.width(), 0, displaySize.width(), displaySize.height()), Qt::black);
+    copyPart(painter, mapPix, part);
 }
 
 void VorlixView::copyMapToDisplay()
@@ -278,11 +280,11 @@ void VorlixView::vText()
 {
     if (indata->dspmd == 1) {
         indata->dspmd = dsplmd == filled::passTable ? -1 : 0;
-        resize(txtPix.size());
+        resize(textSize);
         setCursor(Qt::ArrowCursor);
     } else {
         indata->dspmd = 1;
-        resize(indata->picflg ? picDsp.size() : dspPix.size());
+        resize(sizeOnShow());
         setCursor(Qt::CrossCursor);
         goHome();
     }
@@ -307,7 +309,7 @@ void VorlixView::vPicSwitch(bool on)
     if (on)
         indata->dspmd = 1;
     else if (indata->dspmd > 0) {
-        resize(dspPix.size());
+        resize(displaySize);
         vRefreshP();
     }
     update();

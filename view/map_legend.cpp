@@ -81,18 +81,25 @@ void VorlixView::drawLegend(const PlotScene& scene)
     measure(now, legend, QFontMetrics(now.font, &mapPix));
     ChangedTiles changed;
     addChanges(changed, legend, now);
+    if (!ChangedTiles::fit(scale))
+        changed.addAll();
     legend = std::move(now);
     stale.add(changed);
+    writeLegend(*legend, changed.region());
+}
 
-    const QRegion region = changed.region() & wholeLegend;
+/// As far as it lies in the region.
+void VorlixView::writeLegend(const DrawnLegend& drawn, const QRegion& part)
+{
+    const QRegion region = part & wholeLegend;
     QPainter painter(&mapPix);
-    for (const QRect& part : region)
-        painter.drawPixmap(part, legendPix, part.translated(0, -legendTop));
+    for (const QRect& rect : region)
+        painter.fillRect(rect, legendColour);
     painter.setClipRegion(region);
-    painter.setFont(legend->font);
-    painter.setBackground(legend->ground);
-    for (std::size_t i = 0; i < legend->texts.size(); ++i) {
-        if (region.intersects(legend->boxes[i]))
-            write(painter, legend->texts[i]);
+    painter.setFont(drawn.font);
+    painter.setBackground(drawn.ground);
+    for (std::size_t i = 0; i < drawn.texts.size(); ++i) {
+        if (region.intersects(drawn.boxes[i]))
+            write(painter, drawn.texts[i]);
     }
 }

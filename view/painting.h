@@ -4,15 +4,20 @@
 #include <QColor>
 #include <QLine>
 #include <QPainter>
+#include <QPixmap>
 #include <QRect>
 #include <vector>
 
 /// Where the legend begins under every map.
 constexpr int legendTop = 362;
 
+/// The size of the text display.
+constexpr QSize textSize(860, 2500);
+
 /// The line that ends a map or sky on the right.
 constexpr QLine rightBorder(720, 0, 720, 361);
 
+inline constexpr QColor legendColour(0, 50, 200);
 inline constexpr QColor gridColour(130, 160, 180);
 inline constexpr QColor coastColour(200, 100, 50);  // also of horizon, Mercury and the north mark
 inline constexpr QColor strongLineColour(30, 240, 120);
@@ -29,6 +34,13 @@ inline QRect boxAbout(const QPoint& p, int reach)
 {
     return {p - QPoint(reach, reach), p + QPoint(reach - 1, reach - 1)};
 }
+
+/// A picture for a screen with this scale: it has that many pixels for one of its size, in which it is painted.
+QPixmap pixmapOf(const QSize& size, double scale);
+
+/// Copies a part of a picture to the same place of another one of the same scale, cut at the borders of their own
+/// pixels, so that parts side by side make the whole.
+void copyPart(QPainter& painter, const QPixmap& from, const QRect& part);
 
 /// One call for all lines; the pixels are those of single ones.
 inline void drawAll(QPainter& painter, const std::vector<QLine>& lines)

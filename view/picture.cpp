@@ -3,6 +3,7 @@
 #include "view/vorlix_view.h"
 
 #include <algorithm>
+#include <cmath>
 
 #include <QImage>
 #include <QPainter>
@@ -40,15 +41,22 @@ QSize sizeFor(const QSize& full, int code)
     return {std::max(full.width() / part, 1), std::max(full.height() / part, 1)};
 }
 
-/// The picture at a size, on black where it is transparent or smaller.
-QPixmap pictureAt(const QPixmap& picture, const QSize& size)
+/// The scale of the screen, or as much of it as leaves a large picture within bounds.
+double scaleFor(const QSize& size, double scale)
 {
-    QPixmap at(size);
+    constexpr double mostPixels = 4e7;
+    const double most = std::sqrt(mostPixels / (1.0 * size.width() * size.height()));
+    return std::min(scale, std::max(most, 1.0));
+}
+
+/// The picture at a size, on black where it is transparent or smaller.
+void fitInto(QPixmap& at, const QPixmap& picture)
+{
     at.fill(Qt::black);
-    QPainter painter(&at);
-    const bool full = size == picture.size();
-    painter.drawPixmap(0, 0, full ? picture : picture.scaled(size, Qt::KeepAspectRatio, Qt::SmoothTransformation));
-    return at;
+    const bool full = at.size() == picture.size();
+    QPixmap fitting = full ? picture : picture.scaled(at.size(), Qt::KeepAspectRatio, Qt::SmoothTransformation);
+    fitting.setDevicePixelRatio(at.devicePixelRatio());
+    QPainter(&at).drawPixmap(0, 0, fitting);
 }
 
 void forgetStars(WinpData* in)
@@ -117,10 +125,17 @@ void VorlixView::vImage(int code)
     indata->picstep = astrometry::firstStar;
     indata->dspmd = 1;
     setCursor(Qt::CrossCursor);
-    picBase = pictureAt(picPix, sizeFor(picPix.size(), code));
-    picDsp = picBase;
-    resize(picDsp.size());
+    picSize = sizeFor(picPix.size(), code);
+    makePicture();
+    resize(picSize);
     update();
+}
+
+void VorlixView::makePicture()
+{
+    picBase = pixmapOf(picSize, scaleFor(picSize, scale));
+    fitInto(picBase, picPix);
+    picDsp = picBase;
 }
 
 void VorlixView::astroEvent(int x, int y, bool)

@@ -96,6 +96,8 @@ void VorlixView::showMarks(const PlotScene& scene)
     Marks now = marksOf(scene);
     measure(now, marks, &dspPix);
     addChanges(stale, marks, now);
+    if (!ChangedTiles::fit(scale))
+        stale.addAll();
     unseen = stale.region();
     stale.clear();
     marks = std::move(now);

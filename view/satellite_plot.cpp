@@ -11,6 +11,7 @@
 #include "engine/position.h"
 #include "record/keep.h"
 #include "view/calculation.h"
+#include "view/painting.h"
 
 namespace {
 
@@ -59,6 +60,34 @@ void VorlixView::SatPlot(double t, int circles)
     showMarks(scene);
     drawTrails(scene);
     update();
+}
+
+/// Makes all pictures anew for the scale of the screen that the window is on now: no satellite is calculated, the legend
+/// and the markers are those of the last plot, and trails begin anew.
+void VorlixView::takeScale()
+{
+    scaleAsked = false;
+    scale = devicePixelRatioF();
+    txtPix = pixmapOf(textSize, scale);
+    paintPage();
+    makePixmaps();
+
+    const KeptObserver observer;
+    const std::optional<DrawnLegend> plotted = legend;
+    const Marks shown = marks;
+    if (plotted && indata->satsky && indata->skymap == 1 && indata->satn > 0)
+        observeFromPrime();
+    drawBackground();
+    if (plotted)
+        writeLegend(*plotted, QRect(QPoint(), displaySize));
+    legend = plotted;
+    copyMapToDisplay();
+    marks = shown;
+    QPainter painter(&dspPix);
+    paint(painter, marks);
+    if (!picPix.isNull())
+        makePicture();
+    viewport()->update();
 }
 
 /// The prime satellite, where the last plot has it, takes the observer's place until the caller puts it back.

@@ -24,7 +24,7 @@ constexpr int rowsWithPosition = sizeof epos / sizeof *epos;
 class ReportPainter
 {
 public:
-    explicit ReportPainter(QPixmap& pixmap) : painter(&pixmap), metrics(prepare(pixmap)), cell(widthOf('M')) {}
+    explicit ReportPainter(QPixmap& pixmap) : painter(&pixmap), metrics(prepare()), cell(widthOf('M')) {}
 
     int ascent() const { return metrics.ascent(); }
 
@@ -52,9 +52,8 @@ public:
     }
 
 private:
-    QFontMetrics prepare(QPixmap& pixmap)
+    QFontMetrics prepare()
     {
-        painter.fillRect(pixmap.rect(), Qt::white);
         painter.setFont(QFont("helvetica", fsz));
         painter.setPen(QColor(0, 0, 0));
         return painter.fontMetrics();
@@ -79,38 +78,43 @@ void VorlixView::showtxt(bool fixed)
 {
     dsplmd = filled::text;
     indata->dspmd = 0;
-    paintReport(fixed, 0);
+    paintReport({fixed, 0});
 }
 
 void VorlixView::showSattxt()
 {
     dsplmd = filled::passTable;
-    paintReport(true, 1);
+    paintReport({true, 1});
 }
 
-/// With `first` 1 the first character of a line is a mark: it is not painted, and any but a blank makes the line a row
-/// that can be clicked.
-void VorlixView::paintReport(bool fixed, std::size_t first)
+void VorlixView::paintReport(const ReportStyle& style)
 {
     setCursor(Qt::ArrowCursor);
-    {
-        ReportPainter page(txtPix);
-        int rows = 0;
-        int y = 0;
-        for (int i = 0; i < outdata->nlines; ++i) {
-            y += page.ascent();
-            const std::string_view line = lineText(*outdata, i);
-            if (first > 0 && selectable(*outdata, i) && rows < rowsWithPosition)
-                epos[rows++] = y - page.ascent() - rowGap;
-            const QString letters = textQString(line.substr(std::min(first, line.size())));
-            if (fixed && layoutOf(*outdata, i) == LineLayout::table)
-                page.paintOnGrid(letters, y);
-            else
-                page.paintSideBySide(letters, static_cast<int>(first), y);
-        }
-    }
+    shownReport = *outdata;
+    shownStyle = style;
+    paintPage();
     update();
     goHome();
+}
+
+void VorlixView::paintPage()
+{
+    txtPix.fill(Qt::white);
+    ReportPainter page(txtPix);
+    const auto [fixed, first] = shownStyle;
+    int rows = 0;
+    int y = 0;
+    for (int i = 0; i < shownReport.nlines; ++i) {
+        y += page.ascent();
+        const std::string_view line = lineText(shownReport, i);
+        if (first > 0 && selectable(shownReport, i) && rows < rowsWithPosition)
+            epos[rows++] = y - page.ascent() - rowGap;
+        const QString letters = textQString(line.substr(std::min(first, line.size())));
+        if (fixed && layoutOf(shownReport, i) == LineLayout::table)
+            page.paintOnGrid(letters, y);
+        else
+            page.paintSideBySide(letters, static_cast<int>(first), y);
+    }
 }
 
 int passRowAt(int y, int rows)

@@ -21,6 +21,7 @@
 #include <QString>
 
 #include "record/winp_data.h"
+#include "record/wout_data.h"
 #include "view/changed_tiles.h"
 #include "view/drawn_legend.h"
 #include "view/marks.h"
@@ -48,6 +49,13 @@ enum By
 extern int dsplmd;     // what last filled or refreshed the display
 extern int fsz;        // point size of the text display as the view knows it
 extern int epos[120];  // pixel positions of the selectable rows of the pass table, from the top of the text
+
+/// How a report is painted.
+struct ReportStyle
+{
+    bool fixed = false;     // table lines stand on a grid of character cells
+    std::size_t first = 0;  // character of a line; with 1 the one before is a mark for rows that can be clicked
+};
 
 /// What the stages of one plot hand on; made anew by each `SatPlot`.
 struct PlotScene
@@ -241,6 +249,7 @@ protected:
 private:
     // frame
     void makePixmaps();
+    void takeScale();
     bool diskWanted() const;
     void chooseScales(bool disk);
     void redrawMap();
@@ -250,13 +259,15 @@ private:
     void copyMap(QPainter& painter, const QRect& part) const;
     void copyMapToDisplay();
     const QPixmap& pixmapOnShow() const;
+    QSize sizeOnShow() const;
     int lowestScroll() const;
 
     // settings
     int askDate(const QString& event);
 
     // text display
-    void paintReport(bool fixed, std::size_t first);
+    void paintReport(const ReportStyle& style);
+    void paintPage();
     void openPassDetails();
 
     // searches and tables
@@ -286,6 +297,7 @@ private:
     void drawTrails(const PlotScene& scene);
     /// The five columns under the map, into `mapPix`.
     void drawLegend(const PlotScene& scene);
+    void writeLegend(const DrawnLegend& drawn, const QRegion& region);
     void showMarks(const PlotScene& scene);
     Marks marksOf(const PlotScene& scene);
     Mark markOf(int slot, const PlotScene& scene);
@@ -304,6 +316,7 @@ private:
 
     // picture
     void tellNextClick();
+    void makePicture();
     bool markStar(int x, int y);
     void markTrailPoint(int x, int y);
     /// Where the first line of text stands: at the top of the part of the picture that is in sight.
@@ -311,7 +324,8 @@ private:
     void drawPictureTexts(QPainter& painter, const PlotScene& scene) const;
     void drawPictureMarkers(QPainter& painter, const PlotScene& scene);
 
-    int cenx = 0;  // pixel of the map centre
+    double scale = 1;  // of the screen: pixels of it along one of the pictures, as they were made
+    int cenx = 0;      // pixel of the map centre
     int ceny = 0;
     double xscale = 0;  // scale of the current map
     double yscale = 0;
@@ -328,6 +342,10 @@ private:
     QPixmap picPix;     // the picture as loaded,
     QPixmap picBase;    // at the chosen size,
     QPixmap picDsp;     // and with plots on it
+    QSize picSize;      // of these two
+
+    WoutData shownReport;  // in txtPix
+    ReportStyle shownStyle;
 
     std::unique_ptr<WinpData> listedRecord;  // that the last table of passes was made with,
     std::string listedText;                  // and its lines
@@ -341,6 +359,7 @@ private:
     ChangedTiles stale;                 // where dspPix differs from mapPix with the marks on it
     std::optional<QRegion> unseen;      // where the screen differs from dspPix; all of it may if there is none
     const QPixmap* onScreen = nullptr;  // painted last
+    bool scaleAsked = false;            // `takeScale` is on its way
 };
 
 /// The row of the pass table that a click at the height y of the text means, -1 above the first; `rows` are in use.

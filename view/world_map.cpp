@@ -137,6 +137,7 @@ void VorlixView::drawObserver(QPainter& painter)
 
 void VorlixView::drawPhysicalMap(QPainter& painter)
 {
+    painter.setRenderHint(QPainter::SmoothPixmapTransform, scale != 1.0);
     if (indata->centmer == 0) {
         painter.drawPixmap(0, 0, earthPix);
         return;

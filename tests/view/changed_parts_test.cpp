@@ -4,6 +4,8 @@
 #include <QProcess>
 #include <QScreen>
 #include <QTest>
+#include <QWindow>
+#include <cmath>
 
 #include "record_fields.h"
 #include "view/vorlix_view.h"
@@ -180,18 +182,74 @@ private Q_SLOTS:
     void holdAtEveryScale()
     {
         QFETCH(QString, factor);
+        runAgain("QT_SCALE_FACTOR", factor,
+                 {"equalTheWhole:outline, seconds", "showBehindAText", "areDrawnForTheScreen"});
+    }
+
+    /// No picture is blown up: all have the pixels of the screen, and the letters use them.
+    void areDrawnForTheScreen()
+    {
+        VorlixView view;
+        show(view);
+        view.vPicture(QImage(31, 20, QImage::Format_RGB32));
+        const double scale = view.devicePixelRatioF();
+        const auto pixels = [scale](int side) { return static_cast<int>(std::ceil(side * scale)); };
+        QCOMPARE(view.textPixmap().size(), QSize(pixels(860), pixels(2500)));
+        QCOMPARE(view.mapPixmap().size(), QSize(pixels(721), pixels(501)));
+        QCOMPARE(view.displayPixmap().size(), QSize(pixels(860), pixels(501)));
+        QCOMPARE(view.picturePixmap().size(), QSize(pixels(31), pixels(20)));
+        QCOMPARE(view.size(), QSize(31, 20));
+
+        const QImage text = view.textPixmap().toImage();
+        const QImage enlarged = text.scaled(860, 2500).scaled(text.size());
+        QCOMPARE(text.convertToFormat(QImage::Format_RGB32) == enlarged.convertToFormat(QImage::Format_RGB32),
+                 scale == 1.0);
+    }
+
+    /// A window that is moved to a screen of another scale shows the last plot as that screen would have it.
+    void followTheScreen()
+    {
+        if (QGuiApplication::screens().size() < 2) {
+            workplace.write("screens.json", R"({"screens": [
+                {"name": "one", "x": 0, "y": 0, "width": 1000, "height": 800, "dpr": 1},
+                {"name": "two", "x": 1000, "y": 0, "width": 1000, "height": 800, "dpr": 2}]})");
+            runAgain("QT_QPA_PLATFORM", "offscreen:configfile=" + workplace.path("screens.json"),
+                     {"followTheScreen"});
+            return;
+        }
+        for (const auto& kind : mapKinds) {
+            VorlixView view;
+            show(view, kind.second);
+            view.vRefresh();
+            view.SatPlot(januaryEvening, 1);
+            QCOMPARE(view.displayPixmap().devicePixelRatio(), 1.0);
+            view.windowHandle()->setScreen(QGuiApplication::screens().at(1));
+            view.viewport()->repaint();
+            QTRY_COMPARE(view.displayPixmap().devicePixelRatio(), 2.0);
+            const QImage text = view.textPixmap().toImage(), moved = view.displayPixmap().toImage();
+            view.vRefresh();
+            view.SatPlot(januaryEvening, 1);
+            QVERIFY2(moved == view.displayPixmap().toImage(), kind.first);
+            VorlixView other;
+            QCOMPARE(other.devicePixelRatioF(), 1.0);
+            QCOMPARE(text.size(), other.textPixmap().size() * 2);
+        }
+    }
+
+private:
+    static void runAgain(const QString& variable, const QString& value, const QStringList& tests)
+    {
         QProcess again;
         QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
-        environment.insert("QT_SCALE_FACTOR", factor);
+        environment.insert(variable, value);
         again.setProcessEnvironment(environment);
         again.setProcessChannelMode(QProcess::MergedChannels);
-        again.start(QCoreApplication::applicationFilePath(), {"equalTheWhole:outline, seconds", "showBehindAText"});
+        again.start(QCoreApplication::applicationFilePath(), tests);
         QVERIFY(again.waitForFinished(120000));
         const QByteArray output = again.readAll();
         QVERIFY2(again.exitStatus() == QProcess::NormalExit && again.exitCode() == 0, output.constData());
     }
 
-private:
     /// A window with a map and ten satellites.
     void show(VorlixView& view, const char* fields = "")
     {
