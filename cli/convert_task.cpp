@@ -2,60 +2,51 @@
 
 #include "cli/entry_walk.h"
 #include "cli/tasks.h"
-#include "elements/catalogue_number.h"
-#include "elements/omm_csv.h"
-#include "elements/omm_forms.h"
+#include "elements/entry_record.h"
+#include "elements/omm_message.h"
 #include "elements/writer.h"
 #include "exports/element_forms.h"
-#include "record/files.h"
-#include "reports/list_rows.h"
+#include "record/text.h"
 
-#include <QByteArray>
 #include <cstdlib>
-#include <functional>
+#include <memory>
 #include <string>
-#include <utility>
 
 namespace {
 
-constexpr int primeSlot = 0;
-
-/// What is written into a file, as a text.
-std::string writtenText(const std::function<void(std::FILE*)>& write)
+/// The lines of a state vector, or of an orbit that is no ellipse, which no publisher has.
+std::string ownLines(const Entry& entry)
 {
+    const auto in = std::make_unique<WinpData>();
+    setDefaults(in.get());
+    takeName(in.get(), entry);
+    char report[entryTextRoom];
+    if (!takeEntry(in.get(), entry, report))
+        return {};
     char* buffer = nullptr;
     std::size_t size = 0;
     FilePtr file(::open_memstream(&buffer, &size));
     if (file)
-        write(file.get());
+        writeTwoLines(file.get(), in.get(), workSlot);
     file.reset();
     std::string text(buffer ? buffer : "", size);
     std::free(buffer);
     return text;
 }
 
-std::string csvText(const WinpData& in)
+TwoLines linesOf(const Entry& entry)
 {
-    return writtenText([&](std::FILE* file) { writeOmmLine(file, in, primeSlot); });
-}
-
-std::string csvHead()
-{
-    return writtenText(writeOmmHeader);
-}
-
-OmmMessage messageOf(const WinpData& in)
-{
-    const std::string document = csvHead() + csvText(in);
-    const std::vector<OmmMessage> messages = ommMessages(OmmForm::csv, QByteArray::fromStdString(document));
-    return messages.empty() ? OmmMessage() : messages[0];
+    if (!entry.stateVector && entry.ecc < 1)
+        return twoLinesOf(entry);
+    const std::string text = ownLines(entry);
+    return {text, text.empty() ? "its state gives no orbit" : ""};
 }
 
 MessageFrame frameOf(ListForm form)
 {
     switch (form) {
     case ListForm::csv:
-        return {csvHead(), "", ""};
+        return csvFrame();
     case ListForm::json:
         return jsonFrame();
     case ListForm::xml:
@@ -67,30 +58,32 @@ MessageFrame frameOf(ListForm form)
     }
 }
 
-std::string textOf(WinpData& in, const Session& session)
+std::string messageIn(ListForm form, const OmmMessage& message, double now)
 {
-    switch (session.request.form) {
+    switch (form) {
     case ListForm::csv:
-        return csvText(in);
-    case ListForm::json:
-        return jsonMessage(messageOf(in));
+        return csvMessage(message);
     case ListForm::xml:
-        return xmlMessage(messageOf(in), session.now);
+        return xmlMessage(message, now);
     case ListForm::kvn:
-        return kvnMessage(messageOf(in), session.now);
+        return kvnMessage(message, now);
     default:
-        return writtenText([&](std::FILE* file) { writeTwoLines(file, &in, primeSlot); });
+        return jsonMessage(message);
     }
 }
 
-/// Why a satellite cannot be in a file of the form; empty if it can.
-std::string leftOutBecause(const WinpData& in, ListForm form)
+/// The entry in the form that is asked for, or why it has none.
+TwoLines converted(const Entry& entry, const Session& session)
 {
-    if (form != ListForm::tle && in.numflg[primeSlot])
-        return "its state has no place in messages of mean elements";
-    if (form == ListForm::tle && in.norad[primeSlot] > greatestColumnNumber)
-        return "its number has no place in two lines";
-    return {};
+    if (entry.refusal[0] != '\0')
+        return {{}, std::string(fieldText(entry.refusal))};
+    if (entry.readTo != EntryPart::whole)
+        return {{}, "its lines are damaged"};
+    if (session.request.form == ListForm::tle)
+        return linesOf(entry);
+    if (entry.stateVector)
+        return {{}, "its state has no place in messages of mean elements"};
+    return {messageIn(session.request.form, messageOf(entry), session.now), {}};
 }
 
 }  // namespace
@@ -99,13 +92,14 @@ Problem convertElements(const Session& session, const Channels& channels, Answer
 {
     const MessageFrame frame = frameOf(session.request.form);
     EntryWalk walk(session, channels, [&] { return answer.full(); });
-    const Problem problem = walk.oneByOne(*session.record, [&](WinpData& in) {
-        if (const std::string reason = leftOutBecause(in, session.request.form); !reason.empty()) {
-            channels.err("vorlix: " + nameOf(in, primeSlot).name + " is left out: " + reason + '\n');
+    const Problem problem = walk.asRead([&](const Entry& entry, const SatelliteName& satellite) {
+        const TwoLines made = converted(entry, session);
+        if (!made.complaint.empty()) {
+            channels.err("vorlix: " + satellite.name + " is left out: " + made.complaint + '\n');
             return;
         }
         answer.put(answer.count() == 0 ? frame.head : frame.between);
-        answer.addText(0.0, textOf(in, session));
+        answer.addText(0.0, made.text);
     });
     if (answer.count() > 0)
         answer.put(frame.tail);

@@ -2,6 +2,7 @@
 
 #include "cli/words.h"
 #include "elements/element_file.h"
+#include "elements/entry_reader.h"
 #include "record/progress.h"
 #include "record/text.h"
 #include "reports/list_rows.h"
@@ -56,11 +57,10 @@ Wanted::Wanted(const std::vector<std::string>& texts)
         list.push_back({QString::fromStdString(text).trimmed().toStdString(), false, {}});
 }
 
-bool Wanted::fits(const WinpData& in, int slot)
+bool Wanted::fits(const SatelliteName& satellite)
 {
     if (list.empty())
         return true;
-    const SatelliteName satellite = nameOf(in, slot);
     bool fitting = false;
     for (Which& which : list) {
         const bool fitsThis = fitsText(satellite, which.text);
@@ -124,10 +124,23 @@ Problem EntryWalk::oneByOne(const WinpData& record, const std::function<void(Win
     return eachFile([&](std::FILE* elements) {
         for (Entries read(in.get(), elements); !full() && read.next();) {
             ++entries;
-            if (!wanted.fits(*in, workSlot))
+            if (!wanted.fits(nameOf(*in, workSlot)))
                 continue;
             ShiftElm(in.get(), onlySlot, workSlot);
             take(*in);
+        }
+    });
+}
+
+Problem EntryWalk::asRead(const std::function<void(const Entry&, const SatelliteName&)>& take)
+{
+    return eachFile([&](std::FILE* elements) {
+        EntryReader reader(elements);
+        for (Entry entry; !full() && reader.next(entry);) {
+            ++entries;
+            const SatelliteName satellite = nameOf(entry);
+            if (wanted.fits(satellite))
+                take(entry, satellite);
         }
     });
 }
@@ -144,7 +157,7 @@ Problem EntryWalk::shared(const WinpData& record, const std::function<void(Entry
         EntryRing ring(static_cast<int>(places.size()), searchAt, [&](int place) { finish(places[place]); });
         for (Entries read(in.get(), elements); read.next();) {
             ++entries;
-            if (!wanted.fits(*in, workSlot))
+            if (!wanted.fits(nameOf(*in, workSlot)))
                 continue;
             const int place = ring.freePlace();
             if (place < 0)

@@ -3,6 +3,7 @@
 
 #include "cli/channels.h"
 #include "cli/session.h"
+#include "elements/entry.h"
 #include "exports/lists.h"
 #include "scan/entry_task.h"
 
@@ -16,8 +17,8 @@ class Wanted
 public:
     explicit Wanted(const std::vector<std::string>& texts);
 
-    /// Whether the satellite of a slot is one of them; takes note of those that were there.
-    bool fits(const WinpData& in, int slot);
+    /// Whether the satellite is one of them; takes note of those that were there.
+    bool fits(const SatelliteName& satellite);
 
     /// One line for each that was not there, with the nearest name.
     std::string missing() const;
@@ -54,6 +55,9 @@ public:
 
     /// Takes one after the other on one record, on this thread.
     Problem oneByOne(const WinpData& record, const std::function<void(WinpData&)>& take);
+
+    /// Takes one after the other as it stands in its file, without filters and adjustment.
+    Problem asRead(const std::function<void(const Entry&, const SatelliteName&)>& take);
 
     /// The wanted satellites that no file had, as lines.
     std::string missing() const { return wanted.missing(); }

@@ -71,7 +71,7 @@ Problem findPair(const Session& session, const Channels& channels, WinpData& pai
     EntryWalk walk(session, channels, [&] { return found[0] && found[1]; });
     const Problem problem = walk.oneByOne(*session.record, [&](const WinpData& in) {
         for (int slot : {primeSlot, otherSlot}) {
-            if (found[slot] || !wanted[slot].fits(in, primeSlot))
+            if (found[slot] || !wanted[slot].fits(nameOf(in, primeSlot)))
                 continue;
             copySlot(&pair, slot, in, primeSlot);
             found[slot] = true;

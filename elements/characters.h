@@ -10,6 +10,16 @@ constexpr bool isDigit(char c)
     return c >= '0' && c <= '9';
 }
 
+/// What fits into so many bytes, without half of a character of UTF-8 at its end.
+constexpr std::string_view wholeCharacters(std::string_view text, std::size_t most)
+{
+    if (text.size() <= most)
+        return text;
+    while (most > 0 && (text[most] & 0xC0) == 0x80)
+        --most;
+    return text.substr(0, most);
+}
+
 /// Without the blanks around it.
 constexpr std::string_view trimmed(std::string_view text)
 {

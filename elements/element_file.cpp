@@ -6,7 +6,12 @@
 #include "record/vector_registers.h"
 
 #include <QByteArray>
+#include <algorithm>
+#include <cstring>
+#include <memory>
+#include <string>
 #include <sys/stat.h>
+#include <utility>
 
 namespace {
 constexpr std::size_t largestMessageFile = 256 * 1024 * 1024;  // the whole catalogue takes a third of it at most
@@ -27,13 +32,74 @@ std::size_t sizeOf(std::FILE* file)
     return ::fstat(::fileno(file), &status) == 0 ? static_cast<std::size_t>(status.st_size) : 0;
 }
 
-FilePtr streamOf(const std::string& text)
+/// The entries of messages as a stream: they are read when they are asked for, and kept for who goes back.
+class EntrySource
 {
-    FilePtr stream(::fmemopen(nullptr, text.size() + 1, "w+"));
-    if (stream && std::fwrite(text.data(), 1, text.size(), stream.get()) != text.size())
-        stream.reset();
+public:
+    explicit EntrySource(OmmReader from) : messages(std::move(from)) {}
+    explicit EntrySource(const Entry& only) : messages(OmmForm::none, {}) { appendEntry(bytes, only); }
+
+    std::size_t read(char* to, std::size_t most)
+    {
+        while (bytes.size() - at < most && takeEntry()) {}
+        releaseVectorRegisters();
+        const std::size_t count = std::min(most, bytes.size() - at);
+        std::memcpy(to, bytes.data() + at, count);
+        at += count;
+        return count;
+    }
+
+    /// The new place, which is -1 for one that is none.
+    off64_t seek(off64_t by, int from)
+    {
+        if (from == SEEK_END)
+            while (takeEntry()) {}
+        const std::size_t base = from == SEEK_SET ? 0 : from == SEEK_CUR ? at : bytes.size();
+        const off64_t to = static_cast<off64_t>(base) + by;
+        while (to > static_cast<off64_t>(bytes.size()) && takeEntry()) {}
+        if (to < 0 || to > static_cast<off64_t>(bytes.size()))
+            return -1;
+        at = static_cast<std::size_t>(to);
+        return to;
+    }
+
+private:
+    bool takeEntry()
+    {
+        OmmMessage message;
+        if (!messages.next(message))
+            return false;
+        appendEntry(bytes, entryOf(message));
+        return true;
+    }
+
+    OmmReader messages;
+    std::string bytes;
+    std::size_t at = 0;
+};
+
+FilePtr streamOf(std::unique_ptr<EntrySource> source)
+{
+    const cookie_io_functions_t calls{
+        .read =
+            [](void* cookie, char* to, std::size_t most) {
+                return static_cast<ssize_t>(static_cast<EntrySource*>(cookie)->read(to, most));
+            },
+        .write = nullptr,
+        .seek =
+            [](void* cookie, off64_t* place, int from) {
+                const off64_t to = static_cast<EntrySource*>(cookie)->seek(*place, from);
+                *place = std::max<off64_t>(to, 0);
+                return to < 0 ? -1 : 0;
+            },
+        .close =
+            [](void* cookie) {
+                delete static_cast<EntrySource*>(cookie);
+                return 0;
+            }};
+    FilePtr stream(::fopencookie(source.get(), "r", calls));
     if (stream)
-        std::rewind(stream.get());
+        source.release();  // its stream deletes it
     return stream;
 }
 
@@ -58,14 +124,7 @@ FilePtr openElementFile(const char* name)
     std::rewind(file.get());
     if (form == OmmForm::none)
         return file;
-    std::string text;
-    if (size > largestMessageFile) {
-        appendEntry(text, tooLarge());
-        return streamOf(text);
-    }
-    const std::vector<OmmMessage> messages = ommMessages(form, bytesOf(file.get(), size));
-    releaseVectorRegisters();
-    for (const OmmMessage& message : messages)
-        appendEntry(text, entryOf(message));
-    return streamOf(text);
+    if (size > largestMessageFile)
+        return streamOf(std::make_unique<EntrySource>(tooLarge()));
+    return streamOf(std::make_unique<EntrySource>(OmmReader(form, bytesOf(file.get(), size))));
 }

@@ -5,7 +5,7 @@
 
 /// Opens an element file for `tleread`. One of Two Line Elements is the file itself, as `openForReading` gives it. Of
 /// a file of Orbit Mean-Elements Messages, which its first characters tell, the entries come in a stream in memory,
-/// in the order and number of the messages; it can be rewound like a file.
+/// in the order and number of the messages, each read when it is asked for; it can be rewound like a file.
 ///
 /// @return null if the file cannot be opened
 FilePtr openElementFile(const char* name);

@@ -1,6 +1,9 @@
 // One satellite as an element file says it: the numbers as they were read, before anything is made of them.
 #pragma once
 
+#include <string>
+#include <string_view>
+
 /// How far an entry could be read. Its parts up to there hold; of a damaged one that is not all.
 enum class EntryPart
 {
@@ -15,7 +18,7 @@ struct Entry
 {
     EntryPart readTo = EntryPart::none;
     bool stateVector = false;
-    char name[21] = {};         // as its line has it, cut to 20 characters
+    char name[25] = {};         // as its line has it, cut to 24 characters
     char designator[9] = {};    // YYNNNAAA, filled up with blanks
     int number = 0;             // catalogue number
     char classification = ' ';  // U, C or S; a blank if it is not told
@@ -42,3 +45,7 @@ struct Entry
 
     char refusal[71] = {};  // why a message is not used; its elements are 0 then
 };
+
+/// The designator of an entry in full, 98067A to 1998-067A; one that begins with a blank gives nothing. Years below 57
+/// are of this century.
+std::string fullDesignator(std::string_view raw);

@@ -3,7 +3,7 @@
 #include "astro/calendar.h"
 #include "astro/earth.h"
 #include "astro/two_body.h"
-#include "elements/entry_lines.h"
+#include "elements/characters.h"
 #include "engine/epoch_state.h"
 #include "orbit/mean_motion.h"
 #include "record/numbers.h"
@@ -18,7 +18,6 @@
 namespace {
 constexpr int byName = 0;  // `srcmd`
 constexpr int keplerType = 9;
-constexpr int firstYearOfLastCentury = 57;
 constexpr double gmEarthKm3PerS2 = 398600.4415;
 constexpr double lowestMeanMotion = 1e-30;
 constexpr double lowOrbitRevPerDay = 16.088;
@@ -287,7 +286,13 @@ bool takeEntry(WinpData* in, const Entry& entry, char* out)
 
 void takeName(WinpData* in, const Entry& entry)
 {
-    assignField(in->fsname[workSlot], fieldText(entry.name));
+    auto& name = in->fsname[workSlot];
+    constexpr std::size_t columns = sizeof name - 1;
+    const std::string_view whole = fieldText(entry.name);
+    std::string shown(wholeCharacters(whole, columns));
+    if (whole.size() > columns)
+        shown.resize(columns, ' ');  // in place of half a character
+    assignField(name, shown);
 }
 
 void convldsn(WinpData* in, bool tofull)
@@ -295,10 +300,7 @@ void convldsn(WinpData* in, bool tofull)
     if (tofull && in->ldraw[0] == ' ') {
         assignField(in->ldfull, "           ");
     } else if (tofull) {
-        const bool thisCentury = wholeNumber({in->ldraw, 2}) < firstYearOfLastCentury;
-        const std::string_view raw = fieldText(in->ldraw);
-        TextWriter full(in->ldfull);
-        full.add(thisCentury ? "20" : "19").add(entryColumns(raw, 1, 2)).add("-").add(entryColumns(raw, 3, 8));
+        assignField(in->ldfull, fullDesignator(fieldText(in->ldraw)));
     } else {
         char raw[9] = {};
         std::copy_n(in->ldfull + 2, 2, raw);

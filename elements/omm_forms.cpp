@@ -12,12 +12,19 @@
 #include <cstring>
 #include <string_view>
 
+class OmmReader::Source
+{
+public:
+    virtual ~Source() = default;
+    virtual bool next(OmmMessage& message) = 0;
+};
+
 namespace {
 constexpr std::string_view byteOrderMark = "\xEF\xBB\xBF";
 constexpr std::string_view versionKeyword = "CCSDS_OMM_VERS";
 /// With the fields and the version, what a line of keywords or a message can begin with.
-constexpr std::array<std::string_view, 6> otherKeywords{"CREATION_DATE",  "ORIGINATOR",          "MESSAGE_ID",
-                                                        "CLASSIFICATION", "CLASSIFICATION_TYPE", "ELEMENT_SET_NO"};
+constexpr std::array<std::string_view, 4> otherKeywords{"CREATION_DATE", "ORIGINATOR", "MESSAGE_ID",
+                                                        "CLASSIFICATION"};
 constexpr QLatin1String messageElement("omm");
 constexpr std::string_view commentKeyword = "COMMENT";
 constexpr int keywordsOfHeader = 3;  // so many make a line of names one of keywords
@@ -122,24 +129,34 @@ bool isHeader(const std::vector<std::string>& cells)
            keywordsOfHeader;
 }
 
-std::vector<OmmMessage> csvMessages(std::string_view text)
+class CsvMessages final : public OmmReader::Source
 {
-    std::vector<OmmMessage> messages;
-    std::vector<OmmField> columns;
-    for (CsvReader reader(text); reader.next();) {
-        const std::vector<std::string>& cells = reader.cells;
-        if (isHeader(cells)) {
-            columns.resize(cells.size());
-            std::transform(cells.begin(), cells.end(), columns.begin(),
-                           [](const std::string& cell) { return fieldOf(trimmed(cell)); });
-        } else if (cells.size() >= columns.size()) {
-            OmmMessage& message = messages.emplace_back();
-            for (std::size_t i = 0; i < columns.size(); ++i)
-                message.set(columns[i], cells[i]);
+public:
+    explicit CsvMessages(const QByteArray& utf8) : text(utf8), reader(withoutMark(viewOf(text))) {}
+
+    bool next(OmmMessage& message) override
+    {
+        while (reader.next()) {
+            const std::vector<std::string>& cells = reader.cells;
+            if (isHeader(cells)) {
+                columns.resize(cells.size());
+                std::transform(cells.begin(), cells.end(), columns.begin(),
+                               [](const std::string& cell) { return fieldOf(trimmed(cell)); });
+            } else if (cells.size() >= columns.size()) {
+                message.clear();
+                for (std::size_t i = 0; i < columns.size(); ++i)
+                    message.set(columns[i], cells[i]);
+                return true;
+            }
         }
+        return false;
     }
-    return messages;
-}
+
+private:
+    const QByteArray text;
+    CsvReader reader;
+    std::vector<OmmField> columns;
+};
 
 /// One object after the other out of an array, so that what is cut off or damaged costs no others.
 class JsonObjects
@@ -208,19 +225,28 @@ void collect(OmmMessage& message, const QJsonObject& object)
     }
 }
 
-std::vector<OmmMessage> jsonMessages(std::string_view text)
+class JsonMessages final : public OmmReader::Source
 {
-    std::vector<OmmMessage> messages;
-    JsonObjects objects(text);
-    for (std::string_view object = objects.next(); !object.empty(); object = objects.next()) {
-        const auto bytes = QByteArray::fromRawData(object.data(), static_cast<qsizetype>(object.size()));
-        OmmMessage message;
-        collect(message, QJsonDocument::fromJson(bytes).object());
-        if (!message.empty())
-            messages.push_back(std::move(message));
+public:
+    explicit JsonMessages(const QByteArray& utf8) : text(utf8), objects(withoutMark(viewOf(text))) {}
+
+    bool next(OmmMessage& message) override
+    {
+        message.clear();
+        while (message.empty()) {
+            const std::string_view object = objects.next();
+            if (object.empty())
+                return false;
+            const auto bytes = QByteArray::fromRawData(object.data(), static_cast<qsizetype>(object.size()));
+            collect(message, QJsonDocument::fromJson(bytes).object());
+        }
+        return true;
     }
-    return messages;
-}
+
+private:
+    const QByteArray text;
+    JsonObjects objects;
+};
 
 /// The field of an element; `count` for any other.
 OmmField fieldOfElement(QStringView name)
@@ -233,11 +259,9 @@ OmmField fieldOfElement(QStringView name)
     return fieldOf(std::string_view(keyword, length));
 }
 
-/// Up to the end of the document or to what is no XML. `started` counts the messages that begin.
-std::vector<OmmMessage> xmlMessages(QXmlStreamReader& reader, int& started)
+/// The next message that ends; false at the end of the document or at what is no XML. `started` counts those that begin.
+bool nextMessage(QXmlStreamReader& reader, OmmMessage& message, int& started)
 {
-    std::vector<OmmMessage> messages;
-    OmmMessage message;
     while (!reader.atEnd()) {
         reader.readNext();
         const bool isMessage = reader.name() == messageElement;
@@ -249,14 +273,14 @@ std::vector<OmmMessage> xmlMessages(QXmlStreamReader& reader, int& started)
             if (field != OmmField::count)
                 message.set(field, viewOf(reader.readElementText(QXmlStreamReader::SkipChildElements).toUtf8()));
         } else if (reader.isEndElement() && isMessage) {
-            messages.push_back(message);
+            return true;
         }
     }
-    return messages;
+    return false;
 }
 
 /// Where the next element "omm" begins; -1 if there is none.
-qsizetype nextMessage(const QByteArray& document, qsizetype from)
+qsizetype messageStart(const QByteArray& document, qsizetype from)
 {
     qsizetype start = document.indexOf("<omm", from);
     while (start >= 0 && !(start + 4 < document.size() && std::strchr(" \t\r\n>", document[start + 4])))
@@ -264,38 +288,59 @@ qsizetype nextMessage(const QByteArray& document, qsizetype from)
     return start;
 }
 
-/// The messages after so many of a damaged document, each read by itself with the head that all share.
-void appendRest(std::vector<OmmMessage>& messages, const QByteArray& document, int passed)
+/// From where the first character of the document stands: nothing may stand in front of the declaration.
+QByteArray fromDeclaration(const QByteArray& document)
 {
-    qsizetype start = nextMessage(document, 0);
-    const bool shortHead = start >= 0 && start <= static_cast<qsizetype>(ommHeadLength);
-    const QByteArray head = shortHead ? document.left(start) : QByteArray();
-    for (int i = 0; i < passed && start >= 0; ++i)
-        start = nextMessage(document, start + 4);
-    while (start >= 0) {
-        const qsizetype next = nextMessage(document, start + 4);
-        const QByteArray piece = document.mid(start, next < 0 ? -1 : next - start);
-        QXmlStreamReader reader(head + piece);
-        int started = 0;
-        for (OmmMessage& message : xmlMessages(reader, started))
-            messages.push_back(std::move(message));
-        start = next;
-    }
+    return document.right(static_cast<qsizetype>(fromFirstCharacter(viewOf(document)).size()));
 }
 
-/// One stream from the declaration to the end. What is no XML costs the message it stands in, and no other.
-std::vector<OmmMessage> xmlMessages(const QByteArray& document)
+/// One stream from the declaration to the end. What is no XML costs the message it stands in, and no other: those
+/// behind it are read each by itself, with the head that all share.
+class XmlMessages final : public OmmReader::Source
 {
-    // nothing may stand in front of the declaration
-    const qsizetype start = document.size() - static_cast<qsizetype>(fromFirstCharacter(viewOf(document)).size());
-    const QByteArray whole = document.mid(start);
-    QXmlStreamReader reader(whole);
+public:
+    explicit XmlMessages(const QByteArray& whole) : document(fromDeclaration(whole)), reader(document) {}
+
+    bool next(OmmMessage& message) override
+    {
+        for (; !nextMessage(reader, message, started); takePiece()) {
+            if (!inPieces && !reader.hasError())
+                return false;
+            if (!inPieces)
+                passStarted();
+            if (start < 0)
+                return false;
+        }
+        return true;
+    }
+
+private:
+    /// Goes to the first message that has not begun yet.
+    void passStarted()
+    {
+        inPieces = true;
+        start = messageStart(document, 0);
+        if (start >= 0 && start <= static_cast<qsizetype>(ommHeadLength))
+            head = document.left(start);
+        for (int i = 0; i < started && start >= 0; ++i)
+            start = messageStart(document, start + 4);
+    }
+
+    void takePiece()
+    {
+        const qsizetype behind = messageStart(document, start + 4);
+        reader.clear();
+        reader.addData(head + document.mid(start, behind < 0 ? -1 : behind - start));
+        start = behind;
+    }
+
+    const QByteArray document;
+    QXmlStreamReader reader;
     int started = 0;
-    std::vector<OmmMessage> messages = xmlMessages(reader, started);
-    if (reader.hasError())
-        appendRest(messages, whole, started);
-    return messages;
-}
+    bool inPieces = false;
+    QByteArray head;
+    qsizetype start = -1;  // of the next piece
+};
 
 /// The lines of a document, whichever way they end.
 class Lines
@@ -339,26 +384,40 @@ Assignment assignmentOf(std::string_view line)
     return assignment;
 }
 
-std::vector<OmmMessage> kvnMessages(std::string_view text)
+class KvnMessages final : public OmmReader::Source
 {
-    std::vector<OmmMessage> messages;
-    OmmField first = OmmField::count;  // of the message
-    for (Lines lines(text); lines.next() && lines.isEnded;) {
-        const Assignment assignment = assignmentOf(lines.line);
-        const OmmField field = fieldOf(assignment.keyword);
-        const bool again = field != OmmField::count && field == first;
-        if (messages.empty() || assignment.keyword == versionKeyword || again) {
-            if (messages.empty() || !messages.back().empty())
-                messages.emplace_back();
-            first = OmmField::count;
+public:
+    explicit KvnMessages(const QByteArray& utf8) : text(utf8), lines(withoutMark(viewOf(text))) {}
+
+    bool next(OmmMessage& message) override
+    {
+        while (lines.next() && lines.isEnded) {
+            const Assignment assignment = assignmentOf(lines.line);
+            const OmmField field = fieldOf(assignment.keyword);
+            const bool begins = assignment.keyword == versionKeyword || (field != OmmField::count && field == first);
+            const bool complete = begins && !current.empty();
+            if (complete) {
+                message = current;
+                current.clear();
+            }
+            if (begins)
+                first = OmmField::count;
+            first = first == OmmField::count ? field : first;
+            current.set(field, assignment.value);
+            if (complete)
+                return true;
         }
-        first = first == OmmField::count ? field : first;
-        messages.back().set(field, assignment.value);
+        message = current;
+        current.clear();
+        return !message.empty();
     }
-    if (!messages.empty() && messages.back().empty())
-        messages.pop_back();
-    return messages;
-}
+
+private:
+    const QByteArray text;
+    Lines lines;
+    OmmMessage current;
+    OmmField first = OmmField::count;  // of the current message
+};
 
 bool isKvn(std::string_view text)
 {
@@ -403,20 +462,39 @@ OmmForm ommFormOf(const QByteArray& head)
     return isCsv(text) ? OmmForm::csv : OmmForm::none;
 }
 
-std::vector<OmmMessage> ommMessages(OmmForm form, const QByteArray& document)
+OmmReader::OmmReader(OmmForm form, const QByteArray& document)
 {
-    if (form == OmmForm::xml)
-        return xmlMessages(document);  // it may name its encoding itself
-    const QByteArray utf8 = asUtf8(document);
-    const std::string_view text = withoutMark(viewOf(utf8));
     switch (form) {
     case OmmForm::csv:
-        return csvMessages(text);
+        source = std::make_unique<CsvMessages>(asUtf8(document));
+        break;
     case OmmForm::json:
-        return jsonMessages(text);
+        source = std::make_unique<JsonMessages>(asUtf8(document));
+        break;
+    case OmmForm::xml:  // it may name its encoding itself
+        source = std::make_unique<XmlMessages>(document);
+        break;
     case OmmForm::kvn:
-        return kvnMessages(text);
-    default:
-        return {};
+        source = std::make_unique<KvnMessages>(asUtf8(document));
+        break;
+    case OmmForm::none:
+        break;
     }
+}
+
+OmmReader::~OmmReader() = default;
+OmmReader::OmmReader(OmmReader&&) noexcept = default;
+
+bool OmmReader::next(OmmMessage& message)
+{
+    return source && source->next(message);
+}
+
+std::vector<OmmMessage> ommMessages(OmmForm form, const QByteArray& document)
+{
+    std::vector<OmmMessage> messages;
+    OmmReader reader(form, document);
+    for (OmmMessage message; reader.next(message);)
+        messages.push_back(message);
+    return messages;
 }

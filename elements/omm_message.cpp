@@ -14,26 +14,11 @@
 
 namespace {
 /// In the order of `OmmField`.
-constexpr std::array<std::string_view, ommFieldCount> keywords{"OBJECT_NAME",
-                                                               "OBJECT_ID",
-                                                               "CENTER_NAME",
-                                                               "REF_FRAME",
-                                                               "TIME_SYSTEM",
-                                                               "MEAN_ELEMENT_THEORY",
-                                                               "EPOCH",
-                                                               "MEAN_MOTION",
-                                                               "ECCENTRICITY",
-                                                               "INCLINATION",
-                                                               "RA_OF_ASC_NODE",
-                                                               "ARG_OF_PERICENTER",
-                                                               "MEAN_ANOMALY",
-                                                               "EPHEMERIS_TYPE",
-                                                               "NORAD_CAT_ID",
-                                                               "REV_AT_EPOCH",
-                                                               "BSTAR",
-                                                               "MEAN_MOTION_DOT",
-                                                               "MEAN_MOTION_DDOT",
-                                                               "RCS_SIZE"};
+constexpr std::array<std::string_view, ommFieldCount> keywords{
+    "OBJECT_NAME",  "OBJECT_ID",       "CENTER_NAME",         "REF_FRAME",    "TIME_SYSTEM",    "MEAN_ELEMENT_THEORY",
+    "EPOCH",        "MEAN_MOTION",     "ECCENTRICITY",        "INCLINATION",  "RA_OF_ASC_NODE", "ARG_OF_PERICENTER",
+    "MEAN_ANOMALY", "EPHEMERIS_TYPE",  "CLASSIFICATION_TYPE", "NORAD_CAT_ID", "ELEMENT_SET_NO", "REV_AT_EPOCH",
+    "BSTAR",        "MEAN_MOTION_DOT", "MEAN_MOTION_DDOT",    "RCS_SIZE"};
 
 constexpr double greatestWhole = 999'999'999;
 constexpr int mantissaDigits = 5;
@@ -272,24 +257,28 @@ int numberOfObject(Values& values)
     return values.whole(OmmField::noradCatId, 0);
 }
 
-/// The name to 20 bytes, filled up with blanks as in the files of the services, without half characters; and the
-/// designator.
+/// The name, filled up with blanks as in the files of the services, and the designator.
 void nameEntry(const OmmMessage& message, Entry& entry)
 {
-    constexpr std::size_t nameLength = sizeof entry.name - 1, designatorLength = sizeof entry.designator - 1;
-    std::string name = plainText(message[OmmField::objectName]);
-    if (name.size() > nameLength) {
-        std::size_t length = nameLength;
-        while (length > 0 && (name[length] & 0xC0) == 0x80)
-            --length;
-        name.resize(length);
-    }
+    constexpr std::size_t columns = 20, designatorLength = sizeof entry.designator - 1;
+    std::string name(wholeCharacters(plainText(message[OmmField::objectName]), sizeof entry.name - 1));
     if (!name.empty())
-        name.resize(nameLength, ' ');
+        name.resize(std::max(name.size(), columns), ' ');
     assignField(entry.name, name);
     std::string designator = shortDesignator(message[OmmField::objectId]);
     designator.resize(designatorLength, ' ');
     assignField(entry.designator, designator);
+}
+
+/// Neither is needed for an orbit: one that cannot be read counts as unknown.
+void readSetAndClass(const OmmMessage& message, Entry& entry)
+{
+    const std::string& letter = message[OmmField::classificationType];
+    if (letter.size() == 1 && letter[0] >= 'A' && letter[0] <= 'Z')
+        entry.classification = letter[0];
+    const auto set = numberOf(message[OmmField::elementSetNo]);
+    if (set && *set >= 0 && *set <= greatestWhole && *set == std::floor(*set))
+        entry.elementSet = truncToInt(*set);
 }
 
 void readEpochField(Values& values, Entry& entry)
@@ -378,5 +367,68 @@ Entry entryOf(const OmmMessage& message)
     entry.readTo = EntryPart::whole;
     entry.number = number;
     nameEntry(message, entry);
+    readSetAndClass(message, entry);
     return entry;
+}
+
+std::string ommNumber(double value)
+{
+    char digits[32];
+    const double number = std::isfinite(value) ? value : 0.0;
+    return {digits, std::to_chars(digits, digits + sizeof digits, number).ptr};
+}
+
+std::string ommExponent(double value)
+{
+    char text[32];
+    const double fiveDigits = Atof(formatted(text, "%.4e", value));
+    return ommNumber(asExponentField(fiveDigits) == value ? fiveDigits : value);
+}
+
+std::string ommEpoch(double startOfDay, double days)
+{
+    constexpr double firstDay = -678577.0, lastDay = 2973483.0;  // of the years 1 and 9999
+    constexpr long long microsecondsPerDay = 86'400'000'000;
+    if (!(startOfDay >= firstDay && startOfDay <= lastDay && days >= 0.0 && days <= 1.0)) {
+        startOfDay = std::isnan(startOfDay) ? 0.0 : std::clamp(startOfDay, firstDay, lastDay);
+        days = 0.0;
+    }
+    const long long rounded = std::llround(days * microsecondsPerDay);
+    const long long daysCarried = rounded / microsecondsPerDay;
+    const long long microseconds = rounded % microsecondsPerDay;
+    int day = 0, month = 0, year = 0;
+    double hours = 0;
+    caldat(startOfDay + static_cast<double>(daysCarried), day, month, year, hours);
+    char text[48];
+    return std::string(formatted(text, "%04i-%02i-%02iT%02lld:%02lld:%02lld.%06lld", year, month, day,
+                                 microseconds / 3'600'000'000, microseconds / 60'000'000 % 60,
+                                 microseconds / 1'000'000 % 60, microseconds % 1'000'000));
+}
+
+OmmMessage messageOf(const Entry& entry)
+{
+    OmmMessage m;
+    m.set(OmmField::objectName, beforeLineEnd(fieldText(entry.name)));
+    if (const auto designator = trimmed(fieldText(entry.designator)); !designator.empty())
+        m.set(OmmField::objectId, fullDesignator(designator));
+    const double day = std::floor(entry.day);
+    m.set(OmmField::epoch, ommEpoch(mjd(1, 1, entry.year, 0.0) + day - 1.0, entry.day - day));
+    m.set(OmmField::meanMotion, ommNumber(entry.n0));
+    m.set(OmmField::eccentricity, ommNumber(entry.ecc));
+    m.set(OmmField::inclination, ommNumber(entry.inc));
+    m.set(OmmField::raOfAscNode, ommNumber(entry.ra));
+    m.set(OmmField::argOfPericenter, ommNumber(entry.aper));
+    m.set(OmmField::meanAnomaly, ommNumber(entry.m0));
+    m.set(OmmField::ephemerisType, std::to_string(entry.ephemerisType));
+    if (entry.classification != ' ')
+        m.set(OmmField::classificationType, std::string(1, entry.classification));
+    m.set(OmmField::noradCatId, std::to_string(entry.number));
+    if (entry.elementSet >= 0)
+        m.set(OmmField::elementSetNo, std::to_string(entry.elementSet));
+    if (entry.revolution >= 0)
+        m.set(OmmField::revAtEpoch, std::to_string(entry.revolution));
+    m.set(OmmField::bstar, ommExponent(entry.bstar));
+    m.set(OmmField::meanMotionDot, ommNumber(entry.ndot));
+    m.set(OmmField::meanMotionDdot, ommExponent(entry.n6dot));
+    return m;
 }

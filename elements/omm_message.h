@@ -25,7 +25,9 @@ enum class OmmField : std::size_t
     argOfPericenter,
     meanAnomaly,
     ephemerisType,
+    classificationType,
     noradCatId,
+    elementSetNo,
     revAtEpoch,
     bstar,
     meanMotionDot,
@@ -66,3 +68,17 @@ double asExponentField(double value);
 /// time system than UTC, another centre than the Earth, another frame than TEME or another theory than SGP4. What is
 /// left out of these four counts as right.
 Entry entryOf(const OmmMessage& message);
+
+/// The message of an entry of mean elements, which `entryOf` takes back as it was; the epoch has microseconds. What the
+/// entry does not know is empty.
+OmmMessage messageOf(const Entry& entry);
+
+/// The shortest text that reads as the same number; 0 for one that is none.
+std::string ommNumber(double value);
+/// The same for the number of an exponent field of two lines: its five digits where they give it back.
+std::string ommExponent(double value);
+/// 2018-01-20T12:00:00.000000, rounded to the microsecond and held to the years that four digits name.
+///
+/// @param startOfDay  MJD, a whole number
+/// @param days        since then
+std::string ommEpoch(double startOfDay, double days);

@@ -1,5 +1,6 @@
 #include "exports/element_forms.h"
 
+#include "elements/omm_csv.h"
 #include "exports/rows.h"
 #include "exports/time_text.h"
 #include "record/text.h"
@@ -13,7 +14,8 @@ namespace {
 
 using Fields = std::initializer_list<OmmField>;
 
-constexpr std::array textFields{OmmField::objectName, OmmField::objectId, OmmField::epoch};
+constexpr std::array textFields{OmmField::objectName, OmmField::objectId, OmmField::epoch,
+                                OmmField::classificationType};
 
 bool isText(OmmField field)
 {
@@ -26,8 +28,9 @@ bool isText(OmmField field)
 constexpr Fields elementFields{OmmField::epoch,       OmmField::meanMotion,  OmmField::eccentricity,
                                OmmField::inclination, OmmField::raOfAscNode, OmmField::argOfPericenter,
                                OmmField::meanAnomaly};
-constexpr Fields lineFields{OmmField::ephemerisType, OmmField::noradCatId,    OmmField::revAtEpoch,
-                            OmmField::bstar,         OmmField::meanMotionDot, OmmField::meanMotionDdot};
+constexpr Fields lineFields{OmmField::ephemerisType, OmmField::classificationType, OmmField::noradCatId,
+                            OmmField::elementSetNo,  OmmField::revAtEpoch,         OmmField::bstar,
+                            OmmField::meanMotionDot, OmmField::meanMotionDdot};
 
 struct Metadata
 {
@@ -67,6 +70,16 @@ std::string kvnFields(const OmmMessage& message, Fields fields)
 }
 
 }  // namespace
+
+MessageFrame csvFrame()
+{
+    return {ommHeader(), "", ""};
+}
+
+std::string csvMessage(const OmmMessage& message)
+{
+    return ommLine(message);
+}
 
 MessageFrame jsonFrame()
 {

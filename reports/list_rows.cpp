@@ -1,6 +1,8 @@
 #include "reports/list_rows.h"
 
 #include "astro/angles.h"
+#include "elements/characters.h"
+#include "elements/entry.h"
 #include "engine/event.h"
 #include "engine/satpos_data.h"
 #include "record/numbers.h"
@@ -80,6 +82,14 @@ SatelliteName nameOf(const WinpData& in, int slot)
 {
     return {fieldQString(in.fsname[slot]).trimmed().toStdString(), in.norad[slot],
             fieldQString(in.ldsn[slot]).trimmed().toStdString()};
+}
+
+SatelliteName nameOf(const Entry& entry)
+{
+    const std::string_view raw = trimmed(fieldText(entry.designator));
+    const std::string designator = raw.empty() ? std::string() : fullDesignator(raw);
+    const std::string name = fieldQString(entry.name).trimmed().toStdString();
+    return {name.empty() ? designator : name, entry.number, designator};
 }
 
 ListRow passRowOf(const WinpData& in, int slot, const Pass& pass)

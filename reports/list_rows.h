@@ -6,11 +6,15 @@
 
 #include <string>
 
+struct Entry;
 struct Event;
 struct Pass;
 
 /// How a list calls the satellite of a slot.
 SatelliteName nameOf(const WinpData& in, int slot);
+
+/// How a list calls the satellite of an entry: by its designator if it has no name.
+SatelliteName nameOf(const Entry& entry);
 
 /// A pass of the satellite of a slot under `passColumns`.
 ListRow passRowOf(const WinpData& in, int slot, const Pass& pass);

@@ -1,6 +1,10 @@
 // Forms of lists that no run of the command shows: odd texts and numbers, edges of the calendar, the date line.
 
+#include "elements/element_file.h"
+#include "elements/entry_reader.h"
+#include "elements/omm_forms.h"
 #include "exports/calendar_form.h"
+#include "exports/element_forms.h"
 #include "exports/ephemeris_form.h"
 #include "exports/geo_form.h"
 #include "exports/rows.h"
@@ -10,6 +14,7 @@
 #include <QJsonObject>
 #include <array>
 #include <limits>
+#include <map>
 
 #include <gtest/gtest.h>
 
@@ -89,3 +94,49 @@ TEST(Lines, AreCutAtTheDateLine)
 }
 
 }  // namespace
+
+TEST(ElementForms, GiveBackTheTwoLinesTheyCameFrom)
+{
+    const std::string path = std::string(TEST_DATA) + "/elements/iridium_2018.txt";
+    const std::string original = contentOfFile(path.c_str()).value_or("");
+    std::map<OmmForm, std::string> documents{
+        {OmmForm::csv, csvFrame().head}, {OmmForm::json, "[\n"}, {OmmForm::xml, xmlFrame().head}};
+    std::string again;
+    const FilePtr file = openElementFile(path.c_str());
+    EntryReader reader(file.get());
+    for (Entry entry; reader.next(entry);) {
+        again += twoLinesOf(entry).text;
+        const OmmMessage message = messageOf(entry);
+        documents[OmmForm::csv] += csvMessage(message);
+        documents[OmmForm::json] += jsonMessage(message) + ",\n";
+        documents[OmmForm::xml] += xmlMessage(message, 58138.0);
+        documents[OmmForm::kvn] += kvnMessage(message, 58138.0);
+    }
+    EXPECT_EQ(again, original);
+    for (const auto& [form, document] : documents) {
+        std::string lines;
+        for (const OmmMessage& message : ommMessages(form, QByteArray::fromStdString(document)))
+            lines += twoLinesOf(entryOf(message)).text;
+        EXPECT_EQ(lines, original) << static_cast<int>(form);
+    }
+}
+
+TEST(ElementForms, SayWhatHasNoPlaceInTwoLines)
+{
+    Entry fits;
+    fits.year = 2018;
+    fits.n0 = 15;
+    fits.bstar = -3.25e-12;
+    EXPECT_EQ(twoLinesOf(fits).text.substr(25 + 52, 9), " -00325-9");
+    const std::pair<void (*)(Entry&), const char*> cases[] = {{[](Entry& e) { e.number = 340000; }, "its number"},
+                                                              {[](Entry& e) { e.year = 2057; }, "the year of its epoch"},
+                                                              {[](Entry& e) { e.ecc = 0.99999997; }, "its ecc"},
+                                                              {[](Entry& e) { e.n0 = 100; }, "its mean motion"},
+                                                              {[](Entry& e) { e.ndot = -1; }, "its drag"},
+                                                              {[](Entry& e) { e.bstar = 1e10; }, "its drag"}};
+    for (const auto& [change, why] : cases) {
+        Entry entry = fits;
+        change(entry);
+        EXPECT_EQ(twoLinesOf(entry).complaint.rfind(why, 0), 0u) << why;
+    }
+}
