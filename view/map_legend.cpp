@@ -47,6 +47,16 @@ void measure(DrawnLegend& legend, const std::optional<DrawnLegend>& before, cons
         legend.boxes.push_back(sameText(before, legend, i) ? before->boxes[i] : boxOf(legend.texts[i], metrics));
 }
 
+/// Names that do not fit beside the border of the legend end in three dots.
+void shortenNames(std::vector<LegendText>& texts, const QFontMetrics& metrics)
+{
+    for (LegendText& text : texts) {
+        const int room = mapPicture.width() - columnX[text.column];
+        if (text.label && metrics.horizontalAdvance(text.text.trimmed()) > room)
+            text.text = metrics.elidedText(text.text.trimmed(), Qt::ElideRight, room);
+    }
+}
+
 void write(QPainter& painter, const LegendText& text)
 {
     painter.setPen(text.colour);
@@ -78,7 +88,9 @@ void VorlixView::drawLegend(const PlotScene& scene)
     // names stand out in the colours of their markers on the map
     const QColor ground = indata->mgrey == 2 ? QColor(0, 0, 0) : QColor(255, 255, 255);
     DrawnLegend now{legendFont(*indata), ground, legendTexts(indata, satps, scene), {}};
-    measure(now, legend, QFontMetrics(now.font, &mapPix));
+    const QFontMetrics metrics(now.font, &mapPix);
+    shortenNames(now.texts, metrics);
+    measure(now, legend, metrics);
     ChangedTiles changed;
     addChanges(changed, legend, now);
     if (!ChangedTiles::fit(scale))

@@ -12,7 +12,7 @@
 namespace {
 
 constexpr int reachOfMark = 2;
-constexpr int overhang = 2;  // of letters beyond the box of their name
+constexpr int overhang = 1;  // of letters beyond the box of their name
 
 void addFigure(ChangedTiles& changed, const Mark& mark)
 {
@@ -87,6 +87,28 @@ void paintSun(QPainter& painter, const SunMark& sun)
 
 }  // namespace
 
+QPoint nameBeside(const QPoint& marker, const QRect& letters, const QRect& picture)
+{
+    constexpr int gap = 2;
+    constexpr int halfCapital = 4;
+    const int y = std::clamp(marker.y() + halfCapital, picture.top() - letters.top(),
+                             std::max(picture.top() - letters.top(), picture.bottom() - letters.bottom()));
+    const int right = marker.x() + reachOfMark + gap - letters.left();
+    if (right + letters.right() <= picture.right())
+        return {right, y};
+    return {marker.x() - reachOfMark - gap - letters.right(), y};
+}
+
+QPoint Mark::nameOrigin() const
+{
+    return nameBeside(at, nameBox, mapPicture);
+}
+
+QRect nameBoxOf(const QString& name, const QFontMetrics& metrics)
+{
+    return metrics.boundingRect(name).adjusted(-overhang, -overhang, overhang, overhang);
+}
+
 QFont nameFont()
 {
     return QFont("Helvetica", 8, QFont::Normal);
@@ -101,7 +123,7 @@ void measure(Marks& marks, const Marks& earlier, const QPaintDevice* device)
         if (known)
             mark.nameBox = earlier.satellites[i].nameBox;
         else
-            mark.nameBox = metrics.boundingRect(mark.name).adjusted(-overhang, -overhang, overhang, overhang);
+            mark.nameBox = nameBoxOf(mark.name, metrics);
     }
 }
 

@@ -14,8 +14,13 @@
 #include <QString>
 
 class ChangedTiles;
+class QFontMetrics;
 class QPaintDevice;
 class QPainter;
+
+/// Where a name begins that stands beside its marker: on the right, or on the left where the picture ends; moved up or
+/// down so that no letter is cut. `letters` is the box of the name about its origin.
+QPoint nameBeside(const QPoint& marker, const QRect& letters, const QRect& picture);
 
 /// What stands for a satellite.
 struct Mark
@@ -31,10 +36,10 @@ struct Mark
     QColor colour;
     Figure figure = Figure::none;
     QString name;                // empty for none
-    QRect nameBox;               // around the name, from its origin; filled by `measure`
+    QRect nameBox;               // around the name, about its origin; filled by `measure`
     std::vector<QPoint> circle;  // of visibility
 
-    QPoint nameOrigin() const { return at - QPoint(2, 2); }
+    QPoint nameOrigin() const;
 };
 
 /// The star of single pixels over the subsolar point.
@@ -55,6 +60,9 @@ struct Marks
 
 /// The font of what is written on a map, a sky or a picture beside its legend.
 QFont nameFont();
+
+/// The box of a name about its origin, with room for letters that reach beyond.
+QRect nameBoxOf(const QString& name, const QFontMetrics& metrics);
 
 /// Fills the boxes of the names, from marks of an earlier plot where the names are the same.
 void measure(Marks& marks, const Marks& earlier, const QPaintDevice* device);

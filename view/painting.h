@@ -11,6 +11,9 @@
 /// Where the legend begins under every map.
 constexpr int legendTop = 362;
 
+/// The part of the display that holds a map or a sky.
+constexpr QRect mapPicture(0, 0, 721, legendTop);
+
 /// The size of the text display.
 constexpr QSize textSize(860, 2500);
 

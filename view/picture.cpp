@@ -262,7 +262,8 @@ void VorlixView::drawPictureMarkers(QPainter& painter, const PlotScene& scene)
         painter.setPen(scene.colours[static_cast<std::size_t>(slot)]);
         painter.drawRect(boxAbout(p, 2));
         painter.drawPoint(p);
+        const QString name = shownName(*indata, slot).trimmed();
         if (indata->nmflg)
-            painter.drawText(p + QPoint(1, -2), shownName(*indata, slot));
+            painter.drawText(nameBeside(p, nameBoxOf(name, painter.fontMetrics()), QRect(QPoint(), picSize)), name);
     }
 }

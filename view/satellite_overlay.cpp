@@ -71,8 +71,9 @@ Mark VorlixView::markOf(int slot, const PlotScene& scene)
         mark.figure = Mark::Figure::disk;
     else if (onDisplay && !observer)
         mark.figure = Mark::Figure::square;
-    if (onDisplay && indata->nmflg && !observer)
-        mark.name = shownName(*indata, slot);
+    const bool inPicture = mapPicture.adjusted(-2, -2, 2, 2).contains(mark.at);
+    if (inPicture && indata->nmflg && !observer)
+        mark.name = shownName(*indata, slot).trimmed();
     if (scene.circles && !indata->occflg && !indata->flarflg && !indata->skymap)
         mark.circle = circleOf(slot);
     return mark;

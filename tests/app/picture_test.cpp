@@ -245,7 +245,8 @@ private Q_SLOTS:
         QPainter painter(&expected);
         painter.setFont(QFont("Helvetica", 8, QFont::Normal));
         painter.setPen(QColor(255, 0, 0));
-        painter.drawText(box.center() + QPoint(1, -2), "ENVISAT");
+        const int bearing = painter.fontMetrics().boundingRect("ENVISAT").left();
+        painter.drawText(box.center() + QPoint(5 - bearing, 4), "ENVISAT");
         painter.end();
         choose("viewNames");
         QCOMPARE(shown(), expected);

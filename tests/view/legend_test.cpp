@@ -134,6 +134,24 @@ private Q_SLOTS:
             QCOMPARE(mapImage().copy(legend), reference.toImage().copy(legend));
             QCOMPARE(shownImage().copy(legend), reference.toImage().copy(legend));
         }
+        assignField(indata->fsname[0], "WIDE WIDE WIDE W");
+        indata->mfsz = 24;
+        for (const bool wide : {false, true}) {
+            assignField(indata->fsname[0], wide ? "WIDE WIDE WIDE W" : "WI");
+            view->SatPlot(58139.8632, 1);
+            const QFontMetrics letters(QFont("Helvetica", 24, QFont::Bold));
+            const QString shown = wide ? letters.elidedText("WIDE WIDE WIDE ", Qt::ElideRight, 131) : "WI";
+            QCOMPARE(letters.horizontalAdvance(shown) < 131, true);
+            QPixmap part(131, 40);
+            part.fill(QColor(0, 50, 200));
+            QPainter painter(&part);
+            painter.setFont(QFont("Helvetica", 24, QFont::Bold));
+            painter.setBackground(Qt::white);
+            painter.setBackgroundMode(Qt::OpaqueMode);
+            painter.drawText(0, letters.ascent() + 5, shown);
+            painter.end();
+            QCOMPARE(mapImage().copy(590, 362, 131, 20), part.toImage().copy(0, 0, 131, 20));
+        }
         indata->satn = 0;
         for (const int size : {0, -5, 2000000000}) {  // a damaged font size leaves a legend
             indata->mfsz = size;

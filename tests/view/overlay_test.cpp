@@ -8,6 +8,7 @@
 #include "engine/satpos_data.h"
 #include "record/text.h"
 #include "record_fields.h"
+#include "view/marks.h"
 #include "view/picture_helper.h"
 #include "view/view_fixture.h"
 
@@ -114,19 +115,36 @@ private Q_SLOTS:
         QCOMPARE(plotted(1).pixelColor(view->PxCoord(48.284852 + 19.97, 18.234994)), QColor(0, 0, 0));
     }
 
-    void namesAreCutAndStandByTheMarker()
+    /// In the middle, and twice at the right border, where the meridian of the centre brings the marker.
+    void namesAreCutAndStandBesideTheMarker()
     {
         assignField(indata->fsname[0], "ABCDEFGHIJKLMNOPQRS");
-        plotted(0);
-        QPixmap expected = view->displayPixmap();
-        QPainter painter(&expected);
-        painter.setFont(QFont("Helvetica", 8, QFont::Normal));
-        painter.setPen(white);
-        painter.drawText(issOnWorld - QPoint(2, 2), "ABCDEFGHIJKLMNO");
-        painter.end();
-        QVERIFY(pictures::differences(expected.toImage(), shownImage()) > 50);
-        indata->nmflg = 1;
-        QCOMPARE(pictures::differences(expected.toImage(), plotted(0)), 0);
+        const int width = QFontMetrics(QFont("Helvetica", 8, QFont::Normal)).horizontalAdvance("ABCDEFGHIJKLMNO");
+        for (const auto& [fields, x] : {std::pair{"", 396}, {"centmer=-158", 712}, {"centmer=-161.765", 720}}) {
+            setFields(*indata, std::string("nmflg=0 ") + fields);
+            const QImage plain = plotted(0);
+            QCOMPARE(view->PxCoord(satps->lat[0], satps->lng[0]).x(), x);
+            indata->nmflg = 1;
+            const QImage named = plotted(0);
+            const QRect beside(x < 600 ? x + 3 : x - 6 - width, issOnWorld.y() - 8, width + 4, 16);
+            QVERIFY(pictures::differences(plain, named, beside) > 50);
+            QCOMPARE(pictures::differences(plain, named), pictures::differences(plain, named, beside));
+        }
+    }
+
+    void namesStayInsideThePicture()
+    {
+        const QRect letters(-1, -9, 102, 12), picture(0, 0, 721, 362);
+        for (const QPoint& marker : {QPoint(0, 0), {0, 361}, {720, 0}, {720, 361}, {617, 100}, {618, 100}}) {
+            const QRect name = letters.translated(nameBeside(marker, letters, picture));
+            QVERIFY(picture.contains(name));
+            QVERIFY(!name.intersects(QRect(marker - QPoint(2, 2), marker + QPoint(2, 2))));
+        }
+        indata->nmflg = indata->occflg = 1;  // no transit: the marker stands above the map
+        QCOMPARE(satps->occlat[0], 100.0);
+        const QImage named = plotted(0);
+        indata->nmflg = 0;
+        QCOMPARE(pictures::differences(named, plotted(0)), 0);
     }
 
     void theSunStandsOverItsPoint()
