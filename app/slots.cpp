@@ -12,7 +12,6 @@
 #include <QGridLayout>
 #include <QImage>
 #include <QInputDialog>
-
 #include <QMessageBox>
 #include <QStatusBar>
 #include <QTimer>
@@ -479,8 +478,8 @@ void VorlixApp::slotViewSwitch()
 void VorlixApp::slotViewMap()
 {
     showStatus(tr("Select world map or sky map parameters."));
-    if (view->vMapDialog() && !timer->isActive())
-        view->vRefreshP();  // a running plot brings satellites and legend back by itself
+    if (view->vMapDialog())
+        view->showNewMap(!timer->isActive());
     showStatus(tr("Ready."));
 }
 

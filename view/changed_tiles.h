@@ -22,6 +22,7 @@ public:
     void add(const ChangedTiles& others) { tiles |= others.tiles; }
     void addAll() { tiles.set(); }
     void clear() { tiles.reset(); }
+    bool isEmpty() const { return tiles.none(); }
 
     /// The tiles as rectangles, with the gaps between near ones.
     QRegion region() const;

@@ -49,7 +49,7 @@ void VorlixView::showMapIfText()
     if (indata->dspmd != 0)
         return;
     indata->dspmd = 1;
-    vRefresh();
+    redrawBehindPlot();
 }
 
 void VorlixView::RT_Plot()
@@ -130,7 +130,7 @@ void VorlixView::jumpToPass(bool forward)
         warnWithCancel(this, tr("No suitable pass found"));
         return;
     }
-    vRefresh();
+    redrawBehindPlot();
     indata->pasjmp = 1;
     showPassAt(indata->rlm && indata->satn >= 2 ? tm[0] : centredOn(tm[1]));
 }
@@ -140,7 +140,7 @@ double VorlixView::centredOn(double t)
 {
     if (indata->skymap && indata->skyprj == 5) {
         SkyAzim(indata, t);
-        vRefresh();
+        redrawBehindPlot();
     }
     return t;
 }

@@ -24,6 +24,7 @@ namespace {
 
 constexpr QSize mapSize(721, 501);
 constexpr QSize legendSize(860, 140);
+constexpr QColor rowShade(0, 50, 200, 32);  // over the row of a table under the pointer
 
 QColor backgroundColour(int mgrey)
 {
@@ -43,6 +44,7 @@ VorlixView::VorlixView(QWidget* parent) : QScrollArea(parent)
 {
     setFrameShape(QFrame::NoFrame);  // a position of the mouse is a position in the pixmap
     viewport()->setAttribute(Qt::WA_OpaquePaintEvent);
+    viewport()->setMouseTracking(true);
     setFocusPolicy(Qt::NoFocus);  // a click that means nothing leaves the keys to the main window
     resize(720, 600);
     outdata->nlines = 0;
@@ -108,10 +110,12 @@ void VorlixView::paintEvent(QPaintEvent* event)
     // with another scale parts might be taken from other pixels than the whole
     if (scale != 1.0) {
         painter.drawPixmap(0, 0, *onScreen);
-        return;
+    } else {
+        for (const QRect& part : event->region() & onScreen->rect())
+            painter.drawPixmap(part, *onScreen, part);
     }
-    for (const QRect& part : event->region() & onScreen->rect())
-        painter.drawPixmap(part, *onScreen, part);
+    if (indata->dspmd == -1 && pointedRow >= 0)
+        painter.fillRect(rowOnShow(pointedRow), rowShade);
 }
 
 int VorlixView::getLeft() const
@@ -193,7 +197,7 @@ void VorlixView::redrawMap()
     }
 }
 
-/// The same within a plot, whose marks and legend come to the screen with it.
+/// The same for a plot, whose marks and legend come to the screen with it.
 void VorlixView::redrawBehindPlot()
 {
     redrawMap();
@@ -258,7 +262,7 @@ void VorlixView::copyMap(QPainter& painter, const QRect& part) const
 void VorlixView::copyMapToDisplay()
 {
     QPainter painter(&dspPix);
-    copyMap(painter, dspPix.rect());
+    copyMap(painter, QRect(QPoint(), displaySize));
     marks = Marks();
     stale.clear();
 }
@@ -271,9 +275,16 @@ void VorlixView::forgetPlot()
 
 void VorlixView::vRefreshP()
 {
-    vRefresh();
-    if (indata->satn >= 1)
+    redrawBehindPlot();
+    showNewMap(true);
+}
+
+void VorlixView::showNewMap(bool plot)
+{
+    if (plot && indata->satn >= 1)
         vCurrent();
+    else
+        update();
 }
 
 void VorlixView::vText()

@@ -49,6 +49,18 @@ void VorlixView::mousePressEvent(QMouseEvent* event)
     setFocus(Qt::OtherFocusReason);
 }
 
+void VorlixView::mouseMoveEvent(QMouseEvent* event)
+{
+    if (indata->dspmd == -1)
+        pointAtRow(passRowAt(event->position().toPoint().y(), indata->naos), event->globalPosition().toPoint());
+}
+
+void VorlixView::leaveEvent(QEvent*)
+{
+    if (indata->dspmd == -1)
+        pointAtRow(-1, {});
+}
+
 void VorlixView::getMapPos(int x, int y)
 {
     const Keep busy(pickbusy, true);

@@ -214,8 +214,10 @@ QPoint VorlixView::textOrigin(const QPainter& painter) const
 
 void VorlixView::PicPlot(double t)
 {
-    if (indata->picstep < astrometry::firstTrailEnd)
+    if (indata->picstep < astrometry::firstTrailEnd) {
+        showIfDrawnAnew();
         return;
+    }
     indata->rlm = 0;
     indata->mjd = t;
     const PlotScene scene = sceneOf(t, 0);

@@ -36,8 +36,10 @@ double oldSkyDays(const WinpData& in)
 
 void VorlixView::SatPlot(double t, int circles)
 {
-    if (!flownAhead(t))
+    if (!flownAhead(t)) {
+        showIfDrawnAnew();
         return;
+    }
     if (indata->picflg) {
         PicPlot(t);
         return;
@@ -60,6 +62,13 @@ void VorlixView::SatPlot(double t, int circles)
     showMarks(scene);
     drawTrails(scene);
     update();
+}
+
+/// For a plot that ends early: a background drawn anew for it is shown without.
+void VorlixView::showIfDrawnAnew()
+{
+    if (!stale.isEmpty())
+        update();
 }
 
 /// Makes all pictures anew for the scale of the screen that the window is on now: no satellite is calculated, the legend

@@ -160,7 +160,7 @@ bool VorlixView::vMapDialog()
         in.centmer += 360.0;
     if (in.frequ < 0)
         in.frequ = 0;
-    vRefresh();
+    redrawBehindPlot();
     return true;
 }
 

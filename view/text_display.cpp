@@ -4,13 +4,16 @@
 
 #include <algorithm>
 #include <string_view>
+#include <utility>
 
 #include <QFontMetrics>
 #include <QPainter>
+#include <QToolTip>
 
 #include "record/keep.h"
 #include "record/text.h"
 #include "record/wout_data.h"
+#include "view/painting.h"
 
 int epos[120] = {};
 
@@ -90,6 +93,7 @@ void VorlixView::showSattxt()
 void VorlixView::paintReport(const ReportStyle& style)
 {
     setCursor(Qt::ArrowCursor);
+    pointedRow = -1;
     shownReport = *outdata;
     shownStyle = style;
     paintPage();
@@ -102,6 +106,7 @@ void VorlixView::paintPage()
     txtPix.fill(Qt::white);
     ReportPainter page(txtPix);
     const auto [fixed, first] = shownStyle;
+    lineHeight = page.ascent();
     int rows = 0;
     int y = 0;
     for (int i = 0; i < shownReport.nlines; ++i) {
@@ -125,6 +130,31 @@ int passRowAt(int y, int rows)
             row = k;
     }
     return row;
+}
+
+/// Around its letters, of which some reach below the line.
+QRect VorlixView::rowOnShow(int row) const
+{
+    constexpr int belowLine = 2;
+    return {0, epos[row] + rowGap + belowLine, textSize.width(), lineHeight};
+}
+
+/// Takes note of the row under the pointer, -1 for none: its ground and the shape of the pointer say that it answers to
+/// a click, a tool tip what the first time.
+void VorlixView::pointAtRow(int row, const QPoint& pointer)
+{
+    if (row == pointedRow)
+        return;
+    for (const int changed : {std::exchange(pointedRow, row), row})
+        if (changed >= 0)
+            viewport()->update(rowOnShow(changed));
+    setCursor(row >= 0 ? Qt::PointingHandCursor : Qt::ArrowCursor);
+    if (row < 0 || std::exchange(rowsTold, true))
+        return;
+    QToolTip::showText(pointer,
+                       indata->leftbtn ? tr("A click on a row shows the details of the pass.")
+                                       : tr("A click with the right button on a row shows the details of the pass."),
+                       viewport());
 }
 
 void VorlixView::showPassDetails(int y)

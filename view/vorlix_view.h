@@ -96,6 +96,9 @@ public:
     void vRefresh();
     /// The same, and a plot of the current time if a satellite is selected.
     void vRefreshP();
+    /// Brings a background drawn anew to the screen, with satellites and legend if `plot`; a running plot brings them
+    /// by itself.
+    void showNewMap(bool plot);
     /// Turns from the map to the last text or back.
     void vText();
     /// Names beside the markers; replots unless a real-time plot runs.
@@ -197,7 +200,8 @@ public:
     void vStep();
     void vMag();
     void vSwitch();
-    bool vMapDialog();  // true if the map has changed
+    /// @return  true if the map has been drawn anew, for `showNewMap`
+    bool vMapDialog();
     void vSysConf();
 
     // --- world map
@@ -243,6 +247,8 @@ Q_SIGNALS:
 
 protected:
     void mousePressEvent(QMouseEvent* event) override;
+    void mouseMoveEvent(QMouseEvent* event) override;
+    void leaveEvent(QEvent* event) override;
     void keyPressEvent(QKeyEvent* event) override;
     void paintEvent(QPaintEvent* event) override;
 
@@ -268,6 +274,8 @@ private:
     // text display
     void paintReport(const ReportStyle& style);
     void paintPage();
+    void pointAtRow(int row, const QPoint& pointer);
+    QRect rowOnShow(int row) const;
     void openPassDetails();
 
     // searches and tables
@@ -292,6 +300,7 @@ private:
 
     // satellite plot
     void refreshIfAged(double t);
+    void showIfDrawnAnew();
     void observeFromPrime();
     PlotScene sceneOf(double t, int circles) const;
     void drawTrails(const PlotScene& scene);
@@ -346,6 +355,9 @@ private:
 
     WoutData shownReport;  // in txtPix
     ReportStyle shownStyle;
+    int lineHeight = 0;     // of it
+    int pointedRow = -1;    // of the pass table, under the pointer
+    bool rowsTold = false;  // by a tool tip, that they can be clicked
 
     std::unique_ptr<WinpData> listedRecord;  // that the last table of passes was made with,
     std::string listedText;                  // and its lines

@@ -265,9 +265,13 @@ private Q_SLOTS:
         markStars(camera, 1);
         choose(clickAt({300, 300}));
         const QImage before = shown();
+        windows::select("ISS");
         choose("viewPicture");
         QVERIFY(!indata->picflg);
         QCOMPARE(canvas()->size(), canvas()->displayPixmap().size());
+        const QImage map = canvas()->displayPixmap().toImage();
+        choose("plotCurrent");
+        QVERIFY(canvas()->displayPixmap().toImage() == map);  // satellites and legend were there
         choose("viewPicture");
         QCOMPARE(indata->picstep, 5);
         QCOMPARE(shown(), before);

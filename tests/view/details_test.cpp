@@ -3,10 +3,12 @@
 #include <QRegularExpression>
 #include <QTest>
 #include <QTextEdit>
+#include <QToolTip>
 
 #include "record/text.h"
 #include "record/wout_data.h"
 #include "record_fields.h"
+#include "view/picture_helper.h"
 #include "view/view_fixture.h"
 
 using windows::answering;
@@ -81,6 +83,34 @@ private Q_SLOTS:
             const QTime start = QTime::fromString(rows.value(row).mid(9, 8).trimmed(), "h:mm:ss");
             QCOMPARE(lines[5].mid(7, 6).trimmed(), start.addSecs(60 - start.second()).toString("h:mm"));
         }
+    }
+
+    void rowsSayThatTheyCanBeClicked()
+    {
+        view->vCalcAOS();
+        const auto moveTo = [this](int y) { QTest::mouseMove(view->viewport(), {60, y}); };
+        const auto page = [this] { return view->viewport()->grab().toImage(); };
+        const QImage plain = page();
+        const QRect row(0, epos[4], 860, epos[5] - epos[4]);
+        moveTo(row.center().y());
+        QTRY_COMPARE(view->cursor().shape(), Qt::PointingHandCursor);
+        QVERIFY(QToolTip::text().contains("details of the pass"));
+        QCOMPARE(pictures::differences(page(), plain, {0, 0, 860, 900}),
+                 pictures::differences(page(), plain, row.translated(0, 4)));
+        QVERIFY(page().copy(row) != plain.copy(row));
+        QToolTip::hideText();
+        QTRY_VERIFY(QToolTip::text().isEmpty());
+        moveTo(epos[6] + 4);
+        QTRY_VERIFY(page().copy(row) == plain.copy(row));
+        QVERIFY(QToolTip::text().isEmpty());  // told once
+        moveTo(epos[0] - 20);
+        QTRY_COMPARE(view->cursor().shape(), Qt::ArrowCursor);
+        QCOMPARE(page(), plain);
+        view->vText();
+        view->vText();  // the same table as plain text
+        moveTo(row.center().y());
+        QCoreApplication::processEvents();
+        QCOMPARE(view->cursor().shape(), indata->dspmd == 0 ? Qt::ArrowCursor : Qt::PointingHandCursor);
     }
 
     void aClickOnTheWorldTellsItsView()
