@@ -32,7 +32,7 @@ void joinAll(QPainter& painter, const std::vector<QPoint>& points, std::size_t c
 }
 
 /// The lit half of the limb is a line, the dark one is dotted; near new Moon all of it is.
-void drawMoon(QPainter& painter, const DiskFrame& disk, double radius, int mgrey)
+void drawMoon(QPainter& painter, const DiskFrame& disk, double radius, const QColor& darkLimb)
 {
     constexpr double newMoon = -0.995;
     constexpr std::size_t litPoints = 37;  // 0 to 180 degrees
@@ -43,7 +43,7 @@ void drawMoon(QPainter& painter, const DiskFrame& disk, double radius, int mgrey
         joinAll(painter, limb, litPoints);
 
     const QColor base = painter.pen().color();
-    painter.setPen(mgrey == 2 ? strongLineColour : base);
+    painter.setPen(darkLimb);
     for (std::size_t i = lit ? litPoints : 1; i < limb.size(); ++i)
         painter.drawPoint(limb[i]);
     painter.setPen(base);
@@ -54,10 +54,10 @@ void drawMoon(QPainter& painter, const DiskFrame& disk, double radius, int mgrey
     joinAll(painter, terminator, terminator.size());
 }
 
-void drawNorth(QPainter& painter, const DiskFrame& disk, double radius, const Horizontal& body)
+void drawNorth(QPainter& painter, const DiskFrame& disk, double radius, const Horizontal& body, const QColor& colour)
 {
     const QPoint end = limbPoint(disk, 0.35 * radius, northAngle(body, indata->lat));
-    painter.setPen(coastColour);
+    painter.setPen(colour);
     painter.drawLine(disk.centre, end);
     painter.drawText(end, VorlixView::tr("N"));
 }
@@ -74,15 +74,16 @@ void VorlixView::PltSunM(QPainter& painter)
     const DiskFrame disk = diskFrame();
     const bool moon = indata->occflg != transitOfSun && indata->satn != 0;
     const double radius = (moon ? satps->moonrad : sunRadiusDegrees) * yscale;
-    painter.setPen(contrastColour(indata->mgrey));
+    const MapColours c = colours();
+    painter.setPen(c.contrast);
     if (moon) {
-        drawMoon(painter, disk, radius, indata->mgrey);
+        drawMoon(painter, disk, radius, c.darkLimb);
     } else {
         const std::vector<QPoint> limb = limbPoints(disk, radius, 0.0);
         joinAll(painter, limb, limb.size());
     }
     if (indata->satn >= 1 && indata->mgrid >= 1)
-        drawNorth(painter, disk, radius, moon ? moonOf(*satps) : sunOf(*satps));
+        drawNorth(painter, disk, radius, moon ? moonOf(*satps) : sunOf(*satps), c.northMark);
 }
 
 QPoint VorlixView::PxCdSun(int i, int occflg) const

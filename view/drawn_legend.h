@@ -15,7 +15,8 @@ class ChangedTiles;
 struct DrawnLegend
 {
     QFont font;
-    QColor ground;  // of the names
+    QColor ground;
+    QColor plate;  // behind the names
     std::vector<LegendText> texts;
     std::vector<QRect> boxes;  // no pixel of a text lies outside its box
 };

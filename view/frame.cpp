@@ -26,18 +26,6 @@ constexpr QSize mapSize(721, 501);
 constexpr QSize legendSize(860, 140);
 constexpr QColor rowShade(0, 50, 200, 32);  // over the row of a table under the pointer
 
-QColor backgroundColour(int mgrey)
-{
-    switch (mgrey) {
-    case 0:
-        return {255, 255, 255};
-    case 1:
-        return {200, 200, 200};
-    default:
-        return {0, 0, 0};
-    }
-}
-
 }  // namespace
 
 VorlixView::VorlixView(QWidget* parent) : QScrollArea(parent)
@@ -62,13 +50,18 @@ VorlixView::VorlixView(QWidget* parent) : QScrollArea(parent)
     vText();
 }
 
+MapColours VorlixView::colours() const
+{
+    return coloursOf(indata->mgrey);
+}
+
 void VorlixView::makePixmaps()
 {
     mapPix = pixmapOf(mapSize, scale);
     dspPix = pixmapOf(displaySize, scale);
     dspPix.fill(Qt::black);
     legendPix = pixmapOf(legendSize, scale);
-    legendPix.fill(legendColour);
+    legendPix.fill(colours().legend);
 }
 
 void VorlixView::update()
@@ -206,7 +199,7 @@ void VorlixView::redrawBehindPlot()
 
 void VorlixView::drawBackground()
 {
-    mapPix.fill(backgroundColour(indata->mgrey));
+    mapPix.fill(colours().ground);
     legend.reset();
     const bool disk = diskWanted();
     chooseScales(disk);

@@ -25,11 +25,6 @@ enum Column
 constexpr double aboutOneSecondDays = 1.157407407e-5;
 constexpr int longestName = 15;
 
-constexpr QColor white(255, 255, 255);
-constexpr QColor black(0, 0, 0);
-constexpr QColor yellow(255, 255, 0);
-constexpr QColor red(255, 0, 0);
-
 [[gnu::format(printf, 1, 2)]] QString composed(const char* format, ...)
 {
     char buffer[64];
@@ -70,6 +65,7 @@ public:
         : in(*record),
           sp(*positions),
           scene(plot),
+          colours(plot.colours),
           prime(std::clamp(record->prs, 0, maxSatellites - 1)),
           ground(positions->occlat[prime] < noGroundPoint),
           decayed(record->satn > 0 && positions->hgt[prime] < 0)
@@ -109,6 +105,7 @@ private:
     WinpData& in;
     SatPosData& sp;
     const PlotScene& scene;
+    const MapColours& colours;
     const int prime;
     const bool ground;   // the event of the prime satellite has a point on the ground
     const bool decayed;  // the prime satellite is below the ground
@@ -131,15 +128,15 @@ std::vector<LegendText> Legend::compose()
 
 void Legend::putTime()
 {
-    const QColor pen = decayed ? black : white;
-    put(timeColumn, 0, white, timeText(scene, in.tmstep));
+    const QColor pen = decayed ? colours.dark : colours.text;
+    put(timeColumn, 0, colours.text, timeText(scene, in.tmstep));
     put(timeColumn, 1, pen, composed("TimeZone: %g", in.tzone));
     put(timeColumn, 2, pen, in.rtflg ? composed("R/T") : composed("Year:%5i", scene.year));
 }
 
 void Legend::putPosition()
 {
-    const QColor pen = decayed ? black : white;
+    const QColor pen = decayed ? colours.dark : colours.text;
     put(positionColumn, 0, pen, withAngle("Lat  :", in.ra4d, in.ddmm, sp.lat[prime]));
     put(positionColumn, 1, pen, withAngle("Lng :", in.ra4d, in.ddmm, sp.lng[prime]));
     put(positionColumn, 2, pen, composed("Height:%8.1lf km", sp.hgt[prime]));
@@ -147,7 +144,7 @@ void Legend::putPosition()
 
 void Legend::putSunAndRate()
 {
-    const QColor pen = decayed ? black : white;
+    const QColor pen = decayed ? colours.dark : colours.text;
     if (!scene.relative)
         put(nameColumn, 1, pen, composed("ObsSun:%7.1lf", sp.osunel));
     if (magnitudeWanted())
@@ -161,12 +158,12 @@ bool Legend::magnitudeWanted() const
     return (!scene.relative && in.chlen > 0) || (ground && (in.occflg > 0 || knownSurface()));
 }
 
-/// The pen of a text that speaks of sunlight: black in the shadow, yellow if the Moon shines on the satellite there.
+/// The pen of a text that speaks of sunlight: dark in the shadow, moonlit if the Moon shines on the satellite there.
 QColor Legend::inDarkness(const QColor& otherwise) const
 {
     if (!(sp.sunel[prime] < 0))
         return otherwise;
-    return in.moonflg && sp.moonel[prime] > 0 ? yellow : black;
+    return in.moonflg && sp.moonel[prime] > 0 ? colours.moonlit : colours.dark;
 }
 
 QString Legend::magnitudeText() const
@@ -193,9 +190,9 @@ QString Legend::rateText() const
 
 void Legend::putSky()
 {
-    QColor pen = scene.relative ? white : inDarkness(white);
+    QColor pen = scene.relative ? colours.text : inDarkness(colours.text);
     if (decayed)
-        pen = black;
+        pen = colours.dark;
     if (scene.relative)
         putSecondSatellite(pen);
     else if (events())
@@ -220,7 +217,7 @@ void Legend::putEvent(const QColor& pen)
         putGroundPoint(pen);
     else
         put(skyColumn, 0, pen, composed("No Intersection"));
-    put(skyColumn, 2, red, eventName());
+    put(skyColumn, 2, colours.alert, eventName());
 }
 
 void Legend::putGroundPoint(const QColor& pen)
@@ -256,13 +253,13 @@ void Legend::putEclipse(const QColor& pen)
 {
     put(skyColumn, 0, pen, composed("S/M Ang.:%7.2lf", in.smang));
     if (in.ecltyp < 1) {
-        put(skyColumn, 2, red, composed("No Eclipse"));
+        put(skyColumn, 2, colours.alert, composed("No Eclipse"));
         return;
     }
     put(skyColumn, 1, pen,
         in.chlen > 0 ? composed("Ecl.Pow:%6.2lf%%", 100.0 * in.eclpow) : composed("Ecl.Mag.:%7.3lf", in.eclmag));
     const char* const kind = in.ecltyp == 2 ? "Total Ecl." : in.ecltyp == 3 ? "Annular Ecl." : "Partial Ecl.";
-    put(skyColumn, 2, red, QString::fromLatin1(kind));
+    put(skyColumn, 2, colours.alert, QString::fromLatin1(kind));
 }
 
 void Legend::putRightAscension(const QColor& pen)
@@ -276,7 +273,7 @@ void Legend::putTopocentric()
 {
     const double elevation = ElvRefr(&in, sp.el[prime]);
     const bool unseen = scene.relative ? cksatok(&in, &sp, prime) == 0 : elevation < 0;
-    const QColor pen = unseen ? black : white;
+    const QColor pen = unseen ? colours.dark : colours.text;
     put(topocentricColumn, 0, pen, composed("Azim.:%7.2lf", sp.az[prime]));
     put(topocentricColumn, 1, pen, composed("Elev.:%7.2lf", elevation));
     put(topocentricColumn, 2, pen, composed("Range:%8.1lf km", sp.dst[prime]));
@@ -285,7 +282,7 @@ void Legend::putTopocentric()
 void Legend::putNames()
 {
     if (in.satn == 0) {
-        put(nameColumn, 0, red, composed("*** No Satellite ***"));
+        put(nameColumn, 0, colours.alert, composed("*** No Satellite ***"));
         return;
     }
     putName(0, prime);
@@ -299,7 +296,7 @@ void Legend::putName(int row, int slot)
     QString name = shownName(in, slot);
     if (name.size() == longestName)
         name += ' ';
-    put(nameColumn, row, scene.colours[static_cast<std::size_t>(slot)], name, true);
+    put(nameColumn, row, colours.satellites[static_cast<std::size_t>(slot)], name, true);
 }
 
 }  // namespace

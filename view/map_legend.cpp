@@ -32,7 +32,7 @@ QRect boxOf(const LegendText& text, const QFontMetrics& metrics)
 
 bool sameStyle(const std::optional<DrawnLegend>& before, const DrawnLegend& after)
 {
-    return before && before->font == after.font && before->ground == after.ground;
+    return before && before->font == after.font && before->ground == after.ground && before->plate == after.plate;
 }
 
 bool sameText(const std::optional<DrawnLegend>& before, const DrawnLegend& after, std::size_t i)
@@ -86,8 +86,8 @@ void addChanges(ChangedTiles& changed, const std::optional<DrawnLegend>& before,
 void VorlixView::drawLegend(const PlotScene& scene)
 {
     // names stand out in the colours of their markers on the map
-    const QColor ground = indata->mgrey == 2 ? QColor(0, 0, 0) : QColor(255, 255, 255);
-    DrawnLegend now{legendFont(*indata), ground, legendTexts(indata, satps, scene), {}};
+    DrawnLegend now{
+        legendFont(*indata), scene.colours.legend, scene.colours.plate, legendTexts(indata, satps, scene), {}};
     const QFontMetrics metrics(now.font, &mapPix);
     shortenNames(now.texts, metrics);
     measure(now, legend, metrics);
@@ -106,10 +106,10 @@ void VorlixView::writeLegend(const DrawnLegend& drawn, const QRegion& part)
     const QRegion region = part & wholeLegend;
     QPainter painter(&mapPix);
     for (const QRect& rect : region)
-        painter.fillRect(rect, legendColour);
+        painter.fillRect(rect, drawn.ground);
     painter.setClipRegion(region);
     painter.setFont(drawn.font);
-    painter.setBackground(drawn.ground);
+    painter.setBackground(drawn.plate);
     for (std::size_t i = 0; i < drawn.texts.size(); ++i) {
         if (region.intersects(drawn.boxes[i]))
             write(painter, drawn.texts[i]);

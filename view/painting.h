@@ -20,17 +20,6 @@ constexpr QSize textSize(860, 2500);
 /// The line that ends a map or sky on the right.
 constexpr QLine rightBorder(720, 0, 720, 361);
 
-inline constexpr QColor legendColour(0, 50, 200);
-inline constexpr QColor gridColour(130, 160, 180);
-inline constexpr QColor coastColour(200, 100, 50);  // also of horizon, Mercury and the north mark
-inline constexpr QColor strongLineColour(30, 240, 120);
-
-/// What stands out best from the background of the map `mgrey`.
-inline QColor contrastColour(int mgrey)
-{
-    return mgrey == 2 ? QColor(255, 255, 255) : QColor(0, 0, 0);
-}
-
 /// The rectangle from `reach` pixels left of and above a point to `reach` - 1 right of and below it. With the line of
 /// the pen around it a figure in it is symmetric about the point.
 inline QRect boxAbout(const QPoint& p, int reach)

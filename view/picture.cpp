@@ -30,10 +30,6 @@ constexpr int nameX = 500;
 
 constexpr int fourDigits = 1;  // of the angles, whatever the legend shows
 
-constexpr QColor white(255, 255, 255);
-constexpr QColor yellow(255, 255, 0);
-constexpr QColor red(255, 0, 0);
-
 /// The size of a picture for the code; no side vanishes.
 QSize sizeFor(const QSize& full, int code)
 {
@@ -203,7 +199,7 @@ void VorlixView::markTrailPoint(int x, int y)
     QPainter painter(&picDsp);
     painter.drawPixmap(0, 0, picBase);
     painter.setFont(legendFont(in));
-    painter.setPen(yellow);
+    painter.setPen(colours().photoPoint);
     drawAngles(painter, textOrigin(painter), ra, dec);
 }
 
@@ -239,15 +235,16 @@ void VorlixView::drawPictureTexts(QPainter& painter, const PlotScene& scene) con
     const int prime = std::clamp(in.prs, 0, maxSatellites - 1);
     painter.setFont(legendFont(in));
     const QPoint origin = textOrigin(painter);
-    painter.setPen(white);
+    painter.setPen(scene.colours.photoText);
     painter.drawText(origin + QPoint(timeX, 0), timeText(scene, in.tmstep));
     if (in.flarflg && in.flarmod == -1) {
-        painter.setPen(yellow);
+        painter.setPen(scene.colours.photoPoint);
         drawFlareAngles(painter, origin, in.occra, in.occdec);
     } else {
         drawAngles(painter, origin, satps->ra[prime], satps->dec[prime]);
     }
-    painter.setPen(in.satn != 0 ? scene.colours[static_cast<std::size_t>(prime)] : red);
+    painter.setPen(in.satn != 0 ? scene.colours.satellites[static_cast<std::size_t>(prime)]
+                                : scene.colours.photoAlert);
     painter.drawText(origin + QPoint(nameX, 0),
                      in.satn != 0 ? shownName(in, prime) : QStringLiteral("*** No Satellite ***"));
 }
@@ -261,7 +258,7 @@ void VorlixView::drawPictureMarkers(QPainter& painter, const PlotScene& scene)
             continue;
         getPixel(satps->ra[slot], satps->dec[slot], lastx[slot], lasty[slot]);
         const QPoint p(lastx[slot], lasty[slot]);
-        painter.setPen(scene.colours[static_cast<std::size_t>(slot)]);
+        painter.setPen(scene.colours.satellites[static_cast<std::size_t>(slot)]);
         painter.drawRect(boxAbout(p, 2));
         painter.drawPoint(p);
         const QString name = shownName(*indata, slot).trimmed();

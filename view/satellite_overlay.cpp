@@ -22,12 +22,6 @@ bool isObserver(const WinpData& in, int slot)
 
 }  // namespace
 
-std::array<QColor, maxSatellites> satelliteColours(int mgrey)
-{
-    const QColor red(255, 0, 0), blue(0, 0, 255), green(0, 255, 0), yellow(255, 255, 0), magenta(255, 0, 255);
-    return {contrastColour(mgrey), red, blue, green, yellow, magenta, blue, green, yellow, magenta};
-}
-
 bool isMarkedOnSky(const WinpData& in, const SatPosData& sp, int slot)
 {
     const bool inMoonlight = in.moonflg && sp.moonel[slot] > 0;
@@ -54,7 +48,7 @@ Marks VorlixView::marksOf(const PlotScene& scene)
     for (int slot = 0; slot < indata->satn; ++slot)
         now.satellites.push_back(markOf(slot, scene));
     if (indata->satn != 0 && !scene.disk && !indata->skymap)
-        now.sun = SunMark{PxCoord(satps->sslat, satps->sslng), scene.colours[4], scene.colours[0]};
+        now.sun = SunMark{PxCoord(satps->sslat, satps->sslng), scene.colours.sunRays, scene.colours.sunCore};
     return now;
 }
 
@@ -62,7 +56,7 @@ Mark VorlixView::markOf(int slot, const PlotScene& scene)
 {
     Mark mark;
     mark.at = markerOf(slot, scene.disk);
-    mark.colour = scene.colours[static_cast<std::size_t>(slot)];
+    mark.colour = scene.colours.satellites[static_cast<std::size_t>(slot)];
     lastx[slot] = mark.at.x();
     lasty[slot] = mark.at.y();
     const bool onDisplay = mark.at.x() - 2 <= indata->mapw;

@@ -133,7 +133,7 @@ PlotScene VorlixView::sceneOf(double t, int circles) const
     scene.relative = indata->skymap == 0 && relativeMode(*indata);
     scene.disk = diskWanted();
     caldat(t + indata->tzone / 24.0, scene.day, scene.month, scene.year, scene.hours);
-    scene.colours = satelliteColours(indata->mgrey);
+    scene.colours = colours();
     return scene;
 }
 
@@ -145,7 +145,7 @@ void VorlixView::drawTrails(const PlotScene& scene)
     for (int slot = 0; slot < indata->satn && !indata->mpnight; ++slot) {
         if (lastx[slot] > indata->mapw)
             continue;
-        painter.setPen(scene.colours[static_cast<std::size_t>(slot)]);
+        painter.setPen(scene.colours.satellites[static_cast<std::size_t>(slot)]);
         painter.drawPoint(lastx[slot], lasty[slot]);
     }
 }

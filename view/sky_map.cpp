@@ -67,41 +67,37 @@ StarVectors unitVectorsOfStars()
     return vectors;
 }
 
-/// The grey of a star that is drawn as a point: the fainter, the nearer to the background.
-QColor starColour(int mag100, int mgrey)
+/// The colour of a star that is drawn as a point.
+const QColor& starColour(int mag100, const MapColours& colours)
 {
-    const int steps = mag100 > 400 ? 3 : mag100 > 300 ? 2 : mag100 > 200 ? 1 : 0;
-    const bool black = mgrey == 2;
-    constexpr int onLight[] = {0, 50, 100, 150}, onBlack[] = {255, 200, 150, 100};
-    const int grey = black ? onBlack[steps] : onLight[steps];
-    return {grey, grey, grey};
+    return colours.stars[mag100 > 400 ? 3 : mag100 > 300 ? 2 : mag100 > 200 ? 1 : 0];
 }
 
-void drawStar(QPainter& painter, const QPoint& p, int mag100, int mgrey)
+void drawStar(QPainter& painter, const QPoint& p, int mag100, const MapColours& colours)
 {
     if (mag100 > 100) {
-        painter.setPen(starColour(mag100, mgrey));
+        painter.setPen(starColour(mag100, colours));
         painter.drawPoint(p);
         return;
     }
     const QPoint corner = p - QPoint(1, 1);
-    painter.setPen(contrastColour(mgrey));
+    painter.setPen(colours.contrast);
     painter.drawEllipse(QRect(corner, mag100 <= 10 ? p : corner));
 }
 
-void drawStars(QPainter& painter, const SkyFrame& sky, const SkyView& view, int mgrey)
+void drawStars(QPainter& painter, const SkyFrame& sky, const SkyView& view, const MapColours& colours)
 {
     static const StarVectors vectors = unitVectorsOfStars();
     const Mat3 precession = pmatequ(starEpoch, julcent(view.mjd));
     const double limit = skyLimit(sky);
-    painter.setBrush(contrastColour(mgrey));
+    painter.setBrush(colours.contrast);
     for (std::size_t i = 0; i < vectors.size(); ++i) {
         const Horizontal place = view.direction(mxvct(precession, vectors[i]));
         if (!(place.el > limit))
             continue;
         const QPoint p = pixelTowards(sky, place);
         if (p.x() <= lastColumn)
-            drawStar(painter, p, brightStars[i].mag, mgrey);
+            drawStar(painter, p, brightStars[i].mag, colours);
     }
 }
 
@@ -133,7 +129,7 @@ struct SkyBody
 };
 
 /// In the order of drawing and of the key.
-std::array<SkyBody, 7> bodiesAt(const SkyView& view, int mgrey)
+std::array<SkyBody, 7> bodiesAt(const SkyView& view, const BodyColours& colours)
 {
     constexpr double earthRadiiPerAu = 23454.77992;
     int day = 0, month = 0, year = 0;
@@ -147,13 +143,13 @@ std::array<SkyBody, 7> bodiesAt(const SkyView& view, int mgrey)
     const Vec3 sun = sunSeries.position(T);
     const auto geocentric = [&](const Vec3& planet) { return eclequ(T, planet + sun) * earthRadiiPerAu; };
     return {{
-        {"Sun", eclequ(T, sun) * earthRadiiPerAu, {255, 255, 0}, 3, 10},
-        {"Moon", eclequ(T, moonSeries.position(T)), contrastColour(mgrey), 3, 25},
-        {"Mercury", geocentric(planets.Mercury(T)), coastColour, 2, 40},
-        {"Venus", geocentric(planets.Venus(T)), {0, 0, 255}, 2, 55},
-        {"Mars", geocentric(planets.Mars(T)), {255, 0, 0}, 2, 70},
-        {"Jupiter", geocentric(planets.Jupiter(T)), {0, 255, 0}, 2, 85},
-        {"Saturn", geocentric(planets.Saturn(T)), {255, 255, 0}, 2, 100},
+        {"Sun", eclequ(T, sun) * earthRadiiPerAu, colours.sun, 3, 10},
+        {"Moon", eclequ(T, moonSeries.position(T)), colours.moon, 3, 25},
+        {"Mercury", geocentric(planets.Mercury(T)), colours.mercury, 2, 40},
+        {"Venus", geocentric(planets.Venus(T)), colours.venus, 2, 55},
+        {"Mars", geocentric(planets.Mars(T)), colours.mars, 2, 70},
+        {"Jupiter", geocentric(planets.Jupiter(T)), colours.jupiter, 2, 85},
+        {"Saturn", geocentric(planets.Saturn(T)), colours.saturn, 2, 100},
     }};
 }
 
@@ -164,18 +160,18 @@ void drawKey(QPainter& painter, const SkyBody& body)
     painter.drawText(20, body.keyTop + 6, VorlixView::tr(body.name));
 }
 
-/// The red spot that tells the Sun from Saturn, on the map and in the key.
-void drawSunCore(QPainter& painter, const QPoint& p, bool key)
+/// The spot that tells the Sun from Saturn, on the map and in the key.
+void drawSunCore(QPainter& painter, const QPoint& p, const QColor& colour, bool key)
 {
-    fillWith(painter, QColor(255, 0, 0));
+    fillWith(painter, colour);
     painter.drawEllipse(boxAbout(p, 1));
     if (key)
         painter.drawEllipse(boxAbout({13, 13}, 1));
 }
 
-void drawBodies(QPainter& painter, const SkyFrame& sky, const SkyView& view, int mgrey)
+void drawBodies(QPainter& painter, const SkyFrame& sky, const SkyView& view, const MapColours& colours)
 {
-    const std::array<SkyBody, 7> bodies = bodiesAt(view, mgrey);
+    const std::array<SkyBody, 7> bodies = bodiesAt(view, colours.bodies);
     for (const SkyBody& body : bodies) {
         const QPoint p = pixelTowards(sky, view.body(body.position));
         if (p.x() > lastColumn)
@@ -185,7 +181,7 @@ void drawBodies(QPainter& painter, const SkyFrame& sky, const SkyView& view, int
         if (sky.zenith())
             drawKey(painter, body);
         if (&body == &bodies.front())
-            drawSunCore(painter, p, sky.zenith());
+            drawSunCore(painter, p, colours.bodies.sunCore, sky.zenith());
     }
     painter.setBrush(Qt::NoBrush);
 }
@@ -216,16 +212,17 @@ void VorlixView::PltSky(QPainter& painter)
 {
     const SkyFrame sky = skyFrame();
     const SkyView view(indata->mjd);
-    drawStars(painter, sky, view, indata->mgrey);
+    const MapColours c = colours();
+    drawStars(painter, sky, view, c);
     painter.setFont(nameFont());
     if (sky.zenith()) {
-        painter.setPen(coastColour);
+        painter.setPen(c.horizon);
         drawAll(painter, horizonLines(sky));
     }
-    painter.setPen(contrastColour(indata->mgrey));
+    painter.setPen(c.contrast);
     drawCompass(painter, sky);
-    drawBodies(painter, sky, view, indata->mgrey);
-    painter.setPen(gridColour);
+    drawBodies(painter, sky, view, c);
+    painter.setPen(c.grid);
     painter.drawLine(rightBorder);
 }
 

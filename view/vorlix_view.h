@@ -23,6 +23,7 @@
 #include "record/winp_data.h"
 #include "record/wout_data.h"
 #include "view/changed_tiles.h"
+#include "view/colours.h"
 #include "view/drawn_legend.h"
 #include "view/marks.h"
 
@@ -68,7 +69,7 @@ struct PlotScene
     int month = 0;
     int day = 0;
     double hours = 0;  // civil time of t within the day
-    std::array<QColor, maxSatellites> colours;
+    MapColours colours;
 };
 
 class VorlixView final : public QScrollArea
@@ -254,6 +255,7 @@ protected:
 
 private:
     // frame
+    MapColours colours() const;
     void makePixmaps();
     void takeScale();
     bool diskWanted() const;
@@ -379,6 +381,3 @@ int passRowAt(int y, int rows);
 
 /// Whether visibility lets a satellite be marked on the sky or on a picture: in sunlight, in moonlight, or all.
 bool isMarkedOnSky(const WinpData& in, const SatPosData& sp, int slot);
-
-/// The colour of each slot in markers, names and legend, for the background `mgrey`.
-std::array<QColor, maxSatellites> satelliteColours(int mgrey);

@@ -27,18 +27,6 @@ int shiftOf(double meridian)
     return static_cast<int>(pixelsPerDegree * c) + (c < 0 ? turnPixels : 0);
 }
 
-QColor nightColour(int mgrey)
-{
-    switch (mgrey) {
-    case 0:
-        return {223, 223, 223};
-    case 1:
-        return {150, 150, 150};
-    default:
-        return {65, 65, 65};
-    }
-}
-
 /// The night on a clear ground: put in one by one, its hundred thousand points would take most of the time of a map.
 QImage nightImage(const MapFrame& map, double mjd, const QColor& colour)
 {
@@ -82,11 +70,11 @@ void VorlixView::CoordPx(const QPoint& p, double& lat, double& lng) const
 void VorlixView::MapLand(QPainter& painter)
 {
     const MapFrame map = mapFrame();
-    painter.setPen(coastColour);
+    painter.setPen(colours().coast);
     drawAll(painter, coastLines(map));
     if (!map.hemisphere())
         return;
-    painter.setPen(gridColour);
+    painter.setPen(colours().grid);
     drawAll(painter, equatorLines(map));
 }
 
@@ -103,13 +91,13 @@ void VorlixView::PlotWorld(QPainter& painter)
 
 void VorlixView::drawNight(QPainter& painter)
 {
-    painter.drawImage(0, 0, nightImage(mapFrame(), indata->mjd, nightColour(indata->mgrey)));
+    painter.drawImage(0, 0, nightImage(mapFrame(), indata->mjd, colours().night));
 }
 
 void VorlixView::drawGrid(QPainter& painter)
 {
     const MapFrame map = mapFrame();
-    painter.setPen(gridColour);
+    painter.setPen(colours().grid);
     if (indata->mgrid == 0) {
         painter.drawLine(rightBorder);
         return;
@@ -120,7 +108,7 @@ void VorlixView::drawGrid(QPainter& painter)
     }
     if (indata->mgrid == 2) {
         drawAll(painter, worldGrid(map, 10));
-        painter.setPen(strongLineColour);
+        painter.setPen(colours().strongLine);
     }
     drawAll(painter, worldGrid(map, 30));
 }
@@ -130,7 +118,7 @@ void VorlixView::drawObserver(QPainter& painter)
     const QPoint p = PxCoord(indata->lat, indata->lng);
     if (p.x() > indata->mapw)
         return;
-    fillWith(painter, QColor(0, 255, 255));
+    fillWith(painter, colours().observer);
     painter.drawEllipse(boxAbout(p, 2));
     painter.setBrush(Qt::NoBrush);
 }

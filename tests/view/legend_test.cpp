@@ -40,7 +40,7 @@ struct Scene
         scene.year = 2018;
         scene.month = 1;
         scene.day = 21;
-        scene.colours = satelliteColours(2);
+        scene.colours = coloursOf(2);
         sp.osunel = -51.3;
         set("satn=3 prs=1 tmstep=1.736e-4 tzone=1.5 flarmod=1 refrc=0 flrang=12.345 smang=0.2567 eclmag=0.98765 "
             "eclpow=0.12345 plot.hours=20.916667 sp.lat=-12.5 sp.lng=123.4567 sp.hgt=408.64 sp.ra=13.5612 "

@@ -60,7 +60,7 @@ private Q_SLOTS:
     {
         const QColor magenta(255, 0, 255), rest[] = {red, blue, green, yellow, magenta, blue, green, yellow, magenta};
         for (const auto& [mgrey, first] : {std::pair{0, QColor(0, 0, 0)}, {1, QColor(0, 0, 0)}, {2, white}}) {
-            const auto colours = satelliteColours(mgrey);
+            const auto colours = coloursOf(mgrey).satellites;
             QCOMPARE(colours[0], first);
             QVERIFY(std::equal(colours.begin() + 1, colours.end(), rest));
         }
