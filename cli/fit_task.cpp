@@ -5,13 +5,12 @@
 #include "cli/tasks.h"
 #include "elements/writer.h"
 #include "exports/rows.h"
-#include "observing/fit.h"
+#include "observing/fit_words.h"
 #include "observing/observation_list.h"
 #include "observing/station.h"
 #include "reports/list_rows.h"
 
 #include <algorithm>
-#include <array>
 #include <cstdlib>
 #include <optional>
 #include <string>
@@ -19,20 +18,6 @@
 namespace {
 
 constexpr int primeSlot = 0;
-
-struct ElementWords
-{
-    const char* name;
-    const char* unit;
-    int decimals;
-};
-
-// in the order of the fit
-constexpr std::array elementWords{
-    ElementWords{"inclination", "deg", 5}, ElementWords{"node", "deg", 5},    ElementWords{"eccentricity", "", 8},
-    ElementWords{"perigee", "deg", 4},     ElementWords{"anomaly", "deg", 4}, ElementWords{"motion", "rev/day", 8},
-    ElementWords{"drag", "1/R", 8},
-};
 
 /// The observations of the satellite that have a position, each with its place.
 std::vector<SitedObservation> sited(const Session& session, const Channels& channels, const WinpData& in,
@@ -66,22 +51,6 @@ FitRequest requestOf(const Session& session, const WinpData& in)
     return request;
 }
 
-/// Old and new values with their formal errors, for people.
-std::string summary(const FitRequest& request, const FitResult& fit)
-{
-    const auto values = [](const Elements& e) { return std::array{e.inc, e.ra, e.ecc, e.aper, e.m0, e.n0, e.bstar}; };
-    const auto before = values(request.start.elements), after = values(fit.orbit.elements);
-    std::string text = "rms " + fixedNumber(fit.rms, 2) + " standard errors\n";
-    for (std::size_t k = 0; k < after.size(); ++k)
-        text += std::string(elementWords[k].name) + ": " + fixedNumber(before[k], elementWords[k].decimals) + " -> " +
-                fixedNumber(after[k], elementWords[k].decimals) +
-                (request.free[k] ? " +- " + fixedNumber(fit.sigma[k], elementWords[k].decimals) : " held") + ' ' +
-                elementWords[k].unit + '\n';
-    for (const std::string& warning : fit.warnings)
-        text += "warning: " + warning + '\n';
-    return text;
-}
-
 std::string twoLines(WinpData in, const Orbit& orbit)
 {
     putElements(orbit.elements, in, primeSlot);
@@ -108,7 +77,7 @@ Problem fitOne(const Session& session, const Channels& channels, const WinpData&
         return {status::nothingFound, "vorlix: no fit: " + fit.complaint};
     if (!fit.converged)
         return {status::nothingFound, "vorlix: no fit: the corrections come to no end"};
-    channels.err(summary(request, fit));
+    channels.err(fitSummary(request, fit));
     if (session.request.form == ListForm::tle)
         answer.addText(0.0, twoLines(in, fit.orbit));
     else

@@ -1,15 +1,15 @@
 #include "observing/fit.h"
 
+#include "observing/fit_words.h"
+
 #include <Eigen/Dense>
 #include <algorithm>
 #include <cmath>
 #include <optional>
 
 #include "astro/angles.h"
-#include "astro/calendar.h"
-#include "astro/earth.h"
-#include "astro/frames.h"
 #include "orbit/sgp4.h"
+#include "record/progress.h"
 
 namespace {
 
@@ -23,16 +23,12 @@ using Values = std::array<double, fitted::count>;
 
 // clang-format off
 constexpr Values steps{1e-4, 1e-4, 1e-6, 1e-3, 1e-3, 1e-6, 1e-6};
+constexpr Values roundSteps{1e-4, 1e-4, 1e-6, 1e-6, 1e-3, 1e-6, 1e-6};
 constexpr std::array names{"inclination", "node", "eccentricity", "argument of perigee", "mean anomaly", "mean motion",
                            "drag term"};
 // Formal errors above these mean that the observations do not determine the element.
 constexpr Values undetermined{5.0, 5.0, 0.05, 90.0, 90.0, 0.05, 0.01};
 // clang-format on
-
-Values valuesOf(const Elements& e)
-{
-    return {e.inc, e.ra, e.ecc, e.aper, e.m0, e.n0, e.bstar};
-}
 
 /// Within the bounds in which the model is defined.
 void putValues(const Values& v, Elements& e)
@@ -44,6 +40,40 @@ void putValues(const Values& v, Elements& e)
     e.m0 = v[fitted::anomaly];
     e.n0 = std::clamp(v[fitted::meanMotion], 0.05, 17.5);
     e.bstar = std::clamp(v[fitted::drag], -0.1, 0.1);
+}
+
+/// The sine and cosine of the perigee times the eccentricity, and the mean longitude, in the places of eccentricity,
+/// perigee and anomaly. A nearly circular orbit is determined in these.
+Values toRound(Values v)
+{
+    const double e = v[fitted::eccentricity], perigee = v[fitted::perigee] * radPerDeg;
+    v[fitted::anomaly] += v[fitted::perigee];
+    v[fitted::eccentricity] = e * std::cos(perigee);
+    v[fitted::perigee] = e * std::sin(perigee);
+    return v;
+}
+
+Values fromRound(Values v)
+{
+    const double c = v[fitted::eccentricity], s = v[fitted::perigee];
+    v[fitted::eccentricity] = std::hypot(c, s);
+    v[fitted::perigee] = std::atan2(s, c) * degPerRad;
+    v[fitted::anomaly] -= v[fitted::perigee];
+    return v;
+}
+
+/// The derivatives of `fromRound`, by rows of its results.
+Eigen::Matrix<double, fitted::count, fitted::count> fromRoundSlopes(const Values& v)
+{
+    const double c = v[fitted::eccentricity], s = v[fitted::perigee];
+    const double e = std::max(std::hypot(c, s), 1e-9);
+    Eigen::Matrix<double, fitted::count, fitted::count> slopes = decltype(slopes)::Identity();
+    slopes(fitted::eccentricity, fitted::eccentricity) = c / e;
+    slopes(fitted::eccentricity, fitted::perigee) = s / e;
+    slopes(fitted::perigee, fitted::eccentricity) = -s / (e * e) * degPerRad;
+    slopes(fitted::perigee, fitted::perigee) = c / (e * e) * degPerRad;
+    slopes.row(fitted::anomaly) -= slopes.row(fitted::perigee);
+    return slopes;
 }
 
 /// An element set ready for the model.
@@ -70,85 +100,63 @@ struct Model
     }
 };
 
-/// Earth and observer at an instant.
-struct Stage
+/// In the frame of the sight. The light left the satellite before it arrived.
+std::optional<Vec3> directionAt(Model& model, const Sight& sight)
 {
-    double ut1, T, eqeq = 0;
-    Mat3 nutation;
-    Vec3 observer;  // km, true equator of date
-
-    Stage(const EarthOrientation& earth, const Site& site, double mjd)
-    {
-        int day = 0, month = 0, year = 0;
-        double hour = 0;
-        caldat(mjd, day, month, year, hour);
-        ut1 = mjd + (earth.iers ? earth.ut1Utc : 0.0) / secondsPerDay;
-        T = julcent(ut1 + ttMinusUt(earth, year) / secondsPerDay);
-        nutation = nutmat(T, eqeq, true);
-        observer = earthRadiusKm *
-                   GeoPos(ut1, eqeq, site.lat * radPerDeg, site.lng * radPerDeg, site.height, earth.xp, earth.yp);
-    }
-};
-
-/// From the observer to where the satellite was when the light left it; km, true equator of date.
-std::optional<Vec3> sightLine(Model& model, const Stage& stage, double mjd)
-{
-    const Mat3 toTrue = zrot(-stage.eqeq * twoPi / secondsPerDay);
     Vec3 line;
     double lightDays = 0;
     for (int pass = 0; pass < 3; ++pass) {
-        const auto place = model.placeAt(mjd - lightDays);
+        const auto place = model.placeAt(sight.instant() - lightDays);
         if (!place)
             return std::nullopt;
-        line = mxvct(toTrue, *place) - stage.observer;
+        line = *place - sight.observer();
         lightDays = abs(line) / lightKmPerS / secondsPerDay;
     }
-    return line;
+    return sight.shown(line);
 }
 
-std::optional<Vec3> directionAt(Model& model, const FitRequest& request, const SitedObservation& sited, double mjd)
+/// What of an observation does not depend on the orbit.
+struct Look
 {
-    const Observation& o = sited.observation;
-    const Stage stage(request.earth, sited.site, mjd);
-    const auto line = sightLine(model, stage, mjd);
-    if (!line)
-        return std::nullopt;
-    if (o.angles == SkyAngles::horizontal)
-        return vnorm(EquHor(stage.ut1, stage.eqeq, sited.site.lat * radPerDeg, sited.site.lng * radPerDeg, *line));
-    if (o.equinox == 0.0)
-        return vnorm(*line);
-    Vec3 u = vnorm(mxvct(mxtrn(stage.nutation), *line));
-    if (request.againstStars)
-        u = vnorm(u + u - aberrat(stage.T, u));
-    return mxvct(pmatequ(stage.T, (o.equinox - 2000.0) / 100.0), u);
-}
+    Sight now, before, after;  // half a second between them
+    Vec3 observed;
+    double sigma;  // degrees
+    double timeError;
 
-/// The observed direction in the frame of `directionAt`.
-Vec3 directionOf(const Observation& o)
-{
-    const double longitude = o.angles == SkyAngles::horizontal ? 180.0 - o.first : o.first;
-    return polcar({1.0, longitude * radPerDeg, o.second * radPerDeg});
-}
+    Look(const FitRequest& request, const SitedObservation& sited)
+        : now(sightOf(request, sited, 0.0)),
+          before(sightOf(request, sited, -0.5)),
+          after(sightOf(request, sited, 0.5)),
+          observed(observedAs(sited.observation)),
+          timeError(sited.observation.timeError)
+    {
+        const double told = sited.observation.angleError;
+        sigma = told > 0.0 ? std::max(told, leastErrorDeg) : defaultErrorDeg;
+    }
 
-std::optional<FitResidual> residualOf(Model& model, const FitRequest& request, const SitedObservation& sited)
+    static Sight sightOf(const FitRequest& request, const SitedObservation& sited, double seconds)
+    {
+        return {request.earth, sited, sited.observation.mjd + seconds / secondsPerDay, request.againstStars};
+    }
+};
+
+std::optional<FitResidual> residualOf(Model& model, const Look& look)
 {
-    constexpr double halfSecondDays = 0.5 / secondsPerDay;
-    const Observation& o = sited.observation;
-    const auto now = directionAt(model, request, sited, o.mjd);
-    const auto before = directionAt(model, request, sited, o.mjd - halfSecondDays);
-    const auto after = directionAt(model, request, sited, o.mjd + halfSecondDays);
+    const auto now = directionAt(model, look.now);
+    const auto before = directionAt(model, look.before);
+    const auto after = directionAt(model, look.after);
     if (!now || !before || !after)
         return std::nullopt;
     const Vec3 motion = *after - *before;
     const Vec3 ahead = vnorm(motion);
-    const Vec3 off = directionOf(o) - *now;
+    const Vec3 off = look.observed - *now;
     const double rate = abs(motion) * degPerRad;
     FitResidual residual;
     residual.along = dot(off, ahead) * degPerRad;
     residual.across = dot(off, *now * ahead) * degPerRad;
     residual.seconds = rate > 0.0 ? residual.along / rate : 0.0;
-    residual.sigmaAcross = o.angleError > 0.0 ? std::max(o.angleError, leastErrorDeg) : defaultErrorDeg;
-    residual.sigmaAlong = std::hypot(residual.sigmaAcross, rate * o.timeError);
+    residual.sigmaAcross = look.sigma;
+    residual.sigmaAlong = std::hypot(residual.sigmaAcross, rate * look.timeError);
     return residual;
 }
 
@@ -162,33 +170,51 @@ public:
         for (int k = 0; k < fitted::count; ++k)
             if (request.free[std::size_t(k)])
                 columns.push_back(std::size_t(k));
+        round = request.free[fitted::eccentricity] && request.free[fitted::perigee] && request.free[fitted::anomaly];
         for (const SitedObservation& sited : observations)
             rows += sited.used ? 2 : 0;
+        for (const SitedObservation& sited : observations)
+            looks.emplace_back(request, sited);
     }
 
     FitResult run();
 
 private:
+    /// What the corrections work on, and back to elements within their bounds.
+    Values inner(const Values& elements) const { return round ? toRound(elements) : elements; }
+    Elements outer(const Values& values) const;
     bool residualsAt(const Values& values, std::vector<FitResidual>& residuals) const;
     bool weightedAt(const Values& values, Eigen::VectorXd& weighted) const;
     bool jacobianAt(const Values& values, Eigen::MatrixXd& jacobian) const;
     bool improve(Values& values, Eigen::VectorXd& weighted, double& damping, bool& done) const;
+    Eigen::MatrixXd covarianceAt(const Values& values, const Eigen::MatrixXd& jacobian) const;
     void tellErrors(const Values& values, FitResult& result) const;
 
     const FitRequest& request;
     std::span<const SitedObservation> observations;
+    std::vector<Look> looks;
     std::vector<std::size_t> columns;
+    bool round = false;  // the three elements of the ellipse are free together
     int rows = 0;
 };
 
+Elements Correction::outer(const Values& values) const
+{
+    Elements e = request.start.elements;
+    putValues(round ? fromRound(values) : values, e);
+    return e;
+}
+
 bool Correction::residualsAt(const Values& values, std::vector<FitResidual>& residuals) const
 {
+    if (!tellProgress())
+        return false;
     Orbit orbit = request.start;
-    putValues(values, orbit.elements);
+    orbit.elements = outer(values);
     Model model(orbit);
     residuals.clear();
-    for (const SitedObservation& sited : observations) {
-        const auto residual = residualOf(model, request, sited);
+    for (const Look& look : looks) {
+        const auto residual = residualOf(model, look);
         if (!residual)
             return false;
         residuals.push_back(*residual);
@@ -216,13 +242,14 @@ bool Correction::jacobianAt(const Values& values, Eigen::MatrixXd& jacobian) con
 {
     jacobian.resize(rows, int(columns.size()));
     for (std::size_t c = 0; c < columns.size(); ++c) {
+        const double step = (round ? roundSteps : steps)[columns[c]];
         Values more = values, less = values;
-        more[columns[c]] += steps[columns[c]];
-        less[columns[c]] -= steps[columns[c]];
+        more[columns[c]] += step;
+        less[columns[c]] -= step;
         Eigen::VectorXd above, below;
         if (!weightedAt(more, above) || !weightedAt(less, below))
             return false;
-        jacobian.col(int(c)) = (above - below) / (2.0 * steps[columns[c]]);
+        jacobian.col(int(c)) = (above - below) / (2.0 * step);
     }
     return true;
 }
@@ -233,12 +260,14 @@ bool Correction::improve(Values& values, Eigen::VectorXd& weighted, double& damp
     Eigen::MatrixXd jacobian;
     if (!jacobianAt(values, jacobian))
         return false;
-    const Eigen::MatrixXd normal = jacobian.transpose() * jacobian;
-    const Eigen::VectorXd right = -jacobian.transpose() * weighted;
+    const Eigen::VectorXd scale = jacobian.colwise().norm().transpose().cwiseMax(1e-30);
+    const Eigen::MatrixXd scaled = jacobian * scale.cwiseInverse().asDiagonal();
+    const Eigen::MatrixXd normal = scaled.transpose() * scaled;
+    const Eigen::VectorXd right = -scaled.transpose() * weighted;
     for (int attempt = 0; attempt < 20; ++attempt, damping *= 8.0) {
         Eigen::MatrixXd damped = normal;
         damped.diagonal() += damping * normal.diagonal();
-        const Eigen::VectorXd step = damped.ldlt().solve(right);
+        const Eigen::VectorXd step = damped.ldlt().solve(right).cwiseQuotient(scale);
         Values tried = values;
         for (std::size_t c = 0; c < columns.size(); ++c)
             tried[columns[c]] += step[int(c)];
@@ -246,9 +275,7 @@ bool Correction::improve(Values& values, Eigen::VectorXd& weighted, double& damp
         if (!step.allFinite() || !weightedAt(tried, after) || !(after.squaredNorm() <= weighted.squaredNorm()))
             continue;
         done = weighted.squaredNorm() - after.squaredNorm() < 1e-8 * (1.0 + weighted.squaredNorm());
-        Orbit bounded;
-        putValues(tried, bounded.elements);
-        values = valuesOf(bounded.elements);
+        values = inner(fittedValues(outer(tried)));
         weighted = after;
         damping = std::max(damping / 10.0, 1e-12);
         return true;
@@ -257,18 +284,38 @@ bool Correction::improve(Values& values, Eigen::VectorXd& weighted, double& damp
     return true;
 }
 
+/// Of the free elements themselves.
+Eigen::MatrixXd Correction::covarianceAt(const Values& values, const Eigen::MatrixXd& jacobian) const
+{
+    const int count = int(columns.size());
+    const Eigen::VectorXd scale = jacobian.colwise().norm().transpose().cwiseMax(1e-30);
+    const Eigen::MatrixXd scaled = jacobian * scale.cwiseInverse().asDiagonal();
+    const Eigen::MatrixXd inverse =
+        Eigen::MatrixXd(scaled.transpose() * scaled).completeOrthogonalDecomposition().pseudoInverse();
+    Eigen::MatrixXd slopes = Eigen::MatrixXd::Identity(count, count);
+    if (round) {
+        const auto all = fromRoundSlopes(values);
+        for (int row = 0; row < count; ++row)
+            for (int column = 0; column < count; ++column)
+                slopes(row, column) = all(int(columns[std::size_t(row)]), int(columns[std::size_t(column)]));
+    }
+    const Eigen::MatrixXd turned = slopes * scale.cwiseInverse().asDiagonal();
+    return turned * inverse * turned.transpose();
+}
+
 void Correction::tellErrors(const Values& values, FitResult& result) const
 {
     Eigen::MatrixXd jacobian;
     if (!jacobianAt(values, jacobian))
         return;
-    const Eigen::VectorXd scale = jacobian.colwise().norm().transpose().cwiseMax(1e-30);
-    const Eigen::MatrixXd scaled = jacobian * scale.cwiseInverse().asDiagonal();
-    const Eigen::MatrixXd inverse =
-        Eigen::MatrixXd(scaled.transpose() * scaled).completeOrthogonalDecomposition().pseudoInverse();
+    const Eigen::MatrixXd covariance = covarianceAt(values, jacobian);
+    const Eigen::VectorXd spread = covariance.diagonal().cwiseMax(0.0).cwiseSqrt();
     for (std::size_t c = 0; c < columns.size(); ++c) {
         const std::size_t k = columns[c];
-        result.sigma[k] = std::sqrt(std::max(inverse(int(c), int(c)), 0.0)) / scale[int(c)];
+        result.sigma[k] = spread[int(c)];
+        for (std::size_t d = 0; d < columns.size(); ++d)
+            result.correlation[k][columns[d]] =
+                covariance(int(c), int(d)) / std::max(spread[int(c)] * spread[int(d)], 1e-300);
         if (!(result.sigma[k] < undetermined[k]))
             result.warnings.push_back(std::string("the observations do not determine the ") + names[k]);
     }
@@ -277,6 +324,7 @@ void Correction::tellErrors(const Values& values, FitResult& result) const
 FitResult Correction::run()
 {
     constexpr int mostSteps = 60;
+    constexpr double highestRms = 10.0;
     FitResult result;
     result.orbit = request.start;
     if (columns.empty() || rows < int(columns.size())) {
@@ -284,25 +332,30 @@ FitResult Correction::run()
                            std::to_string(columns.size()) + " elements";
         return result;
     }
-    Values values = valuesOf(request.start.elements);
+    Values values = inner(fittedValues(request.start.elements));
     Eigen::VectorXd weighted;
     bool good = weightedAt(values, weighted);
     double damping = 1e-3;
     for (int step = 0; good && !result.converged && step < mostSteps; ++step)
         good = improve(values, weighted, damping, result.converged);
     if (!good || !residualsAt(values, result.residuals)) {
-        result.complaint = "the model has no place for the satellite at the time of an observation";
+        result.complaint = calculationEnded()
+                               ? "it was ended"
+                               : "the model has no place for the satellite at the time of an observation";
         result.converged = false;
         return result;
     }
-    putValues(values, result.orbit.elements);
-    Elements& e = result.orbit.elements;
+    Elements& e = result.orbit.elements = outer(values);
     const auto turn = [](double degrees) { return degrees - 360.0 * std::floor(degrees / 360.0); };
     e.ra = turn(e.ra);
     e.aper = turn(e.aper);
     e.m0 = turn(e.m0);
     result.rms = std::sqrt(weighted.squaredNorm() / rows);
     tellErrors(values, result);
+    if (result.rms > highestRms)
+        result.warnings.emplace_back(
+            "the residuals are far beyond the standard errors: look at places, times and frames, "
+            "and at the satellite");
     return result;
 }
 
@@ -311,7 +364,7 @@ FitResult Correction::run()
 bool observedDirection(const FitRequest& request, const SitedObservation& sited, double mjd, Vec3& direction)
 {
     Model model(request.start);
-    const auto found = directionAt(model, request, sited, mjd);
+    const auto found = directionAt(model, Sight(request.earth, sited, mjd, request.againstStars));
     if (found)
         direction = *found;
     return found.has_value();

@@ -1,9 +1,7 @@
 // Mean elements from observations: a differential correction through SGP4 by weighted least squares.
 #pragma once
 
-#include "engine/site.h"
-#include "observing/observation.h"
-#include "orbit/orbit.h"
+#include "observing/sight.h"
 
 #include <array>
 #include <span>
@@ -24,14 +22,6 @@ enum Element
     count
 };
 }
-
-/// An observation with the place it was made from.
-struct SitedObservation
-{
-    Observation observation;
-    Site site;
-    bool used = true;  // false: it has a residual, but no weight
-};
 
 struct FitRequest
 {
@@ -58,14 +48,13 @@ struct FitResult
     std::vector<FitResidual> residuals;         // one for each observation
     double rms = 0;                             // of the used residuals over their standard errors
     std::array<double, fitted::count> sigma{};  // formal errors; 0 for elements that were held
-    std::vector<std::string> warnings;          // elements that the observations do not determine
+    std::array<std::array<double, fitted::count>, fitted::count>
+        correlation{};                  // of the errors; 0 where one was held
+    std::vector<std::string> warnings;  // elements that the observations do not determine
 };
 
-/// The direction in which an orbit shows a satellite, as a unit vector in the frame of the observation: equator and
-/// equinox of its year, the true ones of date, or the horizon (south, east, zenith).
-///
-/// With light time; against stars the annual aberration is taken off, which the stars share and the satellite does
-/// not: it moves with the Earth. Diurnal aberration is the same for both.
+/// The direction in which the start of the request shows a satellite, in the frame of `Sight::shown`, with light time.
 bool observedDirection(const FitRequest& request, const SitedObservation& sited, double mjd, Vec3& direction);
 
+/// A long calculation: its listener may end it, with a complaint as the result.
 FitResult fitElements(const FitRequest& request, std::span<const SitedObservation> observations);
