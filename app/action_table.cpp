@@ -283,6 +283,12 @@ std::span<const VorlixApp::ActionRow> VorlixApp::actionRows()
             TEXT("Station\n\nSets the number of your station and how sure its times and positions are, for the reports "
                  "of Save Observation. The place set under Location becomes that of the station."),
             &App::slotInputStation, nullptr},
+        ActionRow{&App::manvFit, "manvFit", TEXT("&Fit Elements..."), "", "",
+            TEXT("Corrects elements by observations."),
+            TEXT("Fit Elements\n\nReads or asks for observations and corrects the orbit elements of a satellite until "
+                 "they fit best. Shows what is left, how sure the new elements are, and which of them the observations "
+                 "do not determine. The new elements become a further satellite."),
+            &App::slotManvFit, nullptr},
         ActionRow{&App::editCopy, "editCopy", TEXT("&Copy"), "Ctrl+Shift+C", "",
             TEXT("Copies the report on the screen to the clipboard"),
             TEXT("Copy\n\nPuts the report on the screen on the clipboard, as text and, for spreadsheets, as comma "

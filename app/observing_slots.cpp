@@ -17,3 +17,11 @@ void VorlixApp::slotFileObservation()
     view->vSaveObservation();
     showStatus(tr("Ready."));
 }
+
+void VorlixApp::slotManvFit()
+{
+    showStatus(tr("Fitting elements to observations..."));
+    slotStopTime();
+    view->vFitElements();
+    showStatus(tr("Ready."));
+}

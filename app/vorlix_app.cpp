@@ -169,7 +169,7 @@ void VorlixApp::initMenuBar()
     calcMenu = makeMenu("calcMenu", tr("&Calculate"),
                         {calcAOS, calcAllSats, calcOrbitTrack, nullptr, calcIridium, nullptr, calcMatch});
     manvMenu = makeMenu("manvMenu", tr("&Maneuver"),
-                        {manvEdit, nullptr, manvDeltaV, manvLaunch, manvRendz, nullptr, manvOrbDet});
+                        {manvEdit, nullptr, manvDeltaV, manvLaunch, manvRendz, nullptr, manvOrbDet, manvFit});
     plotMenu = makeMenu("plotMenu", tr("&Plot"),
                         {plotRT, plotDelta, plotCurrent, nullptr, plotNext, plotLast, nullptr, plotForward,
                          plotBackward, nullptr, plotFollow});

@@ -72,6 +72,7 @@ public Q_SLOTS:
     void slotManvLaunch();
     void slotManvRendz();
     void slotManvOrbDet();
+    void slotManvFit();
 
     void slotPlotRT();
     void slotPlotDelta();
@@ -197,6 +198,7 @@ private:
     QAction* manvLaunch = nullptr;
     QAction* manvRendz = nullptr;
     QAction* manvOrbDet = nullptr;
+    QAction* manvFit = nullptr;
     QAction* plotRT = nullptr;
     QAction* plotDelta = nullptr;
     QAction* plotCurrent = nullptr;

@@ -1,8 +1,10 @@
 #include "design/satellite_slots.h"
 
 #include <algorithm>
+#include <string>
 
 #include "engine/epoch_state.h"
+#include "orbit/mean_motion.h"
 #include "record/clock.h"
 #include "record/text.h"
 
@@ -44,6 +46,28 @@ void addBlankSatellite(WinpData* in)
     in->satn = std::min(in->satn + 1, maxSatellites);
     in->prs = in->satn - 1;
     blankSatellite(in, in->prs);
+}
+
+void addFittedSatellite(WinpData* in, int like, const Elements& elements)
+{
+    constexpr std::string_view mark = "fit";
+    addBlankSatellite(in);
+    const int slot = in->prs;
+    std::string name = "New";
+    if (like >= 0) {
+        ShiftElm(in, slot, like);
+        name = fieldText(in->fsname[like]);
+        name.erase(std::min(name.find_last_not_of(' ') + 1, sizeof in->fsname[slot] - mark.size() - 2));
+    }
+    assignField(in->fsname[slot], name + ' ' + std::string(mark));
+    Elements e = elements;
+    e.a = getsax(1, e.n0, e.ecc, e.inc);
+    putElements(e, *in, slot);
+    in->aflg[slot] = 1;
+    in->numflg[slot] = 0;
+    in->sgpsat = noSlot;
+    EpochState(in, slot, false);
+    returnToEpoch(in, slot);
 }
 
 void dropAddedSatellite(WinpData* in)

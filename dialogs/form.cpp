@@ -12,6 +12,7 @@
 #include <QMessageBox>
 #include <QPushButton>
 #include <QRadioButton>
+#include <QTableWidget>
 #include <QTextCursor>
 #include <QTextEdit>
 
@@ -172,6 +173,17 @@ QTextEdit* addTextView(QLayout* to, const char* name, const QString& title, cons
     view->setReadOnly(true);
     append(to, view);
     return view;
+}
+
+void describeTable(QTableWidget* table, const char* name, const QString& title, const Help& help)
+{
+    describe(table, QString::fromLatin1(name), help);
+    table->setAccessibleName(title);
+    table->setTabKeyNavigation(false);
+    if (auto* corner = table->findChild<QAbstractButton*>(QString(), Qt::FindDirectChildrenOnly)) {
+        describe(corner, table->objectName() + "Corner", help);
+        corner->setAccessibleName(text("Select all"));
+    }
 }
 
 void fillTextView(QTextEdit* view, const QString& text, int points)

@@ -19,6 +19,7 @@ class QLabel;
 class QLayout;
 class QPushButton;
 class QRadioButton;
+class QTableWidget;
 class QTextEdit;
 class QWidget;
 
@@ -66,6 +67,9 @@ QLabel* addText(QLayout* to, const char* name, const QString& line);
 
 /// A read-only text; it takes the room that is left. A screen reader calls it by its title.
 QTextEdit* addTextView(QLayout* to, const char* name, const QString& title, const Help& help);
+
+/// Names a table, and the button in its corner, for screen readers and Shift+F1.
+void describeTable(QTableWidget* table, const char* name, const QString& title, const Help& help);
 
 /// Writes a plain text into an empty view, in a size in points (the size stays if it is 0), and shows its start.
 void fillTextView(QTextEdit* view, const QString& text, int points);

@@ -115,7 +115,7 @@ void StObservationDialog::addTarget(QFormLayout* rows)
     formBox->addItems({QStringLiteral("IOD"), QStringLiteral("UK"), QStringLiteral("RDE")});
     fileEdit = form::addTextEdit(rows, "fileEdit", tr("Fi&le:"),
                                  {tr("The file to whose end the report is added. It is made if there is none.")});
-    auto* browseButton =
+    browseButton =
         form::addButton(rows, "browseButton", tr("Bro&wse..."), nullptr, {tr("Chooses the file of the reports.")});
     connect(browseButton, &QPushButton::clicked, this, &StObservationDialog::browse);
 }
@@ -129,6 +129,17 @@ void StObservationDialog::setValues(const std::vector<Proposal>& proposals, cons
         sourceBox->addItem(proposal.source);
     fileEdit->setText(station.file.isEmpty() ? QStringLiteral("observations.iod") : station.file);
     showProposal(0);
+}
+
+void StObservationDialog::hideReport()
+{
+    setWindowTitle(tr("Observation"));
+    for (QWidget* widget : {static_cast<QWidget*>(formBox), static_cast<QWidget*>(fileEdit)}) {
+        form::setShown(widget, false);
+        form::setShown(form::labelOf(widget), false);
+    }
+    form::setShown(browseButton, false);
+    form::setShown(lineLabel, false);
 }
 
 void StObservationDialog::showProposal(int index)

@@ -13,6 +13,7 @@ class QCheckBox;
 class QComboBox;
 class QFormLayout;
 class QLabel;
+class QPushButton;
 
 class StObservationDialog : public QDialog
 {
@@ -31,6 +32,9 @@ public:
 
     /// Shows the first of at least one proposal.
     void setValues(const std::vector<Proposal>& proposals, const Station& station);
+
+    /// Leaves out form and file, for an observation that is not to be saved.
+    void hideReport();
 
     /// What the fields say; the time is not a number if it cannot be read.
     Observation observation() const;
@@ -60,5 +64,6 @@ private:
     QComboBox* behaviourBox = nullptr;
     QComboBox* formBox = nullptr;
     Field* fileEdit = nullptr;
+    QPushButton* browseButton = nullptr;
     QLabel* lineLabel = nullptr;
 };

@@ -6,10 +6,14 @@
 
 #include "astro/angles.h"
 #include "design/astrometry.h"
+#include "design/circular_start.h"
+#include "design/satellite_slots.h"
+#include "dialogs/st_fit_dialog.h"
 #include "dialogs/st_observation_dialog.h"
 #include "dialogs/st_station_dialog.h"
 #include "observing/station.h"
 #include "record/text.h"
+#include "view/calculation.h"
 #include "view/message_boxes.h"
 
 namespace {
@@ -67,6 +71,47 @@ std::vector<Proposal> proposalsOf(const WinpData& in)
     return all;
 }
 
+using Start = StFitDialog::Start;
+using StartOrbit = StFitDialog::StartOrbit;
+
+StartOrbit selectedStart(const WinpData& in, int slot)
+{
+    if (in.ecc[slot] >= 1.0)
+        return {{}, VorlixView::tr("%1 is on no ellipse").arg(fieldQString(in.fsname[slot]).trimmed()).toStdString()};
+    return {orbitOf(in, slot), {}};
+}
+
+StartOrbit circleOf(const WinpData& in, std::span<const SitedObservation> observations)
+{
+    const auto orbit = circularStart(in, observations);
+    if (orbit)
+        return {*orbit, {}};
+    return {{}, VorlixView::tr("no circle goes through two marked observations from one place").toStdString()};
+}
+
+/// The prime satellite first; the rest in their order, and the ways without one behind them.
+std::vector<Start> startsOf(const WinpData& in, std::vector<int>& slots)
+{
+    std::vector<Start> starts;
+    for (int slot = 0; slot < in.satn; ++slot)
+        slots.insert(slot == in.prs ? slots.begin() : slots.end(), slot);
+    for (const int slot : slots)
+        starts.push_back({fieldQString(in.fsname[slot]).trimmed(),
+                          [&in, slot](std::span<const SitedObservation>) { return selectedStart(in, slot); }});
+    starts.push_back({VorlixView::tr("Circle through two of the observations"),
+                      [&in](std::span<const SitedObservation> all) { return circleOf(in, all); }});
+    return starts;
+}
+
+/// As a long calculation of the window.
+FitResult longFit(const FitRequest& request, std::span<const SitedObservation> observations)
+{
+    FitResult fit;
+    if (!calculated([&] { fit = fitElements(request, observations); }))
+        fit.complaint = VorlixView::tr("it was ended").toStdString();
+    return fit;
+}
+
 }  // namespace
 
 void VorlixView::vStation()
@@ -104,4 +149,18 @@ void VorlixView::vSaveObservation()
         return;
     }
     keepOwnStation(station);
+}
+
+void VorlixView::vFitElements()
+{
+    const WinpData& in = *indata;
+    std::vector<int> slots;
+    StFitDialog::Setup setup{startsOf(in, slots),    proposalsOf(in),         ownStation(), siteOf(in),
+                             earthOrientationOf(in), in.satn < maxSatellites, longFit};
+    StFitDialog dialog(this);
+    dialog.setValues(setup);
+    if (dialog.exec() != QDialog::Accepted || !dialog.fitted())
+        return;
+    const std::size_t start = std::size_t(dialog.startIndex());
+    addFittedSatellite(indata, start < slots.size() ? slots[start] : -1, dialog.fitted()->elements);
 }

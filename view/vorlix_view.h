@@ -192,6 +192,8 @@ public:
     void vStation();
     /// Adds an observation to a file of reports.
     void vSaveObservation();
+    /// Corrects elements by observations; the new ones become a further satellite.
+    void vFitElements();
 
     // --- settings; those with a result give 1 if the user cancelled
     int vInputDate();

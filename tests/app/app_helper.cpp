@@ -60,6 +60,8 @@ QStringList look(QDialog* dialog, const QString& name)
         return {(form::labelOf(edit)->text().remove('&').trimmed() + ' ' + edit->text().trimmed()).trimmed()};
     if (auto* text = qobject_cast<QTextEdit*>(widget))
         return text->toPlainText().replace('\t', ' ').split('\n');
+    if (auto* label = qobject_cast<QLabel*>(widget))
+        return {label->text()};
     return {qobject_cast<QAbstractButton*>(widget)->text().remove('&')};
 }
 

@@ -30,6 +30,8 @@ private Q_SLOTS:
         open(dataFile("vienna.cfg"));
         QVERIFY(QImage(800, 600, QImage::Format_RGB32).save(place->path("stars.png")));
         place->write("text.png", "no picture");
+        place->write("vorlix.ini", "[stations]\n8001=48.2,16.37,200\n8002=-33.94,18.51,10\n");
+        QVERIFY(QFile::copy(TEST_DATA "/observing/iss.iod", place->path("iss.iod")));
     }
     void cleanup() { close(); }
 

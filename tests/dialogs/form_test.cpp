@@ -23,6 +23,7 @@
 #include "dialogs/st_delta_dialog.h"
 #include "dialogs/st_edit_orb_dialog.h"
 #include "dialogs/st_follow_dialog.h"
+#include "dialogs/st_fit_dialog.h"
 #include "dialogs/st_iers_dialog.h"
 #include "dialogs/st_iridium_dialog.h"
 #include "dialogs/st_launch_dialog.h"
@@ -93,6 +94,7 @@ const DialogCase dialogCases[] = {
     {"Save Observation", make<StObservationDialog>, "", "okButton", "cancelButton", "numberEdit",
      "designatorEdit timeEdit magnitudeEdit fileEdit"},
     {"Follow with a Mount", make<StFollowDialog>, "", "okButton", "cancelButton", "portEdit", "hostEdit deviceEdit"},
+    {"Fit Elements", make<StFitDialog>, "", "addButton", "cancelButton"},
     {"Quick Help", make<StQuickDialog>, "", "okButton", nullptr},
 };
 
@@ -383,13 +385,14 @@ private Q_SLOTS:
 
     void okIsTheDefaultAndAcceptsAndCancelRejects()
     {
+        const QMap<QString, const char*> searches{{"Select Satellite", "findButton"}, {"Fit Elements", "fitButton"}};
         for (const DialogCase& c : dialogCases) {
             const std::unique_ptr<QDialog> fresh(c.maker());
-            const bool searches = qstrcmp(c.title, "Select Satellite") == 0;
-            QVERIFY2(child<QPushButton>(*fresh, searches ? "findButton" : c.ok)->isDefault(), c.title);
-            QCOMPARE(child<QPushButton>(*fresh, c.ok)->autoDefault(), !searches);
+            const char* search = searches.value(c.title, nullptr);
+            QVERIFY2(child<QPushButton>(*fresh, search ? search : c.ok)->isDefault(), c.title);
+            QCOMPARE(child<QPushButton>(*fresh, c.ok)->autoDefault(), !search);
             for (const char* name : {c.ok, c.cancel}) {
-                if (!name)
+                if (!name || !child<QPushButton>(*fresh, name)->isEnabled())
                     continue;
                 const std::unique_ptr<QDialog> dialog(c.maker());
                 QVERIFY2(opened(*dialog), c.title);
