@@ -6,8 +6,10 @@
 #include "elements/writer.h"
 #include "exports/rows.h"
 #include "observing/fit_words.h"
+#include "observing/initial_orbit.h"
 #include "observing/observation_list.h"
 #include "observing/station.h"
+#include "record/text.h"
 #include "reports/list_rows.h"
 
 #include <algorithm>
@@ -65,13 +67,9 @@ std::string twoLines(WinpData in, const Orbit& orbit)
     return text;
 }
 
-Problem fitOne(const Session& session, const Channels& channels, const WinpData& in,
-               const std::vector<Observation>& observations, Answer& answer)
+Problem fitAndAnswer(const Session& session, const Channels& channels, const WinpData& in, const FitRequest& request,
+                     const std::vector<SitedObservation>& wanted, Answer& answer)
 {
-    const std::vector<SitedObservation> wanted = sited(session, channels, in, observations);
-    const FitRequest request = requestOf(session, in);
-    if (!in.aflg[primeSlot])
-        return {status::unreadable, "vorlix: only elements of SGP4 can be fitted"};
     const FitResult fit = fitElements(request, wanted);
     if (!fit.complaint.empty())
         return {status::nothingFound, "vorlix: no fit: " + fit.complaint};
@@ -86,6 +84,38 @@ Problem fitOne(const Session& session, const Channels& channels, const WinpData&
     return {};
 }
 
+Problem fitOne(const Session& session, const Channels& channels, const WinpData& in,
+               const std::vector<Observation>& observations, Answer& answer)
+{
+    const std::vector<SitedObservation> wanted = sited(session, channels, in, observations);
+    if (!in.aflg[primeSlot])
+        return {status::unreadable, "vorlix: only elements of SGP4 can be fitted"};
+    return fitAndAnswer(session, channels, in, requestOf(session, in), wanted, answer);
+}
+
+/// The satellite of the first observation, without elements.
+void nameAfter(const Observation& o, WinpData& in)
+{
+    in.norad[primeSlot] = o.number;
+    assignField(in.fsname[primeSlot], "New");
+    assignField(in.ldsn[primeSlot], o.designator);
+}
+
+Problem fitFromNothing(const Session& session, const Channels& channels, const std::vector<Observation>& observations,
+                       Answer& answer)
+{
+    WinpData& in = *session.record;
+    if (!observations.empty())
+        nameAfter(observations.front(), in);
+    const std::vector<SitedObservation> wanted = sited(session, channels, in, observations);
+    FitRequest request = requestOf(session, in);
+    const InitialOrbit first = initialOrbit(request, wanted);
+    if (!first.complaint.empty())
+        return {status::nothingFound, "vorlix: no first orbit: " + first.complaint};
+    request.start = first.orbit;
+    return fitAndAnswer(session, channels, in, request, wanted, answer);
+}
+
 }  // namespace
 
 Problem fitOrbits(const Session& session, const Channels& channels, Answer& answer)
@@ -93,6 +123,8 @@ Problem fitOrbits(const Session& session, const Channels& channels, Answer& answ
     std::vector<Observation> observations;
     if (const Problem problem = readReportFiles(session, channels, observations))
         return problem;
+    if (session.request.initial)
+        return fitFromNothing(session, channels, observations, answer);
     bool done = false;
     Problem fitting;
     EntryWalk walk(session, channels, [&] { return done; });

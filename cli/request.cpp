@@ -298,6 +298,7 @@ void takeReports(Values& values, Request& request)
         values.complain("--code: expected a whole number from 1 to 7");
     request.angleCode = static_cast<int>(code.value_or(0));
     request.geometric = values.on("geometric");
+    request.initial = values.on("initial");
     request.hold = values.all("hold");
     for (const std::string& element : request.hold)
         values.checkChoice("hold", element,
@@ -313,8 +314,8 @@ void takeSatellites(Values& values, const TaskWords& task, Request& request)
     request.satellites = task.task == Task::contacts ? values.arguments : values.all("satellite");
     if (task.task == Task::contacts && request.satellites.size() != 2)
         values.complain("expected two satellites: vorlix contacts A B");
-    if (task.task == Task::fit && request.satellites.size() != 1)
-        values.complain("expected --satellite with the one to start from");
+    if (task.task == Task::fit && request.satellites.size() != (request.initial ? 0 : 1))
+        values.complain("expected either --satellite with the one to start from, or --initial");
     if (task.task != Task::contacts && task.task != Task::fit && !values.arguments.empty())
         values.complain(inQuotes(values.arguments[0]) +
                         ": expected an option, or --satellite in front of a satellite");

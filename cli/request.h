@@ -79,6 +79,7 @@ struct Request
 
     std::vector<std::string> reports;  // files of observations; "-" is standard input
     std::vector<std::string> hold;     // elements that a fit leaves as they are
+    bool initial = false;             // a fit begins with an orbit found from the observations
     bool geometric = false;            // positions with the annual aberration taken off already
     int angleCode = 0;                 // of reports that are written; 0: as they were read
 

@@ -227,7 +227,7 @@ Problem holdInput(ElementFile& file, std::FILE* input)
 
 Problem openFiles(Session& session, const Channels& channels)
 {
-    if (session.request.task == Task::report)
+    if (session.request.task == Task::report || session.request.initial)
         return {};
     std::vector<std::string> names = session.request.files;
     const bool saved = names.empty();

@@ -117,6 +117,8 @@ constexpr std::array options{
     OptionWords{"code", "NUMBER", observed, "form of the angles in reports, 1 to 7 as IOD counts; as they were without it"},
     OptionWords{"hold", "ELEMENT", bitOf(Task::fit),
                 "not fitted: inclination, node, eccentricity, perigee, anomaly, motion or drag; may come again"},
+    OptionWords{"initial", nullptr, bitOf(Task::fit),
+                "starts from an orbit found from three or more of the observations; takes the place of --satellite"},
     OptionWords{"geometric", nullptr, bitOf(Task::fit),
                 "right ascensions are free of annual aberration; else they count as measured against stars"},
     OptionWords{"no-config", nullptr, everyTask, "as if no configuration were saved"},

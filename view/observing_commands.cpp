@@ -11,6 +11,7 @@
 #include "dialogs/st_fit_dialog.h"
 #include "dialogs/st_observation_dialog.h"
 #include "dialogs/st_station_dialog.h"
+#include "observing/initial_orbit.h"
 #include "observing/station.h"
 #include "record/text.h"
 #include "view/calculation.h"
@@ -89,6 +90,18 @@ StartOrbit circleOf(const WinpData& in, std::span<const SitedObservation> observ
     return {{}, VorlixView::tr("no circle goes through two marked observations from one place").toStdString()};
 }
 
+StartOrbit foundOrbit(const WinpData& in, std::span<const SitedObservation> observations)
+{
+    FitRequest request;
+    request.earth = earthOrientationOf(in);
+    request.start.wgs84 = in.wgs != 0;
+    request.start.deepSpace = in.sdp4;
+    InitialOrbit found;
+    if (!calculated([&] { found = initialOrbit(request, observations); }))
+        found.complaint = VorlixView::tr("it was ended").toStdString();
+    return {found.orbit, found.complaint};
+}
+
 /// The prime satellite first; the rest in their order, and the ways without one behind them.
 std::vector<Start> startsOf(const WinpData& in, std::vector<int>& slots)
 {
@@ -100,6 +113,8 @@ std::vector<Start> startsOf(const WinpData& in, std::vector<int>& slots)
                           [&in, slot](std::span<const SitedObservation>) { return selectedStart(in, slot); }});
     starts.push_back({VorlixView::tr("Circle through two of the observations"),
                       [&in](std::span<const SitedObservation> all) { return circleOf(in, all); }});
+    starts.push_back({VorlixView::tr("Orbit found from three or more of the observations"),
+                      [&in](std::span<const SitedObservation> all) { return foundOrbit(in, all); }});
     return starts;
 }
 

@@ -48,7 +48,7 @@ _vorlix()
                     next) words="--elements --satellite --site --site-name --from --to --days --zone --limit --workers --format --output --order --visible --moonshine --all --min-elevation --max-sun --no-config --clock --help" ;;
                     now) words="--elements --satellite --site --site-name --from --zone --limit --workers --format --output --visible --moonshine --all --min-elevation --max-sun --no-config --clock --help --length" ;;
                     report) words="--zone --limit --format --output --no-config --clock --help --code" ;;
-                    fit) words="--elements --satellite --site --site-name --from --to --days --zone --limit --workers --format --output --no-config --clock --help --hold --geometric" ;;
+                    fit) words="--elements --satellite --site --site-name --from --to --days --zone --limit --workers --format --output --no-config --clock --help --hold --initial --geometric" ;;
                 esac
                 ;;
         esac

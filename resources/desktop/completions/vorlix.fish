@@ -68,5 +68,6 @@ complete -c vorlix -n '__fish_seen_subcommand_from match' -l window -x -d 'how m
 complete -c vorlix -n '__fish_seen_subcommand_from match' -l direction -x -d 'where it moved: 0 up, 90 right; within 45 degrees'
 complete -c vorlix -n '__fish_seen_subcommand_from report' -l code -x -a '1 2 3 4 5 6 7' -d 'form of the angles in reports, 1 to 7 as IOD counts; as they were without it'
 complete -c vorlix -n '__fish_seen_subcommand_from fit' -l hold -x -d 'not fitted: inclination, node, eccentricity, perigee, anomaly, motion or drag; may come again'
+complete -c vorlix -n '__fish_seen_subcommand_from fit' -l initial -d 'starts from an orbit found from three or more of the observations; takes the place of --satellite'
 complete -c vorlix -n '__fish_seen_subcommand_from fit' -l geometric -d 'right ascensions are free of annual aberration; else they count as measured against stars'
 complete -c vorlix -n '__fish_seen_subcommand_from report fit' -F
