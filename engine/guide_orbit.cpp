@@ -190,8 +190,13 @@ bool GuideOrbit::withinTheory(const elsetrec& sat, double from, double to)
     const double room = deep ? 0.0 : leastNearEccentricity;
     return sat.inclo >= 0.0 && sat.inclo < std::numbers::pi - steepestRad && change < mostAxisChange &&
            anomalyOff + longitudeOff + turnOff < mostAnglesOff && reach.eccLow > room &&
-           reach.eccHigh < highestEccentricity &&
-           reach.axisLow * (1.0 - reach.eccHigh) - std::abs(aycof) / (1.0 - reach.eccHigh) > lowestPerigee;
+           reach.eccHigh < highestEccentricity && lowestPerigeeOf() > lowestPerigee;
+}
+
+/// The long-period term of the eccentricity included.
+double GuideOrbit::lowestPerigeeOf() const
+{
+    return reach.axisLow * (1.0 - reach.eccHigh) - std::abs(aycof) / (1.0 - reach.eccHigh);
 }
 
 /// What holds at every place of the guide.
@@ -201,6 +206,7 @@ void GuideOrbit::setBounds(const elsetrec& sat)
     const double T = reach.minutes;
     const double a = reach.axisHigh * earthRadius;
     farthest = 1.01 * a * (1.0 + e);
+    nearest = (1.0 - 1.5 * j2) * lowestPerigeeOf() * earthRadius;
     farthestOff = offAt(farthest, e, a, reach.axisLow * (1.0 - e * e));
     const double byDrag =
         (2.0 * std::abs(l2) + (3.0 * std::abs(l3) + (4.0 * std::abs(l4) + 5.0 * std::abs(l5) * T) * T) * T) * T;

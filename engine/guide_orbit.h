@@ -39,6 +39,7 @@ public:
     double farthestOffKm() const { return farthestOff; }   // `offKm` of every place
     double fastestKmPerMinute() const { return fastest; }  // of the guide itself, in space
     double farthestKm() const { return farthest; }         // from the Earth's centre
+    double nearestKm() const { return nearest; }           // the same, of the guide
 
 private:
     struct Line
@@ -66,6 +67,8 @@ private:
     void addMoonAndSun(const elsetrec& sat, double T);
     /// Fills `reach`; false where the bound cannot be shown.
     bool withinTheory(const elsetrec& sat, double from, double to);
+    /// The least distance of a perigee from the Earth's centre, Earth radii.
+    double lowestPerigeeOf() const;
     /// Fills what holds at every place: distance from the model, speed, distance from the Earth.
     void setBounds(const elsetrec& sat);
     /// What drag leaves of the square root of the axis, t minutes from epoch.
@@ -97,7 +100,7 @@ private:
     double turnOff = 0;       // turns of the whole orbit, radians
 
     Reach reach{};
-    double farthestOff = 0, fastest = 0, farthest = 0;
+    double farthestOff = 0, fastest = 0, farthest = 0, nearest = 0;
 
     double cachedPerigee = 0, sinPerigee = 0, cosPerigee = 1;
     double lastAnomaly = 0, lastF = 0;

@@ -16,6 +16,20 @@ LazyPosition::LazyPosition(WinpData* in, SatPosData* sp, int isat, const View& v
 
 void LazyPosition::look(double mjd)
 {
+    goTo(mjd);
+    findAzimuthElevation(s);
+}
+
+void LazyPosition::lookFrom(const Site& observer)
+{
+    View view = s.view;
+    view.observer = observer;
+    setView(s, view);
+    findAzimuthElevation(s);
+}
+
+void LazyPosition::goTo(double mjd)
+{
     known = {};
     setTimes(s, mjd);
     setNutation(s);
@@ -25,7 +39,6 @@ void LazyPosition::look(double mjd)
     }
     findState(s);
     turnToTrueOfDate(s);
-    findAzimuthElevation(s);
 }
 
 void LazyPosition::expect(double mjd, double step)

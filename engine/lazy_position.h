@@ -25,6 +25,12 @@ public:
     /// Goes to an instant, MJD UTC.
     void look(double mjd);
 
+    /// The same without azimuth and elevation.
+    void goTo(double mjd);
+
+    /// Azimuth and elevation at the instant, as seen from another place.
+    void lookFrom(const Site& observer);
+
     /// Prepares for `look` at this instant and at others that follow it in equal steps, days.
     void expect(double mjd, double step);
 
@@ -33,6 +39,9 @@ public:
     double sunAtObserver();                                // elevation, degrees
     double sunAtSatellite();                               // the same with the horizon dip
     double moonAtSatellite();                              // the same; with moonflg only
+
+    /// The place below the satellite and its height; the sidereal time as well.
+    void needSubSatellitePoint();
 
     /// Everything else of the instant.
     void complete(int vis = 0);
@@ -44,8 +53,6 @@ private:
     void needSun();
     /// As `needSun`.
     void needMoon();
-    /// As `needSun`; the sidereal time as well.
-    void needSubSatellitePoint();
 
     Scene s;
     Sgp4Ahead ahead;

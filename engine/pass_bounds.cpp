@@ -25,7 +25,6 @@ constexpr double sunSpareDeg = 0.02;
 constexpr double deflectionRad = 0.0034;
 constexpr double auKm = 1.47e8;  // at least so far is the Sun
 constexpr double poleLimitArcSec = 10.0;
-constexpr double poleRad = 1e-4;
 
 constexpr double turnRadPerMinute = siderealTurnsPerDay * twoPi / minutesPerDay;
 constexpr PassBounds::Estimate nothingKnown{0.0, std::numeric_limits<double>::infinity()};
@@ -43,12 +42,12 @@ Verdict above(double outside, double doubt)
     return verdict(std::abs(outside) > doubt, outside < 0.0);
 }
 
+}  // namespace
+
 bool poleNear(const WinpData& in)
 {
     return std::abs(in.IERSxp) <= poleLimitArcSec && std::abs(in.IERSyp) <= poleLimitArcSec;
 }
-
-}  // namespace
 
 Horizon::Horizon(const Scene& s)
     : anchorMjd(s.mjd),
@@ -216,6 +215,14 @@ Vec3 PassBounds::guidePosition(const GuideOrbit::Place& at) const
     const double sinNode = std::sin(at.node);
     const double across = at.y * guide.cosInclination();
     return {at.x * cosNode - across * sinNode, at.x * sinNode + across * cosNode, at.y * guide.sinInclination()};
+}
+
+std::optional<PassBounds::Stand> PassBounds::stand(double t)
+{
+    const GuideOrbit::Place* found = guidePlace(t);
+    if (!found)
+        return std::nullopt;
+    return Stand{guidePosition(*found), found->r, found->offKm};
 }
 
 /// What turns the Sun's elevation at a satellite off that of a body without parallax over the radius, radians.

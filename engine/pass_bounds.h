@@ -3,6 +3,7 @@
 #pragma once
 
 #include <cmath>
+#include <optional>
 
 #include "engine/guide_orbit.h"
 #include "engine/position_stages.h"
@@ -68,6 +69,10 @@ private:
 /// The apparent Sun moves by less than this among the stars, its parallax and the rounding of the times included.
 constexpr double sunDegPerDay = 1.1;
 
+/// Polar motion that is no more than this puts no point of the Earth, and nothing above it, farther off than `poleRad`.
+bool poleNear(const WinpData& in);
+constexpr double poleRad = 1e-4;
+
 /// The bounds of one search, for a slot and an observer that stay as they are.
 class PassBounds
 {
@@ -115,6 +120,22 @@ public:
 
     /// Of the guide in the frame of the horizon, km/s; in space it is slower.
     double fastestKmPerS() const;
+
+    /// Where the guide has the satellite, true equator of date.
+    struct Stand
+    {
+        Vec3 r;        // km
+        double range;  // from the Earth's centre, km
+        double offKm;  // the satellite is not farther away
+    };
+
+    /// Nothing where there is no guide.
+    std::optional<Stand> stand(double t);
+
+    /// The guide in use, and the times within which it may be asked, MJD; from after to: none.
+    const GuideOrbit& orbit() const { return guide; }
+    double reachesFrom() const { return guide.usable() ? guideFrom : 1.0; }
+    double reachesTo() const { return guide.usable() ? guideTo : 0.0; }
 
 private:
     struct Verdicts

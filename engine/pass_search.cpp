@@ -1,6 +1,6 @@
 #include "engine/pass_search.h"
 
-#include "astro/angles.h"
+#include "engine/contact_walk.h"
 #include "engine/fast_walk.h"
 #include "engine/flares.h"
 #include "engine/plain_walk.h"
@@ -18,22 +18,11 @@
 
 namespace {
 
-constexpr double horizonRadiusKm = 6378.137;
-
-double horizonAngle(double heightKm)
-{
-    return heightKm > 0.0 ? std::acos(horizonRadiusKm / (horizonRadiusKm + heightKm)) : 0.0;
-}
-
 /// The prime satellite's point stands in lat, lng, hgt; the second one's in ra, dec, sunel.
 bool seeEachOther(const SatPosData& sp, int isat)
 {
-    const double lat1 = radPerDeg * sp.lat[isat];
-    const double lat2 = radPerDeg * sp.ra[isat];
-    const double lngDifference = radPerDeg * (sp.lng[isat] - sp.dec[isat]);
-    const double cosDistance =
-        std::sin(lat1) * std::sin(lat2) + std::cos(lat1) * std::cos(lat2) * std::cos(lngDifference);
-    return cosDistance > std::cos(horizonAngle(sp.hgt[isat]) + horizonAngle(sp.sunel[isat]));
+    return seeEachOther(Overhead{sp.lat[isat], sp.lng[isat], sp.hgt[isat]},
+                        Overhead{sp.ra[isat], sp.dec[isat], sp.sunel[isat]});
 }
 
 bool relativeConditions(const WinpData& in, const SatPosData& sp, int isat)
@@ -113,9 +102,15 @@ int lastBy(auto&& walk, const PassQuery& q, double t0, double t1, Pass& pass)
     return 1;
 }
 
-bool fastIsPossible(const PassQuery& q, Pace pace)
+/// Calls `search` with the fastest walk that serves the query.
+template <class Search>
+int searchBy(const PassQuery& q, double sense, Pass& pass, Pace pace, Search search)
 {
-    return pace == Pace::fast && FastWalk::possible(q);
+    if (pace == Pace::fast && FastWalk::possible(q))
+        return search(FastWalk(q, sense, pass));
+    if (pace == Pace::fast && ContactWalk::possible(q))
+        return search(ContactWalk(q, sense, pass));
+    return search(PlainWalk(q, sense, pass));
 }
 
 Pass passIn(const double* tm, const double* a, const double* b)
@@ -185,15 +180,13 @@ int findNextPass(const PassQuery& q, double t0, double t1, Pass& pass, Pace pace
         return findNextInterval(q, t0, t1, pass);
     if (q.events == event::iridium)
         q.in->occra = 0.0;
-    return fastIsPossible(q, pace) ? nextBy(FastWalk(q, 1.0, pass), q, t0, t1, pass)
-                                   : nextBy(PlainWalk(q, 1.0, pass), q, t0, t1, pass);
+    return searchBy(q, 1.0, pass, pace, [&](auto&& walk) { return nextBy(walk, q, t0, t1, pass); });
 }
 
 int findLastPass(const PassQuery& q, double t0, double t1, Pass& pass, Pace pace)
 {
     releaseVectorRegisters();
-    return fastIsPossible(q, pace) ? lastBy(FastWalk(q, -1.0, pass), q, t0, t1, pass)
-                                   : lastBy(PlainWalk(q, -1.0, pass), q, t0, t1, pass);
+    return searchBy(q, -1.0, pass, pace, [&](auto&& walk) { return lastBy(walk, q, t0, t1, pass); });
 }
 
 int cksatok(WinpData* in, SatPosData* sp, int isat)

@@ -19,6 +19,7 @@
 #include "engine/record_helper.h"
 #include "engine/thorough_search.h"
 #include "orbit/sgp4.h"
+#include "record/slot_copy.h"
 
 namespace {
 
@@ -255,6 +256,20 @@ void choosePropagator(WinpData& in, int choice)
     }
 }
 
+/// Every third search is for contacts with a second satellite, some of them near the first.
+void chooseSecond(WinpData& in, int choice, Dice& dice)
+{
+    if (choice % 3 != 1)
+        return;
+    WinpData second = in;
+    if (choice % 2 == 0)
+        second = madeUp(shapes[static_cast<std::size_t>(choice / 3) % std::size(shapes)], dice);
+    second.m0[0] += dice.between(-30.0, 30.0);
+    in.rlm = 1;
+    in.satn = 2;
+    copySlot(&in, 1, second, 0);
+}
+
 void chooseConditions(WinpData& in, Dice& dice)
 {
     const auto chance = [&](double share) { return dice.between(0.0, 1.0) < share; };
@@ -285,6 +300,7 @@ TEST(Walks, LeaveTheSameBitsFastAndPlain)
         WinpData in = madeUp(shape, dice);
         choosePropagator(in, k);
         chooseConditions(in, dice);
+        chooseSecond(in, k, dice);
         const bool forward = k % 4 != 0;
         double t = in.mjdep[0] + dice.between(-3.0, 12.0);
         const double end = t + (in.numflg[0] ? 0.1 : 0.6) * (forward ? 1.0 : -1.0);
