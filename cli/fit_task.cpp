@@ -76,6 +76,7 @@ Problem fitAndAnswer(const Session& session, const Channels& channels, const Win
     if (!fit.converged)
         return {status::nothingFound, "vorlix: no fit: the corrections come to no end"};
     channels.err(fitSummary(request, fit));
+    answer.use({nameOf(in, primeSlot), fit.orbit.elements.epoch}, true);
     if (session.request.form == ListForm::tle)
         answer.addText(0.0, twoLines(in, fit.orbit));
     else

@@ -9,6 +9,7 @@ library is missing.
 import csv
 import io
 import json
+import os
 import pathlib
 import re
 import signal
@@ -79,6 +80,32 @@ def check_reports():
     assert len(document["observations"]) == 6
 
 
+def check_fit():
+    folder = pathlib.Path(__file__).parent.parent / "data"
+    seen = [line for line in (folder / "observing/iss.iod").read_text().splitlines() if "8001 G" in line]
+    words = ["fit", "-", "--satellite", "25544", "--site", "48.2,16.37,200", "--hold", "drag", "--format", "json"]
+    words += ["--no-config", "--elements", str(folder / "elements/visual_2018.txt")]
+    done = subprocess.run([vorlix, *words], input="\n".join(seen).encode(), capture_output=True, check=True)
+    document = json.loads(done.stdout)
+    jsonschema.Draft202012Validator(json.load(open(schema_name, encoding="utf-8"))).validate(document)
+    assert [e["catalogue_number"] for e in document["elements"]] == [25544]
+    assert len(document["residuals"]) == len(seen)
+    assert all(abs(r["across_arcsec"]) < 4 * r["across_error_arcsec"] for r in document["residuals"])
+
+
+def check_memory():
+    """Ten times the passes take no more memory."""
+    words = [*SITE, *COMMON, "--all", "--order", "entry", "--format", "ndjson", "--days"]
+    peaks = []
+    freed_at_once = {**os.environ, "ASAN_OPTIONS": "quarantine_size_mb=0:thread_local_quarantine_size_kb=0"}
+    for days in ("1", "10"):
+        with subprocess.Popen([vorlix, "passes", *words, days], stdout=subprocess.PIPE, env=freed_at_once) as running:
+            rows = sum(1 for _ in running.stdout)
+            peaks.append((rows, os.wait4(running.pid, 0)[2].ru_maxrss))
+    assert peaks[1][0] > 8 * peaks[0][0] > 0, peaks
+    assert peaks[1][1] < 1.1 * peaks[0][1], peaks
+
+
 def check_calendar(task, words, start):
     calendar = icalendar.Calendar.from_ical(answer(task, words, "ics"))
     rows = [json.loads(line) for line in answer(task, words, "ndjson").splitlines()]
@@ -143,6 +170,8 @@ check_end(lambda running: running.stdout.close(), signal.SIGPIPE)
 check_lists(LISTS)
 check_lists({"passes": SITE + ["--from", "tonight", "--brighter", "3", "--length", "5", "--dark-sky"]})
 check_reports()
+check_fit()
+check_memory()
 check_calendar("passes", LISTS["passes"], "start")
 check_calendar("events", LISTS["events"], "time")
 check_calendar("contacts", LISTS["contacts"], "start")
