@@ -270,7 +270,8 @@ std::span<const VorlixApp::ActionRow> VorlixApp::actionRows()
             TEXT("Writes the report on the screen in another form"),
             TEXT("Export\n\nWrites the report on the screen into a file. The ending of its name tells the form: .csv for "
                  "spreadsheets, .json for programs, .ics for calendars, .geojson for maps, .txt for the lines as they "
-                 "are. A table of passes can take each of them, other reports .txt and .csv."),
+                 "are. Tables of passes and flares can take each of them, matches all but .ics and .geojson, "
+                 "other reports .txt and .csv."),
             &App::slotFileExport, nullptr},
         ActionRow{&App::fileObservation, "fileObservation", TEXT("Save O&bservation..."), "Ctrl+J", "",
             TEXT("Adds an observation to a file of reports."),

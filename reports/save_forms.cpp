@@ -9,6 +9,7 @@
 #include "record/clock.h"
 #include "record/progress.h"
 #include "record/text.h"
+#include "reports/growing_list.h"
 #include "reports/list_rows.h"
 #include "reports/pass_details.h"
 #include "scan/entries.h"
@@ -26,8 +27,6 @@
 namespace {
 
 constexpr int hit = 1;  // of nextpass
-constexpr double mjdOf1970 = 40587.0;
-constexpr double secondsPerDay = 86400.0;
 constexpr double lineStepDays = 0.5 / 1440.0;
 
 struct FormName
@@ -37,21 +36,6 @@ struct FormName
 };
 constexpr std::array formNames{FormName{".csv", ListForm::csv}, FormName{".json", ListForm::json},
                                FormName{".ics", ListForm::ics}, FormName{".geojson", ListForm::geojson}};
-
-ListRequest requestOf(const WinpData& in, const char* task, double from, double to)
-{
-    ListRequest request;
-    request.task = task;
-    request.site = {fieldQString(in.geoname).trimmed().toStdString(), in.lat, in.lng, in.height};
-    request.from = from;
-    request.to = to;
-    request.made = static_cast<double>(systemSeconds()) / secondsPerDay + mjdOf1970;
-    request.zoneHours = in.tzone;
-    request.files = {std::string(fieldText(in.tlename))};
-    request.satellites = {nameOf(in, in.prs).name};
-    request.numeric = in.numflg[in.prs] != 0;
-    return request;
-}
 
 /// What the passes of a record are called, and their task.
 struct Listing
@@ -68,33 +52,6 @@ Listing listingOf(const WinpData& in, int events)
         return {{"events", eventColumns(), "event"}, "events"};
     return {{"passes", passColumns(), "pass"}, "passes"};
 }
-
-/// A list that grows item by item.
-class GrowingList
-{
-public:
-    GrowingList(ListForm form, const ListKind& kind, const ListRequest& request, const WinpData& in)
-        : document(form, kind, request, in), text(document.head())
-    {
-        if (!request.satellites.empty())
-            use(in, in.prs);
-    }
-    /// The elements of a slot belong to the list.
-    void use(const WinpData& in, int slot) { used.push_back({nameOf(in, slot), in.mjdep[slot]}); }
-    std::string itemOf(const ListRow& row) const { return document.item(row); }
-    void add(const ListRow& row) { addItem(document.item(row)); }
-    void addItem(const std::string& item) { text += (document.joinsItems() && count++ > 0 ? ",\n" : "") + item; }
-    std::string whole() const
-    {
-        return text + (document.joinsItems() && count > 0 ? "\n" : "") + document.tail(used);
-    }
-
-private:
-    ListDocument document;
-    std::string text;
-    std::vector<UsedElements> used;
-    long count = 0;
-};
 
 /// Calls `take` for each pass or event of the list of the prime satellite.
 void eachListed(WinpData* in, bool thorough, double from, double to,
@@ -159,7 +116,7 @@ PassSpan spanOfPass(WinpData* in)
 /// The pass of the details, as a list of one.
 std::string singlePass(WinpData* in, ListForm form, const PassSpan& span)
 {
-    GrowingList list(form, listingOf(*in, event::plain).kind, requestOf(*in, "passes", span.from, span.to), *in);
+    GrowingList list(form, listingOf(*in, event::plain).kind, listRequest(*in, "passes", span.from, span.to), *in);
     Pass pass;
     if (findNextPass({in, satpos, in->prs, limitsOf(*in), event::plain}, in->aostm[in->aossel], span.to, pass) != 0)
         list.add(relativeMode(*in) ? contactRow(*in, in->prs, secondSatellite(*in), pass)
@@ -171,7 +128,7 @@ std::string singlePass(WinpData* in, ListForm form, const PassSpan& span)
 std::string steps(WinpData* in, ListForm form, const PassSpan& span, bool track)
 {
     const ListKind kind = track ? ListKind{"points", trackColumns(), ""} : ListKind{"positions", lookColumns(), ""};
-    GrowingList list(form, kind, requestOf(*in, track ? "track" : "look", span.from, span.to), *in);
+    GrowingList list(form, kind, listRequest(*in, track ? "track" : "look", span.from, span.to), *in);
     for (double t = span.from; t < span.to && tellProgress(fieldText(in->fsname[in->prs]), t); t += in->tmstep) {
         GetSatPos(t, in, satpos, in->prs, 0);
         list.add(track ? trackRow(*in, in->prs, t) : lookRow(*in, in->prs, t, in->frequ));
@@ -189,7 +146,7 @@ std::string line(WinpData* in, const PassSpan& span)
                                         ListColumn{"end", nullptr}};
     ListRow row = stepRow(*in, in->prs, span.from);
     row.emplace_back(ListTime{span.to});
-    GrowingList list(ListForm::geojson, {"points", columns, ""}, requestOf(*in, "track", span.from, span.to), *in);
+    GrowingList list(ListForm::geojson, {"points", columns, ""}, listRequest(*in, "track", span.from, span.to), *in);
     list.addItem(lineBelow(in, span.from, span.to, in->tmstep, jsonObject(columns, row)));
     return list.whole();
 }
@@ -224,7 +181,7 @@ std::string passListText(WinpData* in, ListForm form, bool thorough)
     const Listing listing = listingOf(*in, in->iridflg);
     const double from = startMjd(in);
     const double to = from + clampedSpan(in->dur);
-    GrowingList list(form, listing.kind, requestOf(*in, listing.task, from, to), *in);
+    GrowingList list(form, listing.kind, listRequest(*in, listing.task, from, to), *in);
     eachListed(in, thorough, from, to, [&](const Pass& pass, const std::optional<Event>& event) {
         list.addItem(listedItem(in, form, list, pass, event));
     });
@@ -246,7 +203,7 @@ std::optional<std::string> allPassesText(WinpData* in, ListForm form, bool thoro
     const double from = startMjd(in);
     const double to = from + clampedSpan(in->dur);
     const Listing listing = listingOf(*record, record->iridflg);
-    ListRequest request = requestOf(*record, listing.task, from, to);
+    ListRequest request = listRequest(*record, listing.task, from, to);
     request.satellites.clear();
     GrowingList list(form, listing.kind, request, *record);
     Found all;

@@ -22,6 +22,14 @@ std::string passListText(WinpData* in, ListForm form, bool thorough = false);
 /// opened.
 std::optional<std::string> allPassesText(WinpData* in, ListForm form, bool thorough = false);
 
+/// The flares of the mirrors of the element file, and of its solar panels with `irsol`, in time order; one of those of
+/// the same second. The record is that of the flare search, see `IridiumSearch`; nothing if the file cannot be opened.
+std::optional<std::string> mirrorFlaresText(WinpData* in, ListForm form);
+
+/// The satellites of the element file that fit the sighting of the record, the nearest first; nothing if the file cannot
+/// be opened, for two sightings, or for a calendar or a map, which have no place for them.
+std::optional<std::string> matchesText(WinpData* in, ListForm form);
+
 /// The steps of the pass `aossel` of the last table: places in the sky, or points below the satellite. In a calendar it
 /// is the pass itself that stands, in GeoJSON the line below the satellite.
 std::string passStepsText(WinpData* in, ListForm form, bool groundTrack);

@@ -200,13 +200,6 @@ double searchStep(const WinpData& in, int slot)
     return in.n0[slot] < slowRevPerDay && in.ecc[slot] < roundOrbitEcc ? oneMinuteDays : secondStepDays;
 }
 
-/// A whole satellite or a larger piece, by the single piece letter of its designator, in no high orbit.
-bool isBrighter(const WinpData& in, int slot)
-{
-    return in.n0[slot] >= brighterRevPerDay && in.ldsn[slot][9] == ' ' &&
-           brighterPieces.find(in.ldsn[slot][8]) != std::string_view::npos;
-}
-
 bool matches(WinpData* in, Sought& sought, int slot)
 {
     if (in->odm)
@@ -281,6 +274,12 @@ void putTally(WoutData* out, const WinpData& in, const Tally& tally)
 }
 
 }  // namespace
+
+bool isBrighter(const WinpData& in, int slot)
+{
+    return in.n0[slot] >= brighterRevPerDay && in.ldsn[slot][9] == ' ' &&
+           brighterPieces.find(in.ldsn[slot][8]) != std::string_view::npos;
+}
 
 int SatMatch(WinpData* in, WoutData* out)
 {

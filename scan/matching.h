@@ -13,6 +13,10 @@ struct WoutData;
 /// @return  1 if the element file cannot be opened, `calculationCancelled` with an empty report, else 0
 int SatMatch(WinpData* in, WoutData* out);
 
+/// Whether the satellite of a slot is a whole one or a larger piece, by the single piece letter of its designator, in no
+/// high orbit.
+bool isBrighter(const WinpData& in, int slot);
+
 /// Whether the direction of a motion tells anything: not where the search circle reaches the zenith, in which "up" has
 /// no meaning.
 ///

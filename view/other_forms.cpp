@@ -77,10 +77,17 @@ std::optional<std::string> VorlixView::tableInForm(ListForm form)
         return std::nullopt;
     WinpData record = *listedRecord;
     record.sgpsat = noSlot;
-    std::string text;
-    const bool whole = calculated([&] { text = passListText(&record, form, listedThorough); });
+    std::optional<std::string> text;
+    const bool whole = calculated([&] {
+        if (listed == Listed::mirrorFlares)
+            text = mirrorFlaresText(&record, form);
+        else if (listed == Listed::matches)
+            text = matchesText(&record, form);
+        else
+            text = passListText(&record, form, listedThorough);
+    });
     indata->sgpsat = noSlot;
-    return whole ? std::optional(text) : std::nullopt;
+    return whole ? text : std::nullopt;
 }
 
 /// Whether the report is still the table that `listedRecord` belongs to.
@@ -89,8 +96,9 @@ bool VorlixView::reportIsTable() const
     return reportText() == listedText;
 }
 
-void VorlixView::noteListed()
+void VorlixView::noteListed(Listed what)
 {
+    listed = what;
     listedRecord = std::make_unique<WinpData>(*indata);
     listedText = reportText();
     listedThorough = thorough;
@@ -104,8 +112,7 @@ bool VorlixView::vExport(const QString& name)
     if (!text && form == ListForm::csv)
         text = reportCsv();
     if (!text) {
-        inform(this, tr("Export"),
-               tr("*** This report is no table of passes: choose a name that ends in .txt or .csv"));
+        inform(this, tr("Export"), tr("*** This report has no such form: choose a name that ends in .txt or .csv"));
         return false;
     }
     const std::string why = replaceFile(path.c_str(), *text);

@@ -120,6 +120,7 @@ void VorlixView::CmIridium()
     if (result == 0)  // otherwise the file holds the flares of an earlier search
         Iriddspy(indata, outdata);
     showtxt(true);
+    noteListed(Listed::mirrorFlares);
 }
 
 void VorlixView::vMatch()
@@ -149,4 +150,5 @@ void VorlixView::listMatches()
         inform(this, tr("Find Matching Sats"), tr("*** Unable to open TLE file ***"));
     indata->txtrdy = 1;
     showtxt(true);
+    noteListed(Listed::matches);
 }

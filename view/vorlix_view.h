@@ -72,6 +72,14 @@ struct PlotScene
     MapColours colours;
 };
 
+/// What a report on show lists.
+enum class Listed
+{
+    passes,        // or events or contacts, of the prime satellite
+    mirrorFlares,  // of the whole file
+    matches        // with a sighting
+};
+
 class VorlixView final : public QScrollArea
 {
     Q_OBJECT
@@ -287,7 +295,7 @@ private:
     bool listPasses(std::string* why = nullptr);
     void saveListInForm(ListForm form);
     int listAllInForm(ListForm form, std::string& why);
-    void noteListed();
+    void noteListed(Listed what = Listed::passes);
     bool reportIsTable() const;
     std::optional<std::string> tableInForm(ListForm form);
     int listAll();
@@ -363,9 +371,10 @@ private:
     int pointedRow = -1;    // of the pass table, under the pointer
     bool rowsTold = false;  // by a tool tip, that they can be clicked
 
-    std::unique_ptr<WinpData> listedRecord;  // that the last table of passes was made with,
+    std::unique_ptr<WinpData> listedRecord;  // that the last table was made with,
     std::string listedText;                  // and its lines
     bool listedThorough = false;             // and how it was searched
+    Listed listed = Listed::passes;          // and what it lists
     bool thorough = false;                   // how lists of passes are searched
 
     // what of a plot need not be painted again by the next one

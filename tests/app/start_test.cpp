@@ -211,7 +211,7 @@ private Q_SLOTS:
         open(dataFile("vienna.cfg"));
         const QString exported = "fileExport\n| form %1; file %2\n";
         QCOMPARE(follow(exported.arg("Calendar (*.ics)", "report") + "| see; accept"),
-                 QStringList("*** This report is no table of passes: choose a name that ends in .txt or .csv"));
+                 QStringList("*** This report has no such form: choose a name that ends in .txt or .csv"));
         choose("editCopy");
         QCOMPARE(QGuiApplication::clipboard()->text().split('\n').value(0), report().value(0));
 
@@ -241,6 +241,35 @@ private Q_SLOTS:
         indata->iridflg = event::iridium;
         QVERIFY(follow("calcAllSats\n| see; accept").value(0).startsWith("*** Flares of mirrors"));
         QVERIFY(!QFile::exists(place->path("flares.csv")));
+    }
+
+    /// Each row is a line of the report.
+    void flaresAndMatchesLeaveAsRows()
+    {
+        cleanup();
+        open(dataFile("vienna.cfg"));
+        QVERIFY(QFile::copy(SOURCE_DIR "/resources/elements/iridium.txt", place->path("iridium.txt")));
+        const QString exported = "\nfileExport\n| form Comma separated (*.csv); file %1.csv\n";
+        follow("inputDate\n| date 20 12:00:00 1 5\ncalcIridium\n| magEdit = 4; okButton" + exported.arg("flares"));
+        const QStringList flares = report().filter("mag");
+        const QStringList rows = QString(place->read("flares.csv")).trimmed().split("\r\n").mid(1);
+        QVERIFY2(flares.size() > 9, qPrintable(report().join('\n')));
+        QCOMPARE(rows.size(), flares.size());
+        for (int i = 0; i < rows.size(); ++i) {
+            QVERIFY2(flares[i].contains(rows[i].section(',', 0, 0)), qPrintable(rows[i]));
+            const auto instant = QDateTime::fromString(rows[i].section(',', 4, 4), Qt::ISODateWithMs).addMSecs(500);
+            const QString clock = instant.addSecs(3600).toString("hh:mm:ss");
+            QVERIFY2(flares[i].contains(clock) || flares[i].contains(' ' + clock.mid(1)), qPrintable(rows[i]));
+        }
+
+        follow("calcMatch\n| date 20 18:00:00 1\n| raBox off; drfBox off; azEdit = 250; elEdit = 23; mxaEdit = 20;"
+               "tmEdit = 1; okButton" +
+               exported.arg("matches"));
+        const QStringList matches = report().filter("NORAD#");
+        QStringList found = QString(place->read("matches.csv")).trimmed().split("\r\n").mid(1);
+        QVERIFY(matches.size() > 1);
+        QCOMPARE(found.size(), matches.size());
+        QCOMPARE(found[0].section(',', 0, 1), QString("SEASAT 1,10967"));  // the nearest
     }
 
     void theFontSizeCommandOffersThreeSizes()
