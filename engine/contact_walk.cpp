@@ -41,8 +41,8 @@ bool ContactWalk::possible(const PassQuery& query)
 ContactWalk::ContactWalk(const PassQuery& passQuery, double sense, Pass& found)
     : WalkBase(passQuery, sense, found),
       other(secondSatellite(*passQuery.in)),
-      prime(in, scratch.get(), isat, viewOf(*in), true),
-      second(in, scratch.get(), other, viewOf(*in), false),
+      prime(in, scratch.get(), isat, viewOf(query), true),
+      second(in, scratch.get(), other, viewOf(query), false),
       bounds(*passQuery.in, passQuery.isat, other, sense)
 {}
 

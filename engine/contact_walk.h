@@ -44,7 +44,9 @@ public:
     /// Goes to the instant where the walk is, with the records of the search.
     void finish();
 
+    // There are no events in relative mode.
     bool sawGroundPoint() const { return false; }
+    void findEventPoint(double t) { now = t; }
 
 private:
     /// An instant of the pass that may be that of the greatest elevation.

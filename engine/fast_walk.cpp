@@ -12,18 +12,24 @@ constexpr double lowestElevationDeg = -90.0;
 bool FastWalk::possible(const PassQuery& query)
 {
     const WinpData& in = *query.in;
-    return in.occflg == 0 && in.flarflg == 0 && !(query.events == event::iridium && query.isat == in.prs) &&
-           !relativeSearch(query);
+    if (relativeSearch(query) || (query.events == event::iridium && query.isat == in.prs && !in.flarflg))
+        return false;
+    if (in.occflg == 0 && in.flarflg == 0)
+        return true;
+    const bool knownSurface = in.flarflg != 0 && in.flarmod > 0 && in.occflg == 0;
+    return (knownSurface || in.flarflg == 0) && !in.numflg[query.isat];
 }
 
 FastWalk::FastWalk(const PassQuery& passQuery, double sense, Pass& passFound)
     : WalkBase(passQuery, sense, passFound),
-      position(passQuery.in, passQuery.sp, passQuery.isat),
+      position(passQuery.in, passQuery.sp, passQuery.isat, viewOf(passQuery), false),
+      marks(passQuery.in, passQuery.sp, passQuery.isat, position),
       bounds(*passQuery.in, passQuery.isat, sense, passQuery.limits.satel)
 {}
 
 void FastWalk::goTo(double t)
 {
+    marks.arrive(t);
     now = t;
     found = true;
     complete = false;
@@ -34,8 +40,27 @@ void FastWalk::goTo(double t)
 /// Goes to an instant of which nothing has to be known.
 void FastWalk::passBy(double t)
 {
+    marks.arrive(t);
     now = t;
     found = complete = false;
+}
+
+void FastWalk::findEventPoint(double t)
+{
+    if (!found || t != now)
+        goTo(t);
+    if (marks.wanted())
+        marks.run();
+    else
+        position.complete();
+}
+
+void FastWalk::noteInside(double t)
+{
+    if (groundPoint || query.events == event::plain || !marks.wanted())
+        return;
+    findEventPoint(t);
+    groundPoint = sp->occlat[isat] < noGroundPoint;
 }
 
 bool FastWalk::look(double t)
@@ -53,9 +78,12 @@ double FastWalk::elevation(double t)
 void FastWalk::finish()
 {
     if (!found)
-        goTo(now);
+        position.look(now);
+    found = true;
+    if (!complete && !marks.settle())
+        position.look(now);
     if (!complete)
-        position.complete();
+        marks.completeHere();
     complete = true;
 }
 
@@ -149,6 +177,8 @@ bool FastWalk::findPass(double t, double limit)
         double stepThere = oneMinuteDays;
         if (inside ? holdsBelowBest(t) : failsAt(t, stepThere)) {
             passBy(t);
+            if (inside)
+                noteInside(t);
         } else {
             const bool holds = look(t);
             if (inside && !holds) {
@@ -157,6 +187,8 @@ bool FastWalk::findPass(double t, double limit)
             }
             if (holds)
                 noteHighest(t, inside);
+            if (holds)
+                noteInside(t);
             inside = holds;
             stepThere = step();
         }
@@ -194,6 +226,8 @@ void FastWalk::bisectEnd(int index, bool wanted)
         const bool holds = settled == Verdict::open ? look(trial) : settled == Verdict::yes;
         if (settled != Verdict::open)
             passBy(trial);
+        if (holds)
+            noteInside(trial);
         if (holds == wanted) {
             endFound = settled == Verdict::open;
             pass.tm[index] = trial;
@@ -206,10 +240,10 @@ void FastWalk::bisectEnd(int index, bool wanted)
     }
     if (endFound)
         return;
-    goTo(pass.tm[index]);
-    putEnd(index, now);
-    if (trial != now)
-        passBy(trial);
+    position.look(pass.tm[index]);
+    putEnd(index, pass.tm[index]);
+    found = pass.tm[index] == now;
+    complete = false;
 }
 
 void FastWalk::scanEnd(int index, bool wanted)

@@ -1,11 +1,12 @@
 // The search for a pass that finds no more of a position than it needs. For the engine alone.
 #pragma once
 
+#include "engine/event_marks.h"
 #include "engine/lazy_position.h"
 #include "engine/pass_bounds.h"
 #include "engine/pass_walk.h"
 
-/// The same walk at an observer, plain passes only: it goes from instant to instant as if the whole position were found
+/// The same walk at an observer: it goes from instant to instant as if the whole position were found
 /// at each. Where the bounds settle what matters, nothing is found at all; else the position, and Sun and Moon where a
 /// condition asks for them. `finish` completes the last instant, so that the records are left as by a GetSatPos at each.
 class FastWalk : public WalkBase
@@ -14,8 +15,9 @@ public:
     /// As `WalkBase`; `possible` must hold.
     FastWalk(const PassQuery& passQuery, double sense, Pass& passFound);
 
-    /// Whether nothing that GetSatPos leaves depends on any instant but the last, so that instants may be left out. An
-    /// event leaves its mark where it was seen last, and in relative mode the conditions are others.
+    /// Whether nothing that GetSatPos leaves depends on any instant but the last, or on those that `EventMarks` finds, so
+    /// that instants may be left out. In relative mode the conditions are others; the mirror loop and an unknown surface
+    /// go on from what they left before.
     static bool possible(const PassQuery& query);
 
     // As those of `PlainWalk`.
@@ -29,8 +31,11 @@ public:
     /// Completes the instant where the walk is.
     void finish();
 
-    /// The ground point of an earlier call: this walk finds none.
-    bool sawGroundPoint() const { return sp->occlat[isat] < noGroundPoint; }
+    /// Goes to an instant of an event and finds its ground point.
+    void findEventPoint(double t);
+
+    /// As that of `PlainWalk`; without events in work the ground point is that of an earlier call.
+    bool sawGroundPoint() const { return marks.wanted() ? groundPoint : sp->occlat[isat] < noGroundPoint; }
 
     // The conditions at the instant looked at.
     bool highEnough() const { return sp->el[isat] >= limits.satel; }
@@ -62,9 +67,13 @@ private:
     double sunAtObserver();
     void putEnd(int index, double t) const { put(index, t, sp->el[isat], sp->az[isat]); }
     void noteHighest(double t, bool inside);
+    /// Takes note of a ground point at an instant inside the pass, if that is asked for.
+    void noteInside(double t);
     void scanMaximum(double from, double to);
 
     LazyPosition position;
+    EventMarks marks;
+    bool groundPoint = false;
     PassBounds bounds;
     double now = 0;        // the instant where the walk is
     bool found = true;     // the position there has been found

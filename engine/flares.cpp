@@ -19,14 +19,17 @@ constexpr double nothingSeen = 100000.0;  // start value of the best distance or
 constexpr int antennas = 3;               // mirrors that the search tries one by one
 constexpr double noLatitude = 100.0;
 
+using GoTo = std::function<void(double)>;
+
 /// CkIrid on the terms of a search.
-void tryInstant(double t, const PassQuery& q, int k, int* state, double* times, double* best, double* el, double* az)
+void tryInstant(double t, const PassQuery& q, const GoTo& goTo, int k, int* state, double* times, double* best,
+                double* el, double* az)
 {
     const SatPosData* const sp = q.sp;
     const int isat = q.isat;
     if (state[k] == flareOver)
         return;
-    positionAt(t, q);
+    goTo(t);
     if (!(sp->occlat[isat] < noGroundPoint)) {
         if (state[k] == flareSeen)
             state[k] = flareOver;
@@ -47,6 +50,7 @@ void tryInstant(double t, const PassQuery& q, int k, int* state, double* times, 
 struct InstantSearch
 {
     const PassQuery& query;
+    const GoTo& goTo;
     WinpData* in = query.in;
     SatPosData* sp = query.sp;
     int isat = query.isat;
@@ -62,7 +66,7 @@ struct InstantSearch
 
 void InstantSearch::tryInto(int* states, double t, int k)
 {
-    tryInstant(t, query, k, states, times, best, el, az);
+    tryInstant(t, query, goTo, k, states, times, best, el, az);
 }
 
 struct Range
@@ -169,7 +173,7 @@ struct PointFromObserver
 PointFromObserver groundPointAt(double t, const InstantSearch& search)
 {
     const auto& [in, sp, isat] = std::tie(search.in, search.sp, search.isat);
-    positionAt(t, search.query);
+    search.goTo(t);
     return {sp->occlat[isat] < noGroundPoint, sp->occlng[isat] - in->lng, sp->occlat[isat] - in->lat, sp->mag};
 }
 
@@ -218,14 +222,14 @@ double distanceFromLine(const InstantSearch& search, double t, double best)
 
 }  // namespace
 
-int findEvent(const PassQuery& query, bool groundPoint, Pass& pass)
+int findEvent(const PassQuery& query, bool groundPoint, Pass& pass, const GoTo& goTo)
 {
     const auto& [in, sp, isat, limits, events, absolute, thorough] = query;
     auto& [tm, a, b] = pass;
     constexpr int found = 1;
     constexpr int nothing = 2;
     const bool iridium = events >= event::iridium;
-    InstantSearch search{query};
+    InstantSearch search{query, goTo};
     if (!groundPoint) {
         if (!iridium)
             return nothing;
@@ -238,7 +242,7 @@ int findEvent(const PassQuery& query, bool groundPoint, Pass& pass)
     if (iridium) {
         a[2] = sp->lat[isat];
         if (a[0] > 99.0) {
-            positionAt(search.times[0] - secondDays, query);
+            goTo(search.times[0] - secondDays);
             a[0] = sp->lat[isat];
         }
     }
@@ -269,7 +273,8 @@ void putMirrors(WinpData* in)
 int GetIrid(WinpData* in, int isat, int flag, double* tm, double* a, double* b)
 {
     Pass pass{{tm[0], tm[1], tm[2]}, {a[0], a[1], a[2]}, {b[0], b[1], b[2]}};
-    const int result = findEvent({in, satpos, isat}, flag != 0, pass);
+    const PassQuery query{in, satpos, isat};
+    const int result = findEvent(query, flag != 0, pass, [&](double t) { positionAt(t, query); });
     for (int k = 0; k < 3; ++k) {
         tm[k] = pass.tm[k];
         a[k] = pass.a[k];
@@ -280,5 +285,7 @@ int GetIrid(WinpData* in, int isat, int flag, double* tm, double* a, double* b)
 
 void CkIrid(double t, WinpData* in, int isat, int k, int* state, double* times, double* best, double* el, double* az)
 {
-    tryInstant(t, {in, satpos, isat}, k, state, times, best, el, az);
+    const PassQuery query{in, satpos, isat};
+    const auto goTo = [&](double instant) { positionAt(instant, query); };
+    tryInstant(t, query, goTo, k, state, times, best, el, az);
 }

@@ -2,6 +2,7 @@
 #pragma once
 
 #include <array>
+#include <functional>
 
 #include "engine/pass.h"
 #include "engine/pass_search.h"
@@ -52,7 +53,8 @@ int GetIrid(WinpData* in, int isat, int flag, double* tm, double* a, double* b);
 /// GetIrid on values.
 ///
 /// @param groundPoint  one was seen in the pass
-int findEvent(const PassQuery& query, bool groundPoint, Pass& pass);
+/// @param goTo         finds position and ground point at an instant, as `positionAt`
+int findEvent(const PassQuery& query, bool groundPoint, Pass& pass, const std::function<void(double)>& goTo);
 
 /// Tries time `t` for entry `k` of the search: runs GetSatPos on `satpos` and keeps time, distance or magnitude,
 /// elevation and azimuth in the entry where they are the best so far. Nothing happens to an entry that is over.

@@ -102,6 +102,32 @@ double LazyPosition::moonAtSatellite()
     return s.sp->moonel[s.isat];
 }
 
+void LazyPosition::findEventPoint()
+{
+    const WinpData& in = *s.in;
+    setEpochMatrix(s);
+    if (s.transit == 1 || (s.transit == 2 && in.sunmplt))
+        needSun();
+    if (s.transit == 2)
+        needMoon();
+    if (s.transit != 0)
+        findTransitPoint(s);
+    if (!in.flarflg)
+        return;
+    placeObserver(s);
+    sunAtSatellite();
+    findBeta(s);
+    if (moonWanted(s))
+        needMoon();
+    if (s.models.solarEclipses && s.prime)
+        findSolarEclipse(s);
+    if (s.models.moonlight)
+        moonAtSatellite();
+    if (s.models.sphereDiameter > 0 && s.prime)
+        findMagnitude(s);
+    findFlare(s);
+}
+
 void LazyPosition::complete(int vis)
 {
     const WinpData& in = *s.in;

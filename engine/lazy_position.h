@@ -43,6 +43,9 @@ public:
     /// The place below the satellite and its height; the sidereal time as well.
     void needSubSatellitePoint();
 
+    /// The ground point of a transit, an occultation or a flare, and what goes with it; no more than that takes.
+    void findEventPoint();
+
     /// Everything else of the instant.
     void complete(int vis = 0);
 

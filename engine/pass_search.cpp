@@ -81,8 +81,9 @@ int nextBy(auto&& walk, const PassQuery& q, double t0, double t1, Pass& pass)
     if (pass.tm[2] > t0 && pass.tm[2] < t1)
         walk.bisectEnd(2, false);
     if (q.events != event::plain) {
+        const int result = findEvent(q, walk.sawGroundPoint(), pass, [&](double t) { walk.findEventPoint(t); });
         walk.finish();
-        return findEvent(q, walk.sawGroundPoint(), pass);
+        return result;
     }
     refine(walk);
     return 1;
@@ -157,10 +158,16 @@ bool relativeSearch(const PassQuery& q)
     return !q.absolute && relativeMode(*q.in);
 }
 
-void positionAt(double mjd, const PassQuery& q)
+View viewOf(const PassQuery& q)
 {
     View view = viewOf(*q.in);
     view.events = q.events;
+    return view;
+}
+
+void positionAt(double mjd, const PassQuery& q)
+{
+    const View view = viewOf(q);
     if (relativeSearch(q))
         relativePosition(view, mjd, q.in, q.sp, q.isat);
     else

@@ -2,6 +2,7 @@
 #pragma once
 
 #include "engine/pass.h"
+#include "engine/site.h"
 
 #include "record/winp_data.h"
 
@@ -88,6 +89,9 @@ bool thoroughSearch(const PassQuery& query);
 
 /// Whether a search looks from the second satellite.
 bool relativeSearch(const PassQuery& query);
+
+/// How a search looks at the satellites.
+View viewOf(const PassQuery& query);
 
 /// The whole position at an instant of a search.
 void positionAt(double mjd, const PassQuery& query);

@@ -28,6 +28,9 @@ public:
     /// Whether a ground point was seen at an instant inside the pass.
     bool sawGroundPoint() const { return groundPoint; }
 
+    /// Finds the whole position at an instant of an event.
+    void findEventPoint(double t) { positionAt(t, query); }
+
     /// Nothing: the records are those of the last instant.
     void finish() const {}
 

@@ -270,6 +270,32 @@ void chooseSecond(WinpData& in, int choice, Dice& dice)
     copySlot(&in, 1, second, 0);
 }
 
+/// Every third search is for transits, occultations or flares. Some are for passes with those in work.
+void chooseEvents(WinpData& in, int choice, Dice& dice)
+{
+    if (choice % 3 != 2 || in.numflg[0])
+        return;
+    const int kind = static_cast<int>(dice.between(0.0, 6.0));
+    in.occflg = kind < 3 ? kind + 1 : 0;
+    in.flarflg = kind >= 3;
+    in.flarmod = kind == 4 ? 2 : 1;
+    in.iridflg = kind < 3 ? event::transit : kind < 5 ? event::flare : event::iridium;
+    in.flaryst = kind == 3 && choice % 2;
+    in.irsolp = kind == 5 && choice % 5 == 0;
+    in.maxdst = dice.between(0.0, 2000.0);
+    in.irmag = dice.between(-5.0, 20.0);
+    in.occra = dice.between(-180.0, 180.0);
+    in.occdec = dice.between(-90.0, 90.0);
+    in.chlen = choice % 4 ? 0.0 : 2.0;
+    in.eclflg = choice % 7 == 0;
+    in.flrmgf = choice % 8 == 0;
+    in.satel = std::min(in.satel, 30.0);
+    if (choice % 10 == 0)
+        in.iridflg = event::plain;
+    if (choice % 11 == 0)
+        in.prs = 1;  // another slot
+}
+
 void chooseConditions(WinpData& in, Dice& dice)
 {
     const auto chance = [&](double share) { return dice.between(0.0, 1.0) < share; };
@@ -301,6 +327,7 @@ TEST(Walks, LeaveTheSameBitsFastAndPlain)
         choosePropagator(in, k);
         chooseConditions(in, dice);
         chooseSecond(in, k, dice);
+        chooseEvents(in, k, dice);
         const bool forward = k % 4 != 0;
         double t = in.mjdep[0] + dice.between(-3.0, 12.0);
         const double end = t + (in.numflg[0] ? 0.1 : 0.6) * (forward ? 1.0 : -1.0);
