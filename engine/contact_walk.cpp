@@ -239,6 +239,6 @@ void ContactWalk::refineMaximum()
 
 void ContactWalk::finish()
 {
-    if (!std::isnan(now))
+    if (query.recordsRead && !std::isnan(now))
         positionAt(now, query);
 }

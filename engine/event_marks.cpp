@@ -11,13 +11,13 @@ constexpr double untouched = 1e300;  // no longitude
 
 }  // namespace
 
-EventMarks::EventMarks(WinpData* record, SatPosData* positions, int slot, LazyPosition& walkPosition)
-    : in(record), sp(positions), isat(slot), position(walkPosition)
+EventMarks::EventMarks(const PassQuery& query, LazyPosition& walkPosition)
+    : in(query.in), sp(query.sp), isat(query.isat), kept(query.recordsRead), position(walkPosition)
 {}
 
 void EventMarks::arrive(double t)
 {
-    if (!wanted())
+    if (!kept || !wanted())
         return;
     if (arrived && !known)
         visits.push_back(here);
@@ -36,7 +36,7 @@ bool EventMarks::run()
     position.findEventPoint();
     if (pointFound())
         visits.clear();
-    else
+    else if (kept)
         visits.push_back(here);
     return pointFound();
 }

@@ -4,6 +4,7 @@
 #include <vector>
 
 #include "engine/lazy_position.h"
+#include "engine/pass_search.h"
 #include "engine/satpos_data.h"
 #include "record/winp_data.h"
 
@@ -14,7 +15,7 @@ class EventMarks
 {
 public:
     /// Runs the stage by `position`, which the walk moves.
-    EventMarks(WinpData* in, SatPosData* sp, int isat, LazyPosition& position);
+    EventMarks(const PassQuery& query, LazyPosition& position);
 
     /// Whether transits, occultations or flares are in work at all.
     bool wanted() const { return in->occflg != 0 || in->flarflg != 0; }
@@ -49,6 +50,7 @@ private:
     WinpData* in;
     SatPosData* sp;
     int isat;
+    bool kept;  // the marks matter afterwards
     LazyPosition& position;
     Visit here;
     bool arrived = false;

@@ -23,7 +23,7 @@ bool FastWalk::possible(const PassQuery& query)
 FastWalk::FastWalk(const PassQuery& passQuery, double sense, Pass& passFound)
     : WalkBase(passQuery, sense, passFound),
       position(passQuery.in, passQuery.sp, passQuery.isat, viewOf(passQuery), false),
-      marks(passQuery.in, passQuery.sp, passQuery.isat, position),
+      marks(passQuery, position),
       bounds(*passQuery.in, passQuery.isat, sense, passQuery.limits.satel)
 {}
 
@@ -77,6 +77,8 @@ double FastWalk::elevation(double t)
 
 void FastWalk::finish()
 {
+    if (!query.recordsRead && !in->numflg[isat])  // a numeric orbit goes on from where it is
+        return;
     if (!found)
         position.look(now);
     found = true;

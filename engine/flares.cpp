@@ -224,7 +224,7 @@ double distanceFromLine(const InstantSearch& search, double t, double best)
 
 int findEvent(const PassQuery& query, bool groundPoint, Pass& pass, const GoTo& goTo)
 {
-    const auto& [in, sp, isat, limits, events, absolute, thorough] = query;
+    const auto& [in, sp, isat, limits, events, absolute, thorough, recordsRead] = query;
     auto& [tm, a, b] = pass;
     constexpr int found = 1;
     constexpr int nothing = 2;

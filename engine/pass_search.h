@@ -82,6 +82,7 @@ struct PassQuery
     int events = in->iridflg;  // the kind looked for
     bool absolute = false;     // as if relative mode were off
     bool thorough = false;     // plain passes at an observer: every interval, as `findNextInterval` does
+    bool recordsRead = true;   // the records matter afterwards; false where a search has its own and drops them
 };
 
 /// Whether a search goes by intervals, not by steps.

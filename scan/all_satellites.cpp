@@ -110,7 +110,7 @@ void Scan::oneByOne(Entries& entries)
 
 void Scan::shared(Entries& entries)
 {
-    const auto searchOn = [&](WinpData* own) { return entrySearch.search(own); };
+    const auto searchOn = [&](WinpData* own) { return entrySearch.search(own, false); };
     const auto takeOver = [&](const EntryLines& found, const WinpData&) { take(found); };
     shareEntries<EntryLines>(entries, in, in->prs, searchOn, takeOver);
 }

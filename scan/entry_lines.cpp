@@ -78,24 +78,24 @@ bool EntrySearch::entriesIndependent(const WinpData& in)
     return in.flarflg == 0 || in.flarmod > 0;
 }
 
-EntryLines EntrySearch::search(WinpData* in) const
+EntryLines EntrySearch::search(WinpData* in, bool recordsRead) const
 {
     EntryLines lines;
     in->irsolp = false;
-    round(in, lines);
+    round(in, recordsRead, lines);
     if (in->iridflg != event::iridium || !in->irsol)
         return lines;
     in->irsolp = true;
-    round(in, lines);
+    round(in, recordsRead, lines);
     in->irsolp = false;
     return lines;
 }
 
-void EntrySearch::round(WinpData* in, EntryLines& lines) const
+void EntrySearch::round(WinpData* in, bool recordsRead, EntryLines& lines) const
 {
     if (in->iridflg == event::iridium && in->ops && !operationalOrbit(*in, in->prs))
         return;
-    const PassQuery query{in, satpos, in->prs, limits, in->iridflg, absolute, thorough};
+    const PassQuery query{in, satpos, in->prs, limits, in->iridflg, absolute, thorough, recordsRead};
     double t = start;
     Pass pass;
     while (t <= end) {

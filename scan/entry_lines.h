@@ -30,7 +30,9 @@ public:
 
     /// All lines of the satellite in the prime slot; with solar panel flares in a second round as well. Works on
     /// `satpos`, and changes `in` as `nextpass` does; `irsolp` is off afterwards.
-    EntryLines search(WinpData* in) const;
+    ///
+    /// @param recordsRead  see `PassQuery`
+    EntryLines search(WinpData* in, bool recordsRead = true) const;
 
     /// Whether what an entry gives depends on that entry alone, so that entries may be searched in any order.
     ///
@@ -40,7 +42,7 @@ public:
 
 private:
     /// One search from start to end.
-    void round(WinpData* in, EntryLines& lines) const;
+    void round(WinpData* in, bool recordsRead, EntryLines& lines) const;
     /// Appends an event; false if the automatic width drops it.
     bool addEvent(TextWriter& line, WinpData* in, const Pass& pass) const;
     /// Ends a line with the name and keeps it.
