@@ -46,6 +46,7 @@ public:
 
     // There are no events in relative mode.
     bool sawGroundPoint() const { return false; }
+    bool eventImpossible() const { return true; }
     void findEventPoint(double t) { now = t; }
 
 private:

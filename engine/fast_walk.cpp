@@ -1,11 +1,13 @@
 #include "engine/fast_walk.h"
 
+#include "engine/ray_bounds.h"
 #include "record/progress.h"
 #include "record/text.h"
 
 namespace {
 
 constexpr double lowestElevationDeg = -90.0;
+constexpr std::size_t mostUnseen = 4096;
 
 }  // namespace
 
@@ -59,8 +61,32 @@ void FastWalk::noteInside(double t)
 {
     if (groundPoint || query.events == event::plain || !marks.wanted())
         return;
+    if (!query.recordsRead && unseen.size() < mostUnseen) {
+        unseen.push_back(t);
+        return;
+    }
     findEventPoint(t);
     groundPoint = sp->occlat[isat] < noGroundPoint;
+}
+
+bool FastWalk::sawGroundPoint()
+{
+    if (!marks.wanted())
+        return sp->occlat[isat] < noGroundPoint;
+    for (; !groundPoint && !unseen.empty(); unseen.pop_back()) {
+        findEventPoint(unseen.back());
+        groundPoint = sp->occlat[isat] < noGroundPoint;
+    }
+    return groundPoint;
+}
+
+bool FastWalk::eventImpossible()
+{
+    if (query.recordsRead || in->occflg == 0)
+        return false;
+    goTo(pass.tm[0]);
+    position.needTransitTarget();
+    return RayBounds(position.scene()).staysFar(pass.tm[2], limits.maxdst, bounds);
 }
 
 bool FastWalk::look(double t)
@@ -152,7 +178,7 @@ Verdict FastWalk::conditionsAt(double t)
 bool FastWalk::failsAt(double t, double& stepThere)
 {
     const bool stepsVary = !(limits.satel < 0.0);
-    if (stepsVary && sign > 0.0 && !(limits.sunel > highestSunDeg)) {
+    if (stepsVary && sign > 0.0 && !(limits.sunel + sunFarAboveDeg > highestSunDeg)) {
         const Verdict farAbove = bounds.sunAbove(limits.sunel + sunFarAboveDeg, t);
         stepThere = sunStepDays;
         if (farAbove != Verdict::no)

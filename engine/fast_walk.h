@@ -35,7 +35,10 @@ public:
     void findEventPoint(double t);
 
     /// As that of `PlainWalk`; without events in work the ground point is that of an earlier call.
-    bool sawGroundPoint() const { return marks.wanted() ? groundPoint : sp->occlat[isat] < noGroundPoint; }
+    bool sawGroundPoint();
+
+    /// Whether it is certain that the pass has no event, and nobody reads the records.
+    bool eventImpossible();
 
     // The conditions at the instant looked at.
     bool highEnough() const { return sp->el[isat] >= limits.satel; }
@@ -74,6 +77,7 @@ private:
     LazyPosition position;
     EventMarks marks;
     bool groundPoint = false;
+    std::vector<double> unseen;  // instants inside the pass of which it is not known whether they have a ground point
     PassBounds bounds;
     double now = 0;        // the instant where the walk is
     bool found = true;     // the position there has been found

@@ -102,14 +102,19 @@ double LazyPosition::moonAtSatellite()
     return s.sp->moonel[s.isat];
 }
 
-void LazyPosition::findEventPoint()
+void LazyPosition::needTransitTarget()
 {
-    const WinpData& in = *s.in;
     setEpochMatrix(s);
-    if (s.transit == 1 || (s.transit == 2 && in.sunmplt))
+    if (s.transit == 1 || (s.transit == 2 && s.in->sunmplt))
         needSun();
     if (s.transit == 2)
         needMoon();
+}
+
+void LazyPosition::findEventPoint()
+{
+    const WinpData& in = *s.in;
+    needTransitTarget();
     if (s.transit != 0)
         findTransitPoint(s);
     if (!in.flarflg)

@@ -43,6 +43,9 @@ public:
     /// The place below the satellite and its height; the sidereal time as well.
     void needSubSatellitePoint();
 
+    /// What `transitTarget` needs.
+    void needTransitTarget();
+
     /// The ground point of a transit, an occultation or a flare, and what goes with it; no more than that takes.
     void findEventPoint();
 

@@ -70,6 +70,8 @@ void refine(auto& walk)
     walk.finish();
 }
 
+constexpr int passWithoutEvent = 2;
+
 int nextBy(auto&& walk, const PassQuery& q, double t0, double t1, Pass& pass)
 {
     if (!walk.findPass(searchStart(q, t0, t1, 1.0), t1)) {
@@ -81,6 +83,8 @@ int nextBy(auto&& walk, const PassQuery& q, double t0, double t1, Pass& pass)
     if (pass.tm[2] > t0 && pass.tm[2] < t1)
         walk.bisectEnd(2, false);
     if (q.events != event::plain) {
+        if (walk.eventImpossible())
+            return passWithoutEvent;
         const int result = findEvent(q, walk.sawGroundPoint(), pass, [&](double t) { walk.findEventPoint(t); });
         walk.finish();
         return result;

@@ -28,6 +28,9 @@ public:
     /// Whether a ground point was seen at an instant inside the pass.
     bool sawGroundPoint() const { return groundPoint; }
 
+    /// Whether it is certain that the pass has no event.
+    bool eventImpossible() const { return false; }
+
     /// Finds the whole position at an instant of an event.
     void findEventPoint(double t) { positionAt(t, query); }
 

@@ -323,15 +323,18 @@ void findMagnitude(Scene& s)
     s.sp->mag = s.baseMagnitude;
 }
 
+Vec3 transitTarget(const Scene& s)
+{
+    if (s.transit == 3)
+        return occultationTarget(s);
+    return s.transit == 2 ? s.moon : s.sun;
+}
+
 void findTransitPoint(Scene& s)
 {
-    Vec3 target = s.sun;
-    if (s.transit == 2) {
+    if (s.transit == 2)
         findMoonAtObserver(s);
-        target = s.moon;
-    } else if (s.transit == 3) {
-        target = occultationTarget(s);
-    }
+    Vec3 target = transitTarget(s);
     Vec3 r = s.r / earthRadiusKm;
     const RayTarget kind = s.transit == 3 ? RayTarget::direction : RayTarget::body;
     findRayPoint(kind, s.view.observer, s.ut1, s.models.refraction, s.sp, s.isat, s.prime, s.eqeq, r, target);

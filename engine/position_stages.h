@@ -146,6 +146,9 @@ void findSolarEclipse(Scene& s);
 void findMagnitude(Scene& s);
 
 // Events.
+/// What a transit or an occultation is of, by occflg: Sun or Moon, Earth radii, or a direction; true equator of date.
+Vec3 transitTarget(const Scene& s);
+
 /// Gives the ground point of the line from Sun, Moon or direction through the satellite, by occflg.
 void findTransitPoint(Scene& s);
 
