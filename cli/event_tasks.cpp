@@ -55,7 +55,9 @@ void setKind(WinpData& in, const std::string& kind, const Request& request)
 std::vector<std::pair<double, ListRow>> eventsOf(WinpData& in, const Session& session)
 {
     std::vector<std::pair<double, ListRow>> rows;
-    eachEvent({&in, satpos, primeSlot, listLimits(in)}, session.from, session.to,
+    PassQuery query{&in, satpos, primeSlot, listLimits(in)};
+    query.recordsRead = false;
+    eachEvent(query, session.from, session.to,
               [&](const Event& event) { rows.emplace_back(event.mjd, eventRow(in, primeSlot, event)); });
     return rows;
 }

@@ -82,7 +82,7 @@ bool FastWalk::sawGroundPoint()
 
 bool FastWalk::eventImpossible()
 {
-    if (query.recordsRead || in->occflg == 0)
+    if (query.recordsRead || in->occflg == 0 || isat != in->prs)  // others have no distance
         return false;
     goTo(pass.tm[0]);
     position.needTransitTarget();

@@ -256,8 +256,9 @@ std::vector<Event> Predictor::events(double from, double until, const EventQuery
         Records own(*records);
         putEvents(search, panels, own.in);
         own.run([&] {
-            eachEvent({&own.in, &own.positions, slot, listLimits(own.in)}, from, end,
-                      [&](const Event& event) { found.push_back(event); });
+            PassQuery query{&own.in, &own.positions, slot, listLimits(own.in)};
+            query.recordsRead = false;
+            eachEvent(query, from, end, [&](const Event& event) { found.push_back(event); });
         });
     }
     std::stable_sort(found.begin(), found.end(), [](const Event& a, const Event& b) { return a.mjd < b.mjd; });

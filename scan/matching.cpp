@@ -8,9 +8,12 @@
 #include "elements/element_file.h"
 #include "engine/clamped_values.h"
 #include "engine/event_geometry.h"
+#include "engine/lazy_position.h"
+#include "engine/pass_bounds.h"
 #include "engine/pass_search.h"
 #include "engine/position.h"
 #include "engine/report_lines.h"
+#include "engine/sky_bounds.h"
 #include "record/files.h"
 #include "record/numbers.h"
 #include "record/progress.h"
@@ -24,8 +27,10 @@
 #include <algorithm>
 #include <cmath>
 #include <cstdio>
+#include <limits>
 #include <memory>
 #include <numbers>
+#include <optional>
 #include <string>
 #include <string_view>
 
@@ -37,6 +42,7 @@ constexpr double brighterRevPerDay = 2.5;
 constexpr std::string_view brighterPieces = "ABDE";  // not C
 constexpr double movingTargetMinutes = 2.0;          // beyond this the sky turns away under an R.A.
 constexpr int stepsPerRenewal = 60;
+constexpr unsigned stepsPerTelling = 64;  // the listener is asked so rarely
 constexpr double secondStepDays = 1.1574074074074073e-5;
 constexpr double longStepDays = 1.5e-5;  // beyond this a moving target is renewed at each step
 constexpr double slowRevPerDay = 2.0;
@@ -92,29 +98,48 @@ SkyEntry firstEntry(const WinpData& in)
     return {in.az1, in.el1, in.az1flg == 1};
 }
 
+/// A direction of the sky, radians.
+struct SkyPoint
+{
+    double azimuth, elevation;
+};
+
 /// The place of a sighting in the sky, and how a satellite may miss it.
 class Sought
 {
 public:
     explicit Sought(WinpData* record);
 
-    void firstSighting();
-    bool met(double t, int slot, double step);
+    /// A satellite comes to a slot.
+    void begin(int satelliteSlot);
+    /// Whether it fulfils at `t` what is left of the sighting, or of the two.
+    bool met(double t, double step);
+    /// Leaves the records as after the instant of the last `met`.
+    void finish();
     double from() const { return in->mjd - halfWidth; }
     double until() const { return in->mjd + halfWidth; }
     bool spanWasCut() const { return spanCut; }
 
 private:
+    void firstSighting();
     void secondSighting(double t);
     void place(double t) { toHorizontal(entry, *in, t, eqeq, azimuth, elevation); }
     void renew(double t, double step);
-    bool near(double t, int slot, double step);
+    bool settledFar(double t);
+    bool near(double t, double step);
+    SkyPoint look(double t);
     bool belowZenithLimit() const { return directionCounts(elevation, in->mxa); }
 
     WinpData* in;
     SkyEntry entry;  // the sighting under way
-    std::unique_ptr<SatPosData> position = std::make_unique<SatPosData>();
-    double halfWidth = 0.0;  // of the search, days
+    std::unique_ptr<SatPosData> found = std::make_unique<SatPosData>();
+    int slot = workSlot;
+    std::optional<LazyPosition> position;  // of the satellite; none where the whole position leaves more than itself
+    std::optional<PassBounds> bounds;
+    SkyBounds sky;
+    double farFrom = 1.0, farUntil = 0.0;  // MJD: in between the satellite is not near
+    double left = 0.0, leftStep = 0.0;     // an instant that was settled, or NaN
+    double halfWidth = 0.0;                // of the search, days
     bool spanCut = false;
     double eqeq = 0.0;
     double azimuth = 0.0, elevation = 0.0;  // radians
@@ -142,6 +167,27 @@ Sought::Sought(WinpData* record) : in(record), entry(record->odm ? firstEntry(*r
         direction -= twoPi;
 }
 
+/// Whether azimuth and elevation are all that a look at the satellite gives, and the orbit does not go on from it.
+bool directionsSuffice(const WinpData& in, int slot)
+{
+    return in.occflg == 0 && in.flarflg == 0 && in.iridflg == event::plain && !in.eclflg && !in.numflg[slot];
+}
+
+void Sought::begin(int satelliteSlot)
+{
+    slot = satelliteSlot;
+    position.reset();
+    bounds.reset();
+    farUntil = farFrom - 1.0;
+    left = std::numeric_limits<double>::quiet_NaN();
+    if (directionsSuffice(*in, slot)) {
+        position.emplace(in, found.get(), slot);
+        bounds.emplace(*in, slot, 1.0, 0.0);
+    }
+    if (in->odm)
+        firstSighting();
+}
+
 /// Before each satellite of a search with two sightings.
 void Sought::firstSighting()
 {
@@ -155,6 +201,7 @@ void Sought::secondSighting(double t)
     entry = {in->az2, in->el2, in->az2flg == 1};
     place(t);
     firstMet = true;
+    farUntil = farFrom - 1.0;
 }
 
 /// Brings a moving target to its place in the sky at `t`: it counts as right ascension and declination,
@@ -166,28 +213,61 @@ void Sought::renew(double t, double step)
     if (!moving || !due)
         return;
     toHorizontal({entry.first, entry.second, true}, *in, t, eqeq, azimuth, elevation);
+    farUntil = farFrom - 1.0;
     if (in->drf)
         useDirection = belowZenithLimit();
 }
 
-bool Sought::near(double t, int slot, double step)
+SkyPoint Sought::look(double t)
 {
-    absolutePosition(t, in, position.get(), slot);
-    const double a1 = radPerDeg * position->az[slot];
-    const double e1 = radPerDeg * position->el[slot];
-    if (!in->drf)
-        return mtchok(cosLimit, azimuth, elevation, a1, e1, direction, useDirection, a1, e1) != 0;
-    absolutePosition(t + step, in, position.get(), slot);
-    const double a2 = radPerDeg * position->az[slot];
-    const double e2 = radPerDeg * position->el[slot];
-    return mtchok(cosLimit, azimuth, elevation, a1, e1, direction, useDirection, a2, e2) != 0;
+    if (position)
+        position->look(t);
+    else
+        absolutePosition(t, in, found.get(), slot);
+    return {radPerDeg * found->az[slot], radPerDeg * found->el[slot]};
 }
 
-/// Whether the satellite fulfils at `t` what is left of the sighting, or of the two.
-bool Sought::met(double t, int slot, double step)
+/// Whether bounds tell that the satellite is not near.
+bool Sought::settledFar(double t)
+{
+    if (!position || (t >= farFrom && t <= farUntil))
+        return position.has_value();
+    const double days = sky.staysOutside(azimuth, elevation, std::acos(cosLimit), t, *bounds);
+    farFrom = t - days;
+    farUntil = t + days;
+    return days > 0.0;
+}
+
+bool Sought::near(double t, double step)
+{
+    leftStep = step;
+    left = t;
+    if (settledFar(t))
+        return false;
+    left = std::numeric_limits<double>::quiet_NaN();
+    const SkyPoint now = look(t);
+    if (position && !(bounds->reachesTo() >= t)) {
+        bounds->anchor(position->scene());
+        sky = SkyBounds(position->scene());
+    }
+    const SkyPoint then = in->drf ? look(t + step) : now;
+    return mtchok(cosLimit, azimuth, elevation, now.azimuth, now.elevation, direction, useDirection, then.azimuth,
+                  then.elevation) != 0;
+}
+
+void Sought::finish()
+{
+    if (std::isnan(left))
+        return;
+    absolutePosition(left, in, found.get(), slot);
+    if (in->drf)
+        absolutePosition(left + leftStep, in, found.get(), slot);
+}
+
+bool Sought::met(double t, double step)
 {
     renew(t, step);
-    if (!near(t, slot, step))
+    if (!near(t, step))
         return false;
     if (!in->odm || firstMet)
         return true;
@@ -202,20 +282,24 @@ double searchStep(const WinpData& in, int slot)
 
 bool matches(WinpData* in, Sought& sought, int slot)
 {
-    if (in->odm)
-        sought.firstSighting();
+    sought.begin(slot);
     Pass pass;
     if (findNextPass({in, satpos, slot, limitsOf(*in), in->iridflg, true}, sought.from(), sought.until(), pass) == 0)
         return false;
     if (in->vis && !isBrighter(*in, slot))
         return false;
     const double step = searchStep(*in, slot);
-    for (double t = pass.tm[0]; t <= pass.tm[2] && tellProgress(fieldText(in->fsname[slot]), t); t += step) {
-        if (sought.met(t, slot, step))
+    unsigned steps = 0;
+    const auto told = [&](double t) {
+        return steps++ % stepsPerTelling != 0 || tellProgress(fieldText(in->fsname[slot]), t);
+    };
+    for (double t = pass.tm[0]; t <= pass.tm[2] && told(t); t += step) {
+        if (sought.met(t, step))
             return true;
         if (!(t + step > t))
             break;
     }
+    sought.finish();
     return false;
 }
 
