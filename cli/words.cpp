@@ -40,7 +40,7 @@ constexpr std::array tasks{
     TaskWords{Task::match, "match", "", "satellites that fit a sighting", listForms,
      {"match --at 2018-01-20T17:06:30Z --azel 205,38 --radius 5",
       "match --at now --radec 68.98,16.51 --direction 90 --window 2"}},
-    TaskWords{Task::convert, "convert", "", "element sets in another form",
+    TaskWords{Task::convert, "convert", "", "element sets in another form, every one as its file has it",
      "tle csv json xml kvn",
      {"convert --elements visual.txt --format json --output visual.json",
       "convert --elements - --satellite ISS --format kvn"}},

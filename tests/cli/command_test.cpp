@@ -9,6 +9,7 @@
 
 #include "cli/sorter.h"
 #include "cli/times.h"
+#include "record/config.h"
 #include "record/text.h"
 #include "record/wout_data.h"
 #include "scan/all_satellites.h"
@@ -224,6 +225,40 @@ TEST_F(Command, ReadsStandardInputAndWritesFiles)
     EXPECT_EQ(ScratchDir::read("old.csv"), "old") << "a file is lost for nothing";
     EXPECT_EQ(runEvening({"passes", "--output", "old.csv", "--format", "csv"}).status, 0);
     EXPECT_EQ(passesOf(ScratchDir::read("old.csv")).size(), passesOf(typed.out).size());
+}
+
+/// A configuration with an element file beside it, asked from another folder.
+TEST(Configuration, IsTakenWhereNoOptionStandsAndLeftAsItIs)
+{
+    const ScratchDir here;
+    const std::string elements = ScratchDir::read(SOURCE_DIR "/resources/elements/iridium.txt");
+    ScratchDir::write("mine.txt", elements);
+    WinpData in;
+    setDefaults(&in);
+    setFields(in, "visflg=1 satel=40 sunel=-12 dur=3 lat=-33.9 lng=18.4 height=20");
+    assignField(in.geoname, "Cape");
+    assignField(in.tlename, "mine.txt");
+    ASSERT_EQ(putcfg(&in), "");
+    const std::string saved = ScratchDir::read("vorlix.cfg");
+    const QString home = QDir::currentPath();
+    QDir().mkdir("away");
+    QDir::setCurrent("away");
+    const auto answerOf = [&](const std::string& line) {
+        return runWords(wordsOfLine(line + " --clock 2018-01-20T12:00Z --format csv"), home).out;
+    };
+    const std::string site = " --no-config --elements ../mine.txt --site -33.9,18.4,20";
+    const std::string passes = answerOf("passes");
+    EXPECT_GT(linesOf(passes).size(), 3);
+    EXPECT_EQ(passes, answerOf("passes --visible --min-elevation 40 --max-sun -12 --days 3" + site));
+    EXPECT_EQ(answerOf("passes --min-elevation 10"),
+              answerOf("passes --visible --min-elevation 10 --max-sun -12 --days 3" + site));
+    EXPECT_EQ(runWords({"convert"}, home).out, elements) << "an entry is filtered or changed";
+    EXPECT_EQ(ScratchDir::read("../vorlix.cfg"), saved);
+
+    ScratchDir::write("../vorlix.cfg", "damaged\n");
+    const CommandRun damaged = runWords({"passes", "--elements", "../mine.txt"}, home);
+    EXPECT_EQ(damaged.status, 2);
+    EXPECT_NE(damaged.err.find("the saved configuration is damaged and is not used"), std::string::npos);
 }
 
 TEST(Sorter, GivesTextsByTimeFromMemoryAndFiles)
