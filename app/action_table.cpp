@@ -258,6 +258,12 @@ std::span<const VorlixApp::ActionRow> VorlixApp::actionRows()
                  "here as well."),
             &App::slotSettSysConf, nullptr},
 
+        ActionRow{&App::viewReadable, "viewReadable", TEXT("Readable &Colours"), "", "",
+            TEXT("Colours in which every text stands out from its ground."),
+            TEXT("Readable Colours\n\nShows maps, skies, pictures and their legend in a second set of colours. Every "
+                 "text stands out from its ground, the night lets the map of the Earth through, the region that sees "
+                 "a satellite is filled, and the sky has rings of altitude and the lines of the constellations."),
+            nullptr, &App::slotViewReadable},
         ActionRow{&App::settThorough, "settThorough", TEXT("&Thorough Search"), "", "",
             TEXT("Lists of passes leave nothing out."),
             TEXT("Thorough Search\n\nLists of passes hold every time in which a satellite can be seen, however short, "

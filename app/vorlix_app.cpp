@@ -86,6 +86,7 @@ VorlixApp::VorlixApp()
     slotViewStatusBar(false);
     slotViewLeft(view->getLeft());
     viewLeft->setChecked(view->getLeft());
+    viewReadable->setChecked(openFurtherSettings().value(readableKey).toBool());
     settThorough->setChecked(openFurtherSettings().value(thoroughKey).toBool());
 
     TLEname = view->getTLEname();
@@ -173,11 +174,11 @@ void VorlixApp::initMenuBar()
     plotMenu = makeMenu("plotMenu", tr("&Plot"),
                         {plotRT, plotDelta, plotCurrent, nullptr, plotNext, plotLast, nullptr, plotForward,
                          plotBackward, nullptr, plotFollow});
-    viewMenu =
-        makeMenu("viewMenu", tr("&View"),
-                 {viewRefresh, viewSwitch,     nullptr,    viewMap,        viewText, viewNames,    viewPicture,
-                  nullptr,     viewVisibility, viewStep,   viewMagnitude,  nullptr,  viewFontSize, viewLeft,
-                  nullptr,     viewSize25,     viewSize50, viewNormalSize, nullptr,  viewToolBar,  viewStatusBar});
+    viewMenu = makeMenu("viewMenu", tr("&View"),
+                        {viewRefresh,  viewSwitch,  nullptr,        viewMap,    viewText,      viewNames,
+                         viewPicture,  nullptr,     viewVisibility, viewStep,   viewMagnitude, nullptr,
+                         viewFontSize, viewLeft,    nullptr,        viewSize25, viewSize50,    viewNormalSize,
+                         nullptr,      viewToolBar, viewStatusBar,  nullptr,    viewReadable});
     settMenu = makeMenu("settMenu", tr("&Settings"), {settSysConf, settThorough});
     editMenu = makeMenu("editMenu", tr("&Edit"), {editCopy});
     helpMenu = makeMenu("helpMenu", tr("&Help"), {helpAbout, helpAboutQt, nullptr, helpQuick, nullptr, whatsThis});

@@ -27,6 +27,8 @@ extern int picsize;      // reduction of the picture: 0 full, 2 half, 3 quarter
 
 /// In vorlix.ini: whether lists of passes leave nothing out.
 constexpr char thoroughKey[] = "search/thorough";
+/// Whether the second set of colours is chosen.
+constexpr char readableKey[] = "view/readableColours";
 
 class VorlixApp : public QMainWindow
 {
@@ -88,6 +90,7 @@ public Q_SLOTS:
     void slotViewMap();
     void slotViewText();
     void slotViewNames(bool on);
+    void slotViewReadable(bool on);
     void slotViewPicture(bool on);
     void slotViewVisibility();
     void slotViewStep();
@@ -223,6 +226,7 @@ private:
     QAction* viewNormalSize = nullptr;
     QAction* viewToolBar = nullptr;
     QAction* viewStatusBar = nullptr;
+    QAction* viewReadable = nullptr;
     QAction* settSysConf = nullptr;
     QAction* settThorough = nullptr;
     QAction* helpAbout = nullptr;

@@ -12,15 +12,18 @@ struct BodyColours
     QColor sun, sunCore, moon, mercury, venus, mars, jupiter, saturn;
 };
 
-/// The colours of one drawing. A text stands on one of the grounds named here.
+/// The colours of one drawing.
 struct MapColours
 {
+    /// Texts on a map stand on plates, and there are more of them: degrees, azimuths, rings of altitude, lines of
+    /// constellations, the name of a disk; areas from which a satellite is seen are filled.
+    bool readable = false;
     QColor ground;  // of map, sky and disk
     QColor night;
     QColor contrast;  // what stands out best from the ground
     QColor grid, strongLine, coast;
     QColor observer;
-    QColor plate;  // behind the names of the legend
+    QColor plate;  // behind the names of the legend, and behind texts on a readable map
     std::array<QColor, maxSatellites> satellites;
     QColor sunRays, sunCore;  // of the symbol of the Sun
 
@@ -30,6 +33,10 @@ struct MapColours
 
     QColor darkLimb;  // of the Moon
     QColor northMark;
+
+    QColor labels;      // of degrees, rings and disks
+    QColor figures;     // lines of the constellations
+    int footprint = 0;  // opacity of an area in the colour of its satellite, of 255
 
     QColor legend;      // ground of it
     QColor text;        // on it,
@@ -43,3 +50,12 @@ struct MapColours
 
 /// For the background `mgrey` of the record: 0 white, 1 grey, otherwise black.
 MapColours coloursOf(int mgrey);
+
+/// The set in which each text has a contrast of 4.5 to 1 and more.
+MapColours readableColoursOf(int mgrey);
+
+/// The same over the picture of the Earth, and over a photograph.
+MapColours readableColoursOnPicture();
+
+/// The contrast of two opaque colours, 1 to 21 (WCAG 2.1).
+double contrast(const QColor& a, const QColor& b);

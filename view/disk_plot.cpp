@@ -9,7 +9,9 @@
 #include "astro/angles.h"
 #include "engine/satpos_data.h"
 #include "view/disk_geometry.h"
+#include "view/marks.h"
 #include "view/painting.h"
+#include "view/pixel.h"
 
 namespace {
 
@@ -62,6 +64,21 @@ void drawNorth(QPainter& painter, const DiskFrame& disk, double radius, const Ho
     painter.drawText(end, VorlixView::tr("N"));
 }
 
+/// Which body it is, and how long a tenth of a degree.
+void drawDiskName(QPainter& painter, const DiskFrame& disk, bool moon, const MapColours& colours)
+{
+    constexpr QPoint left(20, 340);
+    constexpr int end = 4;  // of the scale, up and down
+    const QPoint right = left + QPoint(nearestPixel(0.1 * disk.xscale), 0);
+    painter.setFont(nameFont());
+    painter.setPen(colours.labels);
+    drawAll(painter, {QLine(left, right), QLine(left - QPoint(0, end), left + QPoint(0, end)),
+                      QLine(right - QPoint(0, end), right + QPoint(0, end))});
+    const QPoint above = left - QPoint(0, 2 * end);
+    painter.drawText(above, QStringLiteral("0.1\u00b0"));
+    painter.drawText(QPoint(left.x(), 20), moon ? VorlixView::tr("Moon") : VorlixView::tr("Sun"));
+}
+
 }  // namespace
 
 DiskFrame VorlixView::diskFrame() const
@@ -82,6 +99,8 @@ void VorlixView::PltSunM(QPainter& painter)
         const std::vector<QPoint> limb = limbPoints(disk, radius, 0.0);
         joinAll(painter, limb, limb.size());
     }
+    if (c.readable)
+        drawDiskName(painter, disk, moon, c);
     if (indata->satn >= 1 && indata->mgrid >= 1)
         drawNorth(painter, disk, radius, moon ? moonOf(*satps) : sunOf(*satps), c.northMark);
 }

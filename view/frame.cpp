@@ -11,6 +11,7 @@
 #include "elements/kept_selection.h"
 #include "engine/position.h"
 #include "record/config.h"
+#include "record/keep.h"
 #include "record/text.h"
 #include "record/wout_data.h"
 #include "reports/welcome.h"
@@ -50,9 +51,16 @@ VorlixView::VorlixView(QWidget* parent) : QScrollArea(parent)
     vText();
 }
 
+bool VorlixView::physicalWanted() const
+{
+    return indata->phwm && !indata->skymap && indata->mapprj == 3 && !diskWanted();
+}
+
 MapColours VorlixView::colours() const
 {
-    return coloursOf(indata->mgrey);
+    if (!readable)
+        return coloursOf(indata->mgrey);
+    return physicalWanted() ? readableColoursOnPicture() : readableColoursOf(indata->mgrey);
 }
 
 void VorlixView::makePixmaps()
@@ -204,7 +212,7 @@ void VorlixView::drawBackground()
     const bool disk = diskWanted();
     chooseScales(disk);
     QPainter painter(&mapPix);
-    if (indata->phwm && !indata->skymap && indata->mapprj == 3 && !disk)
+    if (physicalWanted())
         drawPhysicalMap(painter);
     painter.drawPixmap(0, legendTop, legendPix);
     if (disk) {
@@ -305,6 +313,20 @@ void VorlixView::vNames(bool on)
 void VorlixView::vLeft(bool on)
 {
     indata->leftbtn = on;
+}
+
+void VorlixView::vReadable(bool on)
+{
+    const Keep what(dsplmd);
+    readable = on;
+    legendPix.fill(colours().legend);
+    if (indata->dspmd == 1) {
+        vRefreshP();
+        return;
+    }
+    drawBackground();
+    copyMapToDisplay();
+    stale.addAll();
 }
 
 void VorlixView::vPicSwitch(bool on)

@@ -73,6 +73,21 @@ void paintFigure(QPainter& painter, const Mark& mark)
     painter.drawPoint(mark.at);
 }
 
+void paintAreas(QPainter& painter, const Marks& marks)
+{
+    if (marks.opacity == 0)
+        return;
+    painter.save();
+    painter.setClipPath(marks.field, Qt::IntersectClip);
+    for (const Mark& mark : marks.satellites) {
+        QColor shade = mark.colour;
+        shade.setAlpha(marks.opacity);
+        painter.fillPath(mark.area, shade);
+    }
+    painter.restore();
+    writeLabels(painter, marks.labels, marks.labelColour, marks.plate.value_or(Qt::black));
+}
+
 void paintSun(QPainter& painter, const SunMark& sun)
 {
     static constexpr std::array<QPoint, 16> rays{QPoint{-2, -2}, {-2, 0}, {-2, 2}, {-1, -1}, {-1, 0}, {-1, 1},
@@ -143,8 +158,15 @@ void addChanges(ChangedTiles& changed, const Marks& before, const Marks& after)
 void paint(QPainter& painter, const Marks& marks)
 {
     painter.setFont(nameFont());
+    paintAreas(painter, marks);
+    if (marks.plate) {
+        painter.setBackground(*marks.plate);
+        painter.setBackgroundMode(Qt::OpaqueMode);
+    }
     for (const Mark& mark : marks.satellites) {
         painter.setPen(mark.colour);
+        if (marks.plate && mark.figure != Mark::Figure::none)
+            painter.fillRect(QRect(mark.at, mark.at).adjusted(-3, -3, 3, 3), *marks.plate);
         paintFigure(painter, mark);
         painter.drawPoints(mark.circle.data(), static_cast<int>(mark.circle.size()));
         if (!mark.name.isEmpty())

@@ -9,9 +9,12 @@
 
 #include <QColor>
 #include <QFont>
+#include <QPainterPath>
 #include <QPoint>
 #include <QRect>
 #include <QString>
+
+#include "view/map_labels.h"
 
 class ChangedTiles;
 class QFontMetrics;
@@ -38,6 +41,7 @@ struct Mark
     QString name;                // empty for none
     QRect nameBox;               // around the name, about its origin; filled by `measure`
     std::vector<QPoint> circle;  // of visibility
+    QPainterPath area;           // inside of it, to be filled
 
     QPoint nameOrigin() const;
 };
@@ -56,6 +60,11 @@ struct Marks
 {
     std::vector<Mark> satellites;
     std::optional<SunMark> sun;
+    std::optional<QColor> plate;   // behind markers and names
+    QPainterPath field;            // of the areas
+    int opacity = 0;               // of the areas, of 255
+    std::vector<MapLabel> labels;  // over the areas
+    QColor labelColour;
 };
 
 /// The font of what is written on a map, a sky or a picture beside its legend.

@@ -61,6 +61,13 @@ void forgetStars(WinpData* in)
     std::fill_n(in->astdec, astrometry::lastStar, 0.0);
 }
 
+/// What is written after it, if the colours are readable.
+void putOnPlates(QPainter& painter, const MapColours& colours)
+{
+    painter.setBackground(colours.plate);
+    painter.setBackgroundMode(colours.readable ? Qt::OpaqueMode : Qt::TransparentMode);
+}
+
 void drawAngles(QPainter& painter, const QPoint& origin, double ra, double dec)
 {
     painter.drawText(origin + QPoint(firstAngleX, 0), withAngle("R.A.:", fourDigits, packedHours, ra));
@@ -199,6 +206,7 @@ void VorlixView::markTrailPoint(int x, int y)
     QPainter painter(&picDsp);
     painter.drawPixmap(0, 0, picBase);
     painter.setFont(legendFont(in));
+    putOnPlates(painter, readable ? readableColoursOnPicture() : colours());
     painter.setPen(colours().photoPoint);
     drawAngles(painter, textOrigin(painter), ra, dec);
 }
@@ -235,6 +243,7 @@ void VorlixView::drawPictureTexts(QPainter& painter, const PlotScene& scene) con
     const int prime = std::clamp(in.prs, 0, maxSatellites - 1);
     painter.setFont(legendFont(in));
     const QPoint origin = textOrigin(painter);
+    putOnPlates(painter, scene.colours);
     painter.setPen(scene.colours.photoText);
     painter.drawText(origin + QPoint(timeX, 0), timeText(scene, in.tmstep));
     if (in.flarflg && in.flarmod == -1) {

@@ -7,7 +7,9 @@
 
 #include <QPainter>
 
+#include "astro/angles.h"
 #include "engine/satpos_data.h"
+#include "view/footprint.h"
 #include "view/legend_text.h"
 #include "view/marks.h"
 #include "view/painting.h"
@@ -45,6 +47,13 @@ QPoint VorlixView::markerOf(int slot, bool disk) const
 Marks VorlixView::marksOf(const PlotScene& scene)
 {
     Marks now;
+    if (scene.colours.readable) {
+        now.plate = scene.colours.plate;
+        now.opacity = scene.colours.footprint;
+        now.field = fieldOf(mapFrame());
+        now.labels = labelsOfGrid();
+        now.labelColour = scene.colours.labels;
+    }
     for (int slot = 0; slot < indata->satn; ++slot)
         now.satellites.push_back(markOf(slot, scene));
     if (indata->satn != 0 && !scene.disk && !indata->skymap)
@@ -70,7 +79,18 @@ Mark VorlixView::markOf(int slot, const PlotScene& scene)
         mark.name = shownName(*indata, slot).trimmed();
     if (scene.circles && !indata->occflg && !indata->flarflg && !indata->skymap)
         mark.circle = circleOf(slot);
+    if (scene.colours.readable && !mark.circle.empty())
+        mark.area = areaOf(slot);
     return mark;
+}
+
+/// The region that sees the satellite.
+QPainterPath VorlixView::areaOf(int slot) const
+{
+    std::vector<GeoPlace> edge;
+    for (int j = 0; j < std::clamp(satps->nvis, 0, circlePoints); ++j)
+        edge.push_back({satps->vlat[slot][j] * degPerRad, satps->vlng[slot][j] * degPerRad});
+    return footprint(mapFrame(), edge, {satps->lat[slot], satps->lng[slot]});
 }
 
 /// The edge of the region that sees the satellite.
@@ -91,7 +111,7 @@ void VorlixView::showMarks(const PlotScene& scene)
     Marks now = marksOf(scene);
     measure(now, marks, &dspPix);
     addChanges(stale, marks, now);
-    if (!ChangedTiles::fit(scale))
+    if (!ChangedTiles::fit(scale) || scene.colours.readable)
         stale.addAll();
     unseen = stale.region();
     stale.clear();

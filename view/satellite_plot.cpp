@@ -133,7 +133,7 @@ PlotScene VorlixView::sceneOf(double t, int circles) const
     scene.relative = indata->skymap == 0 && relativeMode(*indata);
     scene.disk = diskWanted();
     caldat(t + indata->tzone / 24.0, scene.day, scene.month, scene.year, scene.hours);
-    scene.colours = colours();
+    scene.colours = readable && indata->picflg ? readableColoursOnPicture() : colours();
     return scene;
 }
 

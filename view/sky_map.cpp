@@ -3,6 +3,8 @@
 #include "view/vorlix_view.h"
 
 #include <array>
+#include <cstdlib>
+#include <optional>
 
 #include <QPainter>
 
@@ -13,6 +15,8 @@
 #include "astro/sun_moon.h"
 #include "engine/clamped_values.h"
 #include "record/clock.h"
+#include "view/constellation_data.h"
+#include "view/map_labels.h"
 #include "view/marks.h"
 #include "view/painting.h"
 #include "view/sky_geometry.h"
@@ -99,6 +103,36 @@ void drawStars(QPainter& painter, const SkyFrame& sky, const SkyView& view, cons
         if (p.x() <= lastColumn)
             drawStar(painter, p, brightStars[i].mag, colours);
     }
+}
+
+/// The lines of the constellations between points that are both on the map.
+void drawFigures(QPainter& painter, const SkyFrame& sky, const SkyView& view)
+{
+    constexpr int edgeJumpPixels = 200;  // a longer line crosses the edge of the sky
+    const Mat3 precession = pmatequ(0.0, julcent(view.mjd));
+    const double limit = skyLimit(sky);
+    std::optional<QPoint> pen;
+    for (const FigurePoint& point : figurePoints) {
+        if (point.ra == figurePenUp.ra) {
+            pen.reset();
+            continue;
+        }
+        const Vec3 r = polcar({1.0, point.ra / 100.0 * radPerDeg, point.dec / 100.0 * radPerDeg});
+        const Horizontal place = view.direction(mxvct(precession, r));
+        const QPoint p = pixelTowards(sky, place);
+        const bool shown = place.el > limit && p.x() <= lastColumn && p.y() < legendTop;
+        if (pen && shown && std::abs(p.x() - pen->x()) < edgeJumpPixels)
+            painter.drawLine(*pen, p);
+        pen = shown ? std::optional(p) : std::nullopt;
+    }
+}
+
+void drawReadableLines(QPainter& painter, const SkyFrame& sky, const SkyView& view, const MapColours& colours)
+{
+    painter.setPen(colours.grid);
+    drawAll(painter, altitudeRings(sky));
+    painter.setPen(colours.figures);
+    drawFigures(painter, sky, view);
 }
 
 void drawCompass(QPainter& painter, const SkyFrame& sky)
@@ -213,8 +247,12 @@ void VorlixView::PltSky(QPainter& painter)
     const SkyFrame sky = skyFrame();
     const SkyView view(indata->mjd);
     const MapColours c = colours();
-    drawStars(painter, sky, view, c);
     painter.setFont(nameFont());
+    if (c.readable) {
+        drawReadableLines(painter, sky, view, c);
+        writeLabels(painter, skyLabels(sky), c.labels, c.plate);
+    }
+    drawStars(painter, sky, view, c);
     if (sky.zenith()) {
         painter.setPen(c.horizon);
         drawAll(painter, horizonLines(sky));

@@ -113,6 +113,8 @@ public:
     /// Names beside the markers; replots unless a real-time plot runs.
     void vNames(bool on);
     void vLeft(bool on);
+    /// The second set of colours, with what it adds to a map. Plots again if a map with satellites is on show.
+    void vReadable(bool on);
 
     /// Whether lists of passes hold every interval, see `findNextInterval`.
     void vThorough(bool on) { thorough = on; }
@@ -265,6 +267,7 @@ protected:
 
 private:
     // frame
+    bool physicalWanted() const;
     MapColours colours() const;
     void makePixmaps();
     void takeScale();
@@ -324,6 +327,7 @@ private:
     Mark markOf(int slot, const PlotScene& scene);
     QPoint markerOf(int slot, bool disk) const;
     std::vector<QPoint> circleOf(int slot) const;
+    QPainterPath areaOf(int slot) const;
 
     // the drawing as the geometry sees it: record and scales
     MapFrame mapFrame() const;
@@ -334,6 +338,7 @@ private:
     void drawNight(QPainter& painter);
     void drawGrid(QPainter& painter);
     void drawObserver(QPainter& painter);
+    std::vector<MapLabel> labelsOfGrid() const;
 
     // picture
     void tellNextClick();
@@ -345,8 +350,9 @@ private:
     void drawPictureTexts(QPainter& painter, const PlotScene& scene) const;
     void drawPictureMarkers(QPainter& painter, const PlotScene& scene);
 
-    double scale = 1;  // of the screen: pixels of it along one of the pictures, as they were made
-    int cenx = 0;      // pixel of the map centre
+    bool readable = false;  // the second set of colours
+    double scale = 1;       // of the screen: pixels of it along one of the pictures, as they were made
+    int cenx = 0;           // pixel of the map centre
     int ceny = 0;
     double xscale = 0;  // scale of the current map
     double yscale = 0;

@@ -9,6 +9,8 @@
 #include <QPainter>
 
 #include "view/map_geometry.h"
+#include "view/map_labels.h"
+#include "view/marks.h"
 #include "view/painting.h"
 
 namespace {
@@ -33,7 +35,7 @@ QImage nightImage(const MapFrame& map, double mjd, const QColor& colour)
     QImage image(721, legendTop, QImage::Format_ARGB32_Premultiplied);
     image.fill(Qt::transparent);
     auto* const pixels = reinterpret_cast<QRgb*>(image.bits());
-    const auto put = [pixels, bounds = image.rect(), night = colour.rgb()](int x, int y) {
+    const auto put = [pixels, bounds = image.rect(), night = qPremultiply(colour.rgba())](int x, int y) {
         if (bounds.contains(x, y))
             pixels[y * bounds.width() + x] = night;  // rows of four-byte pixels lie without gaps
     };
@@ -87,6 +89,15 @@ void VorlixView::PlotWorld(QPainter& painter)
     if (!physical || indata->mpnight)
         MapLand(painter);
     drawObserver(painter);
+    painter.setFont(nameFont());
+    writeLabels(painter, labelsOfGrid(), colours().labels, colours().plate);
+}
+
+/// Degrees beside the lines of a readable map.
+std::vector<MapLabel> VorlixView::labelsOfGrid() const
+{
+    const bool grid = !indata->skymap && !diskWanted() && indata->mgrid != 0;
+    return readable && grid ? gridLabels(mapFrame()) : std::vector<MapLabel>();
 }
 
 void VorlixView::drawNight(QPainter& painter)

@@ -47,13 +47,15 @@ private Q_SLOTS:
         QVERIFY(action("viewLeft")->isChecked());
     }
 
-    void aThoroughSearchIsRemembered()
+    void switchesAreRemembered()
     {
-        start();
-        QVERIFY(!action("settThorough")->isChecked());
-        action("settThorough")->trigger();
-        start();
-        QVERIFY(action("settThorough")->isChecked());
+        for (const char* name : {"settThorough", "viewReadable"}) {
+            start();
+            QVERIFY(!action(name)->isChecked());
+            action(name)->trigger();
+            start();
+            QVERIFY(action(name)->isChecked());
+        }
     }
 
     void theMarksOfTheBarsTellTheirState()
