@@ -264,6 +264,24 @@ std::span<const VorlixApp::ActionRow> VorlixApp::actionRows()
                  "text stands out from its ground, the night lets the map of the Earth through, the region that sees "
                  "a satellite is filled, and the sky has rings of altitude and the lines of the constellations."),
             nullptr, &App::slotViewReadable},
+        ActionRow{&App::viewLarger, "viewLarger", TEXT("Lar&ger"), "Ctrl++", "",
+            TEXT("Draws texts, maps and pictures larger."),
+            TEXT("Larger\n\nDraws texts, maps and pictures larger, in steps of 100, 125, 150, 200, 250 and 300 percent. "
+                 "They are drawn anew for each size. The size is kept for the next time."),
+            &App::slotViewLarger, nullptr},
+        ActionRow{&App::viewSmaller, "viewSmaller", TEXT("Small&er"), "Ctrl+-", "",
+            TEXT("Draws texts, maps and pictures smaller."),
+            TEXT("Smaller\n\nGoes one step of size back, down to 100 percent."),
+            &App::slotViewSmaller, nullptr},
+        ActionRow{&App::viewOriginalSize, "viewOriginalSize", TEXT("&Original Size"), "Ctrl+0", "",
+            TEXT("Draws texts, maps and pictures at 100 percent."),
+            TEXT("Original Size\n\nDraws texts, maps and pictures at 100 percent, the size they have at first."),
+            &App::slotViewOriginalSize, nullptr},
+        ActionRow{&App::viewFit, "viewFit", TEXT("&Fit to Window"), "", "",
+            TEXT("Draws maps as large as the window."),
+            TEXT("Fit to Window\n\nDraws maps, and all else at the same scale, as large as the window holds them, and "
+                 "follows its size. Maps are not drawn smaller than at 100 percent, nor larger than at 300 percent."),
+            nullptr, &App::slotViewFit},
         ActionRow{&App::settThorough, "settThorough", TEXT("&Thorough Search"), "", "",
             TEXT("Lists of passes leave nothing out."),
             TEXT("Thorough Search\n\nLists of passes hold every time in which a satellite can be seen, however short, "

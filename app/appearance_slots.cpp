@@ -2,8 +2,27 @@
 
 #include "app/vorlix_app.h"
 
+#include <algorithm>
+#include <array>
+#include <cmath>
+
+#include <QAction>
+#include <QEvent>
+#include <QScrollArea>
+
 #include "record/further_settings.h"
 #include "view/vorlix_view.h"
+
+namespace {
+
+constexpr std::array steps{1.0, 1.25, 1.5, 2.0, 2.5, 3.0};
+
+int percent(double factor)
+{
+    return static_cast<int>(std::lround(100.0 * factor));
+}
+
+}  // namespace
 
 void VorlixApp::slotViewReadable(bool on)
 {
@@ -11,4 +30,66 @@ void VorlixApp::slotViewReadable(bool on)
     view->vReadable(on);
     openFurtherSettings().setValue(readableKey, on);
     showStatus(tr("Ready."));
+}
+
+void VorlixApp::slotViewLarger()
+{
+    const auto* const next = std::ranges::upper_bound(steps, view->zoomFactor());
+    chooseSize(next == steps.end() ? steps.back() : *next);
+}
+
+void VorlixApp::slotViewSmaller()
+{
+    const auto* const here = std::ranges::lower_bound(steps, view->zoomFactor());
+    chooseSize(here == steps.begin() ? steps.front() : *std::prev(here));
+}
+
+void VorlixApp::slotViewOriginalSize()
+{
+    chooseSize(steps.front());
+}
+
+void VorlixApp::slotViewFit(bool on)
+{
+    showStatus(tr("Change the size."));
+    openFurtherSettings().setValue(fitKey, on);
+    if (on)
+        fitToWindow();
+    else
+        view->vZoom(openFurtherSettings().value(zoomKey, percent(steps.front())).toInt() / 100.0);
+    tellSize();
+}
+
+/// One of the steps, which ends a size that follows the window.
+void VorlixApp::chooseSize(double factor)
+{
+    showStatus(tr("Change the size."));
+    openFurtherSettings().setValue(zoomKey, percent(factor));
+    viewFit->setChecked(false);
+    view->vZoom(factor);
+    tellSize();
+}
+
+void VorlixApp::tellSize()
+{
+    showStatus(tr("Size: %1 %").arg(percent(view->zoomFactor())));
+}
+
+void VorlixApp::restoreSize()
+{
+    if (const int kept = openFurtherSettings().value(zoomKey).toInt(); kept > percent(steps.front()))
+        view->vZoom(kept / 100.0);
+    viewFit->setChecked(openFurtherSettings().value(fitKey).toBool());
+}
+
+void VorlixApp::fitToWindow()
+{
+    view->vZoom(VorlixView::zoomFor(scrollArea->maximumViewportSize()));
+}
+
+bool VorlixApp::eventFilter(QObject* watched, QEvent* event)
+{
+    if (watched == scrollArea && event->type() == QEvent::Resize && viewFit->isChecked())
+        fitToWindow();
+    return QMainWindow::eventFilter(watched, event);
 }

@@ -87,6 +87,7 @@ VorlixApp::VorlixApp()
     slotViewLeft(view->getLeft());
     viewLeft->setChecked(view->getLeft());
     viewReadable->setChecked(openFurtherSettings().value(readableKey).toBool());
+    restoreSize();
     settThorough->setChecked(openFurtherSettings().value(thoroughKey).toBool());
 
     TLEname = view->getTLEname();
@@ -175,10 +176,11 @@ void VorlixApp::initMenuBar()
                         {plotRT, plotDelta, plotCurrent, nullptr, plotNext, plotLast, nullptr, plotForward,
                          plotBackward, nullptr, plotFollow});
     viewMenu = makeMenu("viewMenu", tr("&View"),
-                        {viewRefresh,  viewSwitch,  nullptr,        viewMap,    viewText,      viewNames,
-                         viewPicture,  nullptr,     viewVisibility, viewStep,   viewMagnitude, nullptr,
-                         viewFontSize, viewLeft,    nullptr,        viewSize25, viewSize50,    viewNormalSize,
-                         nullptr,      viewToolBar, viewStatusBar,  nullptr,    viewReadable});
+                        {viewRefresh,  viewSwitch,  nullptr,          viewMap,    viewText,      viewNames,
+                         viewPicture,  nullptr,     viewVisibility,   viewStep,   viewMagnitude, nullptr,
+                         viewFontSize, viewLeft,    nullptr,          viewSize25, viewSize50,    viewNormalSize,
+                         nullptr,      viewToolBar, viewStatusBar,    nullptr,    viewReadable,  nullptr,
+                         viewLarger,   viewSmaller, viewOriginalSize, viewFit});
     settMenu = makeMenu("settMenu", tr("&Settings"), {settSysConf, settThorough});
     editMenu = makeMenu("editMenu", tr("&Edit"), {editCopy});
     helpMenu = makeMenu("helpMenu", tr("&Help"), {helpAbout, helpAboutQt, nullptr, helpQuick, nullptr, whatsThis});
@@ -213,6 +215,7 @@ void VorlixApp::initView()
     scrollArea->setFocusPolicy(Qt::NoFocus);
     scrollArea->setWidget(view);
     setCentralWidget(scrollArea);
+    scrollArea->installEventFilter(this);
     auto* nextClick = new QLabel;
     nextClick->setObjectName("nextClickLabel");
     nextClick->setTextFormat(Qt::PlainText);

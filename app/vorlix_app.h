@@ -29,6 +29,9 @@ extern int picsize;      // reduction of the picture: 0 full, 2 half, 3 quarter
 constexpr char thoroughKey[] = "search/thorough";
 /// Whether the second set of colours is chosen.
 constexpr char readableKey[] = "view/readableColours";
+/// How large everything is drawn, and whether that follows the window.
+constexpr char zoomKey[] = "view/percent";
+constexpr char fitKey[] = "view/fitToWindow";
 
 class VorlixApp : public QMainWindow
 {
@@ -91,6 +94,10 @@ public Q_SLOTS:
     void slotViewText();
     void slotViewNames(bool on);
     void slotViewReadable(bool on);
+    void slotViewLarger();
+    void slotViewSmaller();
+    void slotViewOriginalSize();
+    void slotViewFit(bool on);
     void slotViewPicture(bool on);
     void slotViewVisibility();
     void slotViewStep();
@@ -157,6 +164,11 @@ private:
     bool arrowKey(int key);
     bool digitKey(int key);
     void setPictureSize(int code);
+    void chooseSize(double factor);
+    void tellSize();
+    void restoreSize();
+    void fitToWindow();
+    bool eventFilter(QObject* watched, QEvent* event) override;
 
     VorlixView* view = nullptr;
     QLabel* viewLabel = nullptr;
@@ -227,6 +239,10 @@ private:
     QAction* viewToolBar = nullptr;
     QAction* viewStatusBar = nullptr;
     QAction* viewReadable = nullptr;
+    QAction* viewLarger = nullptr;
+    QAction* viewSmaller = nullptr;
+    QAction* viewOriginalSize = nullptr;
+    QAction* viewFit = nullptr;
     QAction* settSysConf = nullptr;
     QAction* settThorough = nullptr;
     QAction* helpAbout = nullptr;

@@ -3,6 +3,7 @@
 #include "view/vorlix_view.h"
 
 #include <algorithm>
+#include <utility>
 
 #include <QCoreApplication>
 #include <QPaintEvent>
@@ -40,7 +41,7 @@ VorlixView::VorlixView(QWidget* parent) : QScrollArea(parent)
     swelcm(indata, outdata);
     fsz = indata->fsz;
     scale = devicePixelRatioF();
-    txtPix = pixmapOf(textSize, scale);
+    txtPix = pixmapOf(pageSize(), scale);
     resize(mapSize);
     showtxt(false);
     indata->mapw = displaySize.width();
@@ -75,8 +76,8 @@ void VorlixView::makePixmaps()
 void VorlixView::update()
 {
     const bool mapStays = onScreen == &dspPix && onScreen == &pixmapOnShow();
-    if (unseen && mapStays && ChangedTiles::fit(devicePixelRatioF()))
-        viewport()->repaint(*unseen);
+    if (unseen && mapStays && ChangedTiles::fit(scale) && ChangedTiles::fit(zoom))
+        viewport()->repaint(zoomed(*unseen));
     else
         viewport()->repaint();
     unseen.reset();
@@ -97,18 +98,51 @@ QSize VorlixView::sizeOnShow() const
     return indata->picflg ? picSize : displaySize;
 }
 
+QSize VorlixView::zoomed(const QSize& size) const
+{
+    return (QSizeF(size) * zoom).toSize();
+}
+
+QRegion VorlixView::zoomed(const QRegion& region) const
+{
+    if (zoom == 1.0)
+        return region;
+    QRegion large;
+    for (const QRect& part : region)
+        large += QRectF(QPointF(part.topLeft()) * zoom, QSizeF(part.size()) * zoom).toAlignedRect();
+    return large;
+}
+
+double VorlixView::zoomFor(const QSize& room)
+{
+    const double x = 1.0 * room.width() / displaySize.width(), y = 1.0 * room.height() / displaySize.height();
+    return std::clamp(std::min(x, y), 1.0, largestZoom);
+}
+
+void VorlixView::vZoom(double factor)
+{
+    const double before = std::exchange(zoom, std::clamp(factor, 1.0, largestZoom));
+    if (zoom == before)
+        return;
+    takeScale();
+    resize(zoomed(sizeOnShow()));
+}
+
 void VorlixView::paintEvent(QPaintEvent* event)
 {
     onScreen = &pixmapOnShow();
     QPainter painter(viewport());
-    const QSize size = sizeOnShow();
-    if (onScreen != &dspPix || viewport()->height() == textSize.height())
+    const QSize size = zoomed(sizeOnShow());
+    if (onScreen != &dspPix || viewport()->height() == zoomed(textSize).height())
         resize(size);
     for (const QRect& part : event->region() - QRect(QPoint(), size))
         painter.fillRect(part, palette().window());
-    if (devicePixelRatioF() != scale && !scaleAsked)
+    if (onScreen == &txtPix && zoom != 1.0)
+        painter.fillRect(QRect(QPoint(), size), Qt::white);  // below the page
+    if (devicePixelRatioF() * zoom != scale && !scaleAsked)
         scaleAsked = QMetaObject::invokeMethod(this, &VorlixView::takeScale, Qt::QueuedConnection);
     // with another scale parts might be taken from other pixels than the whole
+    painter.scale(zoom, zoom);
     if (scale != 1.0) {
         painter.drawPixmap(0, 0, *onScreen);
     } else {
@@ -161,7 +195,7 @@ void VorlixView::keyPress(int n)
 int VorlixView::lowestScroll() const
 {
     const int room = parentWidget() ? parentWidget()->height() : height();
-    return std::min(room - sizeOnShow().height(), 0);
+    return std::min(room - zoomed(sizeOnShow()).height(), 0);
 }
 
 void VorlixView::scrollDsp(int dx, int dy)
@@ -212,6 +246,7 @@ void VorlixView::drawBackground()
     const bool disk = diskWanted();
     chooseScales(disk);
     QPainter painter(&mapPix);
+    painter.setRenderHint(QPainter::Antialiasing, zoom > 1.0);
     if (physicalWanted())
         drawPhysicalMap(painter);
     painter.drawPixmap(0, legendTop, legendPix);
@@ -292,11 +327,11 @@ void VorlixView::vText()
 {
     if (indata->dspmd == 1) {
         indata->dspmd = dsplmd == filled::passTable ? -1 : 0;
-        resize(textSize);
+        resize(zoomed(textSize));
         setCursor(Qt::ArrowCursor);
     } else {
         indata->dspmd = 1;
-        resize(sizeOnShow());
+        resize(zoomed(sizeOnShow()));
         setCursor(Qt::CrossCursor);
         goHome();
     }
@@ -335,7 +370,7 @@ void VorlixView::vPicSwitch(bool on)
     if (on)
         indata->dspmd = 1;
     else if (indata->dspmd > 0) {
-        resize(displaySize);
+        resize(zoomed(displaySize));
         vRefreshP();
     }
     update();

@@ -31,7 +31,7 @@ struct KeptPlace
 
 void VorlixView::mousePressEvent(QMouseEvent* event)
 {
-    const QPoint p = event->position().toPoint();
+    const QPoint p = (event->position() / zoom).toPoint();
     const bool left = event->button() == Qt::LeftButton;
     if (indata->picflg && indata->dspmd > 0) {
         astroEvent(p.x(), p.y(), left);
@@ -52,7 +52,8 @@ void VorlixView::mousePressEvent(QMouseEvent* event)
 void VorlixView::mouseMoveEvent(QMouseEvent* event)
 {
     if (indata->dspmd == -1)
-        pointAtRow(passRowAt(event->position().toPoint().y(), indata->naos), event->globalPosition().toPoint());
+        pointAtRow(passRowAt((event->position() / zoom).toPoint().y(), indata->naos),
+                   event->globalPosition().toPoint());
 }
 
 void VorlixView::leaveEvent(QEvent*)

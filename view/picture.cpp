@@ -130,7 +130,7 @@ void VorlixView::vImage(int code)
     setCursor(Qt::CrossCursor);
     picSize = sizeFor(picPix.size(), code);
     makePicture();
-    resize(picSize);
+    resize(zoomed(picSize));
     update();
 }
 
@@ -213,7 +213,7 @@ void VorlixView::markTrailPoint(int x, int y)
 
 QPoint VorlixView::textOrigin(const QPainter& painter) const
 {
-    return mapFromParent(QPoint(0, 0)) + QPoint(0, painter.fontMetrics().ascent() + 10);
+    return mapFromParent(QPoint(0, 0)) / zoom + QPoint(0, painter.fontMetrics().ascent() + 10);
 }
 
 void VorlixView::PicPlot(double t)

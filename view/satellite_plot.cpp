@@ -76,8 +76,8 @@ void VorlixView::showIfDrawnAnew()
 void VorlixView::takeScale()
 {
     scaleAsked = false;
-    scale = devicePixelRatioF();
-    txtPix = pixmapOf(textSize, scale);
+    scale = devicePixelRatioF() * zoom;
+    txtPix = pixmapOf(pageSize(), scale);
     paintPage();
     makePixmaps();
 

@@ -23,6 +23,11 @@ constexpr int leftMargin = 10;
 constexpr int rowGap = 2;  // a row answers from a little above its letters on
 constexpr int rowsWithPosition = sizeof epos / sizeof *epos;
 
+QFont reportFont()
+{
+    return QFont("helvetica", fsz);
+}
+
 /// The pixmap made white, and the pencil that writes a report into it.
 class ReportPainter
 {
@@ -57,7 +62,7 @@ public:
 private:
     QFontMetrics prepare()
     {
-        painter.setFont(QFont("helvetica", fsz));
+        painter.setFont(reportFont());
         painter.setPen(QColor(0, 0, 0));
         return painter.fontMetrics();
     }
@@ -101,8 +106,20 @@ void VorlixView::paintReport(const ReportStyle& style)
     goHome();
 }
 
+/// The page is as high as the display has room for text; an enlarged one ends below its last line.
+QSize VorlixView::pageSize() const
+{
+    if (zoom == 1.0)
+        return textSize;
+    const QFontMetrics metrics(reportFont());
+    const int height = shownReport.nlines * metrics.ascent() + metrics.height();
+    return {textSize.width(), std::min(height, textSize.height())};
+}
+
 void VorlixView::paintPage()
 {
+    if (zoom != 1.0)
+        txtPix = pixmapOf(pageSize(), scale);
     txtPix.fill(Qt::white);
     ReportPainter page(txtPix);
     const auto [fixed, first] = shownStyle;
@@ -147,7 +164,7 @@ void VorlixView::pointAtRow(int row, const QPoint& pointer)
         return;
     for (const int changed : {std::exchange(pointedRow, row), row})
         if (changed >= 0)
-            viewport()->update(rowOnShow(changed));
+            viewport()->update(zoomed(rowOnShow(changed)));
     setCursor(row >= 0 ? Qt::PointingHandCursor : Qt::ArrowCursor);
     if (row < 0 || std::exchange(rowsTold, true))
         return;

@@ -113,6 +113,12 @@ public:
     /// Names beside the markers; replots unless a real-time plot runs.
     void vNames(bool on);
     void vLeft(bool on);
+    /// Draws everything so many times as large, from 1 to `largestZoom`; what does not fit is scrolled.
+    void vZoom(double factor);
+    double zoomFactor() const { return zoom; }
+    /// The zoom at which a map fills so much room.
+    static double zoomFor(const QSize& room);
+    static constexpr double largestZoom = 3.0;
     /// The second set of colours, with what it adds to a map. Plots again if a map with satellites is on show.
     void vReadable(bool on);
 
@@ -281,6 +287,9 @@ private:
     void copyMapToDisplay();
     const QPixmap& pixmapOnShow() const;
     QSize sizeOnShow() const;
+    QSize zoomed(const QSize& size) const;
+    QRegion zoomed(const QRegion& region) const;
+    QSize pageSize() const;
     int lowestScroll() const;
 
     // settings
@@ -351,8 +360,9 @@ private:
     void drawPictureMarkers(QPainter& painter, const PlotScene& scene);
 
     bool readable = false;  // the second set of colours
-    double scale = 1;       // of the screen: pixels of it along one of the pictures, as they were made
-    int cenx = 0;           // pixel of the map centre
+    double zoom = 1;
+    double scale = 1;  // of screen and zoom: pixels of the screen along one of the pictures, as they were made
+    int cenx = 0;      // pixel of the map centre
     int ceny = 0;
     double xscale = 0;  // scale of the current map
     double yscale = 0;

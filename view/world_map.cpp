@@ -86,7 +86,8 @@ void VorlixView::PlotWorld(QPainter& painter)
     if (indata->mpnight)
         drawNight(painter);
     drawGrid(painter);
-    if (!physical || indata->mpnight)
+    const bool coarse = zoom > 1.0;  // then the picture of the Earth is blurred
+    if (!physical || indata->mpnight || coarse)
         MapLand(painter);
     drawObserver(painter);
     painter.setFont(nameFont());

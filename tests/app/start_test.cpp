@@ -49,13 +49,40 @@ private Q_SLOTS:
 
     void switchesAreRemembered()
     {
-        for (const char* name : {"settThorough", "viewReadable"}) {
+        for (const char* name : {"settThorough", "viewReadable", "viewFit"}) {
             start();
             QVERIFY(!action(name)->isChecked());
             action(name)->trigger();
             start();
             QVERIFY(action(name)->isChecked());
         }
+    }
+
+    void theSizeGoesInStepsAndIsRemembered()
+    {
+        start();
+        show();
+        const QSize text(860, 2500), map(860, 501);
+        QCOMPARE(canvas()->size(), text);
+        for (const char* name : {"viewLarger", "viewLarger", "viewText"})
+            action(name)->trigger();
+        QCOMPARE(canvas()->size(), map * 1.5);
+        for (int i = 0; i < 5; ++i)
+            action("viewLarger")->trigger();
+        QCOMPARE(canvas()->size(), map * 3);
+        action("viewSmaller")->trigger();
+        start();
+        QCOMPARE(canvas()->size(), text * 2.5);
+        show();
+        app->resize(1720 + 20, 1200);
+        action("viewFit")->trigger();
+        action("viewText")->trigger();
+        QTRY_VERIFY(canvas()->width() >= 1700 && canvas()->width() <= 1740);
+        app->resize(1320, 1200);
+        QTRY_VERIFY(canvas()->width() >= 1300 && canvas()->width() <= 1320);
+        action("viewOriginalSize")->trigger();
+        QVERIFY(!action("viewFit")->isChecked());
+        QCOMPARE(canvas()->size(), map);
     }
 
     void theMarksOfTheBarsTellTheirState()

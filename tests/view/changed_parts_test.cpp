@@ -87,17 +87,23 @@ private Q_SLOTS:
     {
         QTest::addColumn<int>("kind");
         QTest::addColumn<double>("step");
+        QTest::addColumn<double>("zoom");
         for (int kind = 0; kind < static_cast<int>(std::size(mapKinds)); ++kind) {
-            QTest::addRow("%s, seconds", mapKinds[kind].first) << kind << oneSecond;
-            QTest::addRow("%s, minutes", mapKinds[kind].first) << kind << 60 * oneSecond;
+            QTest::addRow("%s, seconds", mapKinds[kind].first) << kind << oneSecond << 1.0;
+            QTest::addRow("%s, minutes", mapKinds[kind].first) << kind << 60 * oneSecond << 1.0;
         }
+        for (const double zoom : {1.5, 2.0, 1.37})
+            QTest::addRow("enlarged, %g", zoom) << 1 << oneSecond << zoom;
     }
     void equalTheWhole()
     {
         QFETCH(int, kind);
         QFETCH(double, step);
+        QFETCH(double, zoom);
         VorlixView whole, parts;
         show(parts, mapKinds[kind].second);
+        parts.vZoom(zoom);
+        whole.vZoom(zoom);
         whole.vRefresh();
         parts.vRefresh();
         double t = januaryEvening;
@@ -188,7 +194,8 @@ private Q_SLOTS:
     {
         QFETCH(QString, factor);
         runAgain("QT_SCALE_FACTOR", factor,
-                 {"equalTheWhole:outline, seconds", "showBehindAText", "areDrawnForTheScreen"});
+                 {"equalTheWhole:outline, seconds", "equalTheWhole:enlarged, 1.5", "showBehindAText",
+                  "areDrawnForTheScreen"});
     }
 
     /// No picture is blown up: all have the pixels of the screen, and the letters use them.

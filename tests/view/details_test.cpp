@@ -118,6 +118,7 @@ private Q_SLOTS:
         for (const auto& [lat, lng] : {std::pair{48.0, 16.5}, {-33.0, 151.0}, {10.0, -120.0}}) {
             view->vRefresh();
             Page page;
+            view->vZoom(lat > 0 ? 1.5 : 1.0);
             QCOMPARE(clickAt(view->PxCoord(lat, lng), Qt::RightButton, page), 1);
             QCOMPARE(page.title, QString("Local Details"));
             constexpr double pixelDegrees = 0.51;
@@ -204,7 +205,8 @@ private Q_SLOTS:
 private:
     int clickAt(const QPoint& p, Qt::MouseButton which, Page& page)
     {
-        return answering([&] { QTest::mouseClick(view->viewport(), which, Qt::NoModifier, p); }, {page.read()});
+        return answering([&] { QTest::mouseClick(view->viewport(), which, Qt::NoModifier, p * view->zoomFactor()); },
+                         {page.read()});
     }
 };
 
