@@ -243,23 +243,28 @@ void VorlixView::drawBackground()
 {
     mapPix.fill(colours().ground);
     legend.reset();
-    const bool disk = diskWanted();
-    chooseScales(disk);
+    trails.clear();
+    chooseScales(diskWanted());
     QPainter painter(&mapPix);
+    paintBackground(painter);
+    if (!diskWanted())
+        indata->mjdlast = indata->mjd;
+    indata->diskon = diskWanted();
+}
+
+/// On its ground.
+void VorlixView::paintBackground(QPainter& painter)
+{
     painter.setRenderHint(QPainter::Antialiasing, zoom > 1.0);
     if (physicalWanted())
         drawPhysicalMap(painter);
     painter.drawPixmap(0, legendTop, legendPix);
-    if (disk) {
+    if (diskWanted())
         PltSunM(painter);
-    } else {
-        if (indata->skymap)
-            PltSky(painter);
-        else
-            PlotWorld(painter);
-        indata->mjdlast = indata->mjd;
-    }
-    indata->diskon = disk;
+    else if (indata->skymap)
+        PltSky(painter);
+    else
+        PlotWorld(painter);
 }
 
 bool VorlixView::diskWanted() const

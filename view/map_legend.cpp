@@ -97,14 +97,15 @@ void VorlixView::drawLegend(const PlotScene& scene)
         changed.addAll();
     legend = std::move(now);
     stale.add(changed);
-    writeLegend(*legend, changed.region());
+    QPainter painter(&mapPix);
+    writeLegend(painter, *legend, changed.region());
 }
 
 /// As far as it lies in the region.
-void VorlixView::writeLegend(const DrawnLegend& drawn, const QRegion& part)
+void VorlixView::writeLegend(QPainter& painter, const DrawnLegend& drawn, const QRegion& part) const
 {
     const QRegion region = part & wholeLegend;
-    QPainter painter(&mapPix);
+    painter.save();
     for (const QRect& rect : region)
         painter.fillRect(rect, drawn.ground);
     painter.setClipRegion(region);
@@ -114,4 +115,5 @@ void VorlixView::writeLegend(const DrawnLegend& drawn, const QRegion& part)
         if (region.intersects(drawn.boxes[i]))
             write(painter, drawn.texts[i]);
     }
+    painter.restore();
 }

@@ -71,8 +71,8 @@ void VorlixView::showIfDrawnAnew()
         update();
 }
 
-/// Makes all pictures anew for the scale of the screen that the window is on now: no satellite is calculated, the legend
-/// and the markers are those of the last plot, and trails begin anew.
+/// Makes all pictures anew for the scale of the screen that the window is on now: no satellite is calculated, legend,
+/// markers and trails are those on show.
 void VorlixView::takeScale()
 {
     scaleAsked = false;
@@ -80,16 +80,12 @@ void VorlixView::takeScale()
     txtPix = pixmapOf(pageSize(), scale);
     paintPage();
     makePixmaps();
-
-    const KeptObserver observer;
-    const std::optional<DrawnLegend> plotted = legend;
+    mapPix.fill(colours().ground);
+    {
+        QPainter painter(&mapPix);
+        paintMap(painter);
+    }
     const Marks shown = marks;
-    if (plotted && indata->satsky && indata->skymap == 1 && indata->satn > 0)
-        observeFromPrime();
-    drawBackground();
-    if (plotted)
-        writeLegend(*plotted, QRect(QPoint(), displaySize));
-    legend = plotted;
     copyMapToDisplay();
     marks = shown;
     QPainter painter(&dspPix);
@@ -97,6 +93,30 @@ void VorlixView::takeScale()
     if (!picPix.isNull())
         makePicture();
     viewport()->update();
+}
+
+/// The background as it was made, with the trails and the legend of the last plot.
+void VorlixView::paintMap(QPainter& painter)
+{
+    const KeptObserver observer;
+    const Keep time(indata->mjd, indata->mjdlast);
+    const bool fromSatellite = legend && indata->satsky && indata->skymap == 1 && indata->satn > 0;
+    if (fromSatellite)
+        observeFromPrime();
+    paintBackground(painter);
+    painter.setRenderHint(QPainter::Antialiasing, false);
+    if (!fromSatellite)  // there each plot begins anew
+        paintTrails(painter);
+    if (legend)
+        writeLegend(painter, *legend, QRect(QPoint(), displaySize));
+}
+
+void VorlixView::paintTrails(QPainter& painter) const
+{
+    for (auto dot = trails.constKeyValueBegin(); dot != trails.constKeyValueEnd(); ++dot) {
+        painter.setPen(QColor(dot->second));
+        painter.drawPoint(dot->first);
+    }
 }
 
 /// The prime satellite, where the last plot has it, takes the observer's place until the caller puts it back.
@@ -145,7 +165,10 @@ void VorlixView::drawTrails(const PlotScene& scene)
     for (int slot = 0; slot < indata->satn && !indata->mpnight; ++slot) {
         if (lastx[slot] > indata->mapw)
             continue;
-        painter.setPen(scene.colours.satellites[static_cast<std::size_t>(slot)]);
+        const QColor colour = scene.colours.satellites[static_cast<std::size_t>(slot)];
+        painter.setPen(colour);
         painter.drawPoint(lastx[slot], lasty[slot]);
+        if (mapPicture.contains(lastx[slot], lasty[slot]))
+            trails.insert({lastx[slot], lasty[slot]}, colour.rgb());
     }
 }

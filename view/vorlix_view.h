@@ -14,6 +14,7 @@
 #include <vector>
 
 #include <QColor>
+#include <QHash>
 #include <QPixmap>
 #include <QPoint>
 #include <QRegion>
@@ -282,6 +283,9 @@ private:
     void redrawMap();
     void redrawBehindPlot();
     void drawBackground();
+    void paintBackground(QPainter& painter);
+    void paintMap(QPainter& painter);
+    void paintTrails(QPainter& painter) const;
     void drawPhysicalMap(QPainter& painter);
     void copyMap(QPainter& painter, const QRect& part) const;
     void copyMapToDisplay();
@@ -330,7 +334,7 @@ private:
     void drawTrails(const PlotScene& scene);
     /// The five columns under the map, into `mapPix`.
     void drawLegend(const PlotScene& scene);
-    void writeLegend(const DrawnLegend& drawn, const QRegion& region);
+    void writeLegend(QPainter& painter, const DrawnLegend& drawn, const QRegion& region) const;
     void showMarks(const PlotScene& scene);
     Marks marksOf(const PlotScene& scene);
     Mark markOf(int slot, const PlotScene& scene);
@@ -396,7 +400,7 @@ private:
     // what of a plot need not be painted again by the next one
     std::optional<DrawnLegend> legend;  // in mapPix
     Marks marks;                        // in dspPix
-    std::vector<QPoint> trailDots;      // of the last plot, in mapPix
+    QHash<QPoint, QRgb> trails;         // in mapPix, since the background was made
     ChangedTiles stale;                 // where dspPix differs from mapPix with the marks on it
     std::optional<QRegion> unseen;      // where the screen differs from dspPix; all of it may if there is none
     const QPixmap* onScreen = nullptr;  // painted last

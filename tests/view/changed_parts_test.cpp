@@ -233,6 +233,7 @@ private Q_SLOTS:
             VorlixView view;
             show(view, kind.second);
             view.vRefresh();
+            view.SatPlot(januaryEvening - 60 * oneSecond, 1);
             view.SatPlot(januaryEvening, 1);
             QCOMPARE(view.displayPixmap().devicePixelRatio(), 1.0);
             view.windowHandle()->setScreen(QGuiApplication::screens().at(1));
@@ -240,6 +241,7 @@ private Q_SLOTS:
             QTRY_COMPARE(view.displayPixmap().devicePixelRatio(), 2.0);
             const QImage text = view.textPixmap().toImage(), moved = view.displayPixmap().toImage();
             view.vRefresh();
+            view.SatPlot(januaryEvening - 60 * oneSecond, 1);
             view.SatPlot(januaryEvening, 1);
             QVERIFY2(moved == view.displayPixmap().toImage(), kind.first);
             VorlixView other;
