@@ -308,6 +308,12 @@ std::span<const VorlixApp::ActionRow> VorlixApp::actionRows()
             TEXT("Station\n\nSets the number of your station and how sure its times and positions are, for the reports "
                  "of Save Observation. The place set under Location becomes that of the station."),
             &App::slotInputStation, nullptr},
+        ActionRow{&App::calcField, "calcField", TEXT("Passes through Fi&eld..."), "Ctrl+K", "",
+            TEXT("Satellites that cross a field of the sky during an exposure."),
+            TEXT("Passes through Field\n\nLists every satellite of the TLE file that crosses a circle or a frame in the "
+                 "sky: when it enters and leaves, in which direction and how fast it moves, and how bright it is; and "
+                 "the times in which no satellite disturbs an exposure."),
+            &App::slotCalcField, nullptr},
         ActionRow{&App::manvFit, "manvFit", TEXT("&Fit Elements..."), "", "",
             TEXT("Corrects elements by observations."),
             TEXT("Fit Elements\n\nReads or asks for observations and corrects the orbit elements of a satellite until "

@@ -18,6 +18,14 @@ void VorlixApp::slotFileObservation()
     showStatus(tr("Ready."));
 }
 
+void VorlixApp::slotCalcField()
+{
+    showStatus(tr("Searching passes through a field..."));
+    slotStopTime();
+    view->vFieldPasses();
+    showStatus(tr("Ready."));
+}
+
 void VorlixApp::slotManvFit()
 {
     showStatus(tr("Fitting elements to observations..."));

@@ -169,7 +169,7 @@ void VorlixApp::initMenuBar()
                          {inputSelectSat, inputRemoveSat, inputNextSat, nullptr, inputDate, inputLocation, nullptr,
                           inputIers, inputStation});
     calcMenu = makeMenu("calcMenu", tr("&Calculate"),
-                        {calcAOS, calcAllSats, calcOrbitTrack, nullptr, calcIridium, nullptr, calcMatch});
+                        {calcAOS, calcAllSats, calcOrbitTrack, nullptr, calcIridium, nullptr, calcMatch, calcField});
     manvMenu = makeMenu("manvMenu", tr("&Maneuver"),
                         {manvEdit, nullptr, manvDeltaV, manvLaunch, manvRendz, nullptr, manvOrbDet, manvFit});
     plotMenu = makeMenu("plotMenu", tr("&Plot"),

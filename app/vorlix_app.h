@@ -78,6 +78,7 @@ public Q_SLOTS:
     void slotManvRendz();
     void slotManvOrbDet();
     void slotManvFit();
+    void slotCalcField();
 
     void slotPlotRT();
     void slotPlotDelta();
@@ -214,6 +215,7 @@ private:
     QAction* manvRendz = nullptr;
     QAction* manvOrbDet = nullptr;
     QAction* manvFit = nullptr;
+    QAction* calcField = nullptr;
     QAction* plotRT = nullptr;
     QAction* plotDelta = nullptr;
     QAction* plotCurrent = nullptr;

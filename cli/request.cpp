@@ -276,14 +276,11 @@ void takeSteps(Values& values, Request& request)
 void takeSighting(Values& values, Request& request)
 {
     constexpr Range declination{-90, 90, ""};
-    request.at = values.text("at");
     request.azel = values.angles("azel", declination, "AZ,EL in degrees, as 205,38");
     request.radec = values.angles("radec", declination, "RA,DEC in degrees, as 68.98,16.51");
     request.radius = values.number("radius", {0.001, 180, "degrees above 0"}).value_or(request.radius);
     request.window = values.number("window", {0.001, 1440, "minutes above 0"}).value_or(request.window);
     request.direction = values.number("direction", {-360, 360, "degrees from -360 to 360"});
-    if (request.at.empty())
-        values.complain("expected --at TIME");
     if (request.azel.has_value() == request.radec.has_value())
         values.complain("expected either --azel AZ,EL or --radec RA,DEC");
 }
@@ -324,6 +321,25 @@ void takeSatellites(Values& values, const TaskWords& task, Request& request)
             values.complain("--satellite: expected a name, a catalogue number or a designator");
 }
 
+void takeInstant(Values& values, Request& request)
+{
+    request.at = values.text("at");
+    if (request.at.empty())
+        values.complain("expected --at TIME");
+}
+
+void takeField(Values& values, Request& request)
+{
+    request.size = values.angles("size", {0.001, 120, ""}, "WIDTH,HEIGHT in degrees, as 3.2,2.1");
+    if (request.size && !(request.size->first >= 0.001 && request.size->first <= 120.0))
+        values.complain("--size: expected a width from 0.001 to 120 degrees");
+    request.angle = values.number("angle", {-360, 360, "degrees from -360 to 360"}).value_or(0.0);
+    request.exposure = values.number("exposure", {0.001, 86400, "seconds up to 86400"});
+    request.free = values.on("free");
+    if (request.exposure)
+        request.days = *request.exposure / 86400.0;
+}
+
 std::string noTask(const std::string& word)
 {
     std::vector<std::string> names;
@@ -361,7 +377,11 @@ ReadWords readWords(const std::vector<std::string>& words)
         if (bit == bitOf(Task::events))
             takeEvents(values, read.request);
         if (bit == bitOf(Task::match))
+            takeInstant(values, read.request);
+        if (bit == bitOf(Task::match) || bit == bitOf(Task::field))
             takeSighting(values, read.request);
+        if (bit == bitOf(Task::field))
+            takeField(values, read.request);
         read.complaint = values.complaint;
         return read;
     }

@@ -21,7 +21,8 @@ enum class Task
     next,
     now,
     report,
-    fit
+    fit,
+    field
 };
 
 /// How a command line ends.
@@ -79,7 +80,7 @@ struct Request
 
     std::vector<std::string> reports;  // files of observations; "-" is standard input
     std::vector<std::string> hold;     // elements that a fit leaves as they are
-    bool initial = false;             // a fit begins with an orbit found from the observations
+    bool initial = false;              // a fit begins with an orbit found from the observations
     bool geometric = false;            // positions with the annual aberration taken off already
     int angleCode = 0;                 // of reports that are written; 0: as they were read
 
@@ -96,6 +97,10 @@ struct Request
     bool numeric = false;                // states by numerical flight
     std::string at;                      // time of a sighting
     std::optional<Angles> azel, radec;   // place of a sighting
+    std::optional<Angles> size;          // width and height of a frame, degrees
+    double angle = 0;                    // of its upper side
+    std::optional<double> exposure;      // seconds
+    bool free = false;                   // the times without a satellite instead
     double radius = 2;                   // degrees
     double window = 1;                   // minutes to both sides
     std::optional<double> direction;     // degrees

@@ -173,6 +173,8 @@ double defaultDays(const Session& session)
         return trackDays;
     case Task::next:
         return nextDays;
+    case Task::field:
+        return 60.0 / 86400.0;
     default:
         return session.record->dur;
     }

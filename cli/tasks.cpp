@@ -1,5 +1,6 @@
 #include "cli/tasks.h"
 
+#include "observing/field_list.h"
 #include "observing/observation_list.h"
 
 ListKind listOf(const Request& request)
@@ -22,6 +23,9 @@ ListKind listOf(const Request& request)
         return {"observations", observationColumns(), ""};
     case Task::fit:
         return {"residuals", residualColumns(), ""};
+    case Task::field:
+        return request.free ? ListKind{"free_intervals", freeColumns(), ""}
+                            : ListKind{"crossings", crossingColumns(), ""};
     case Task::convert:
         return {"", {}, ""};
     default:

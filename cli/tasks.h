@@ -19,4 +19,5 @@ Problem tellStates(const Session& session, const Channels& channels, Answer& ans
 Problem whatIsUp(const Session& session, const Channels& channels, Answer& answer);
 Problem tellReports(const Session& session, const Channels& channels, Answer& answer);
 Problem fitOrbits(const Session& session, const Channels& channels, Answer& answer);
+Problem findCrossings(const Session& session, const Channels& channels, Answer& answer);
 Problem convertElements(const Session& session, const Channels& channels, Answer& answer);

@@ -56,6 +56,9 @@ constexpr std::array tasks{
      "table csv json ndjson tle",
      {"fit seen.iod --satellite 25544 --site 48.2,16.4,200",
       "fit seen.iod --elements visual.txt --satellite 25544 --hold drag --format tle --output better.txt"}},
+    TaskWords{Task::field, "field", "", "satellites that cross a field of the sky during an exposure", listForms,
+     {"field --radec 83.8,-5.4 --size 3.2,2.1 --from 2018-01-20T17:00Z --exposure 60",
+      "field --azel 180,45 --radius 5 --days 0.04 --visible --free"}},
 };
 
 constexpr unsigned everyTask = (1u << tasks.size()) - 1;
@@ -64,6 +67,7 @@ constexpr unsigned computed = everyTask & ~bitOf(Task::report);  // from element
 constexpr unsigned lists = computed & ~bitOf(Task::convert);
 constexpr unsigned stepped = bitOf(Task::look) | bitOf(Task::track) | bitOf(Task::state);
 constexpr unsigned searched = bitOf(Task::passes) | bitOf(Task::events) | bitOf(Task::next);
+constexpr unsigned located = bitOf(Task::match) | bitOf(Task::field);
 constexpr unsigned conditions = searched | bitOf(Task::match) | bitOf(Task::now);
 
 constexpr std::array options{
@@ -84,7 +88,7 @@ constexpr std::array options{
     OptionWords{"output", "FILE", everyTask, "where the answer goes instead of standard output"},
     OptionWords{"order", "ORDER", searched | bitOf(Task::match),
                 "time, or entry: as the file has the satellites, each printed when it is ready"},
-    OptionWords{"visible", nullptr, conditions | bitOf(Task::contacts), "only with the satellite in sunlight"},
+    OptionWords{"visible", nullptr, conditions | bitOf(Task::contacts) | bitOf(Task::field), "only with the satellite in sunlight"},
     OptionWords{"moonshine", nullptr, conditions, "only with the satellite in moonlight alone"},
     OptionWords{"all", nullptr, conditions | bitOf(Task::contacts), "in any light, by day as well"},
     OptionWords{"min-elevation", "DEGREES", conditions, "lowest elevation of the satellite"},
@@ -104,16 +108,20 @@ constexpr std::array options{
     OptionWords{"max-magnitude", "NUMBER", bitOf(Task::events), "faintest flare of kind iridium"},
     OptionWords{"step", "SECONDS", stepped, "between two rows; 60 without it"},
     OptionWords{"frequency", "HZ", bitOf(Task::look), "transmitter, for the Doppler shift"},
-    OptionWords{"length", "METRES", bitOf(Task::passes) | bitOf(Task::look) | bitOf(Task::now),
+    OptionWords{"length", "METRES", bitOf(Task::passes) | bitOf(Task::look) | bitOf(Task::now) | bitOf(Task::field),
                 "size of the satellite, for magnitudes; of passes where nothing else is known"},
     OptionWords{"frame", "FRAME", bitOf(Task::state), "true-of-date, mean-of-date, j2000 or earth-fixed"},
     OptionWords{"numeric", nullptr, bitOf(Task::state), "by numerical flight from the state at epoch"},
     OptionWords{"at", "TIME", bitOf(Task::match), "when it was seen"},
-    OptionWords{"azel", "AZ,EL", bitOf(Task::match), "where it was seen, degrees"},
-    OptionWords{"radec", "RA,DEC", bitOf(Task::match), "where it was seen, degrees of date"},
-    OptionWords{"radius", "DEGREES", bitOf(Task::match), "how far off it may be; 2 without it"},
+    OptionWords{"azel", "AZ,EL", located, "where it was seen, or the centre of the field, degrees"},
+    OptionWords{"radec", "RA,DEC", located, "where it was seen, degrees of date, or the centre of the field, of 2000"},
+    OptionWords{"radius", "DEGREES", located, "how far off it may be; 2 without it"},
     OptionWords{"window", "MINUTES", bitOf(Task::match), "how much earlier or later; 1 without it"},
     OptionWords{"direction", "DEGREES", bitOf(Task::match), "where it moved: 0 up, 90 right; within 45 degrees"},
+    OptionWords{"size", "WIDTH,HEIGHT", bitOf(Task::field), "of a frame in place of the circle, degrees"},
+    OptionWords{"angle", "DEGREES", bitOf(Task::field), "of the upper side of the frame from north through east"},
+    OptionWords{"exposure", "SECONDS", bitOf(Task::field), "length of the interval; 60 without it"},
+    OptionWords{"free", nullptr, bitOf(Task::field), "the times without a sunlit satellite instead"},
     OptionWords{"code", "NUMBER", observed, "form of the angles in reports, 1 to 7 as IOD counts; as they were without it"},
     OptionWords{"hold", "ELEMENT", bitOf(Task::fit),
                 "not fitted: inclination, node, eccentricity, perigee, anomaly, motion or drag; may come again"},

@@ -1,6 +1,7 @@
 #include "observing/fit.h"
 
 #include "observing/fit_words.h"
+#include "observing/seen_orbit.h"
 
 #include <Eigen/Dense>
 #include <algorithm>
@@ -8,14 +9,11 @@
 #include <optional>
 
 #include "astro/angles.h"
-#include "orbit/sgp4.h"
 #include "record/progress.h"
 
 namespace {
 
 constexpr double secondsPerDay = 86400.0;
-constexpr double lightKmPerS = 299792.458;
-constexpr double epoch1950 = 33281.0;
 constexpr double defaultErrorDeg = 1.0 / 60.0;
 constexpr double leastErrorDeg = 1.0 / 3600.0;  // what a line claims below this is not believed
 
@@ -76,45 +74,6 @@ Eigen::Matrix<double, fitted::count, fitted::count> fromRoundSlopes(const Values
     return slopes;
 }
 
-/// An element set ready for the model.
-struct Model
-{
-    gravconsttype constants;
-    elsetrec elements{};
-    double epoch;
-
-    explicit Model(const Orbit& orbit) : constants(orbit.wgs84 ? wgs84 : wgs72), epoch(orbit.elements.epoch)
-    {
-        const Elements& e = orbit.elements;
-        sgp4init(constants, orbit.deepSpace, epoch - epoch1950, e.bstar, e.ecc, e.aper * radPerDeg, e.inc * radPerDeg,
-                 e.m0 * radPerDeg, e.n0 * twoPi / 1440.0, e.ra * radPerDeg, elements);
-    }
-
-    /// km, true equator and mean equinox of date.
-    std::optional<Vec3> placeAt(double mjd)
-    {
-        double r[3] = {}, v[3] = {};
-        const int error = sgp4(constants, elements, (mjd - epoch) * 1440.0, r, v);
-        const Vec3 place(r[0], r[1], r[2]);
-        return error == 0 && std::isfinite(dot(place, place)) ? std::optional(place) : std::nullopt;
-    }
-};
-
-/// In the frame of the sight. The light left the satellite before it arrived.
-std::optional<Vec3> directionAt(Model& model, const Sight& sight)
-{
-    Vec3 line;
-    double lightDays = 0;
-    for (int pass = 0; pass < 3; ++pass) {
-        const auto place = model.placeAt(sight.instant() - lightDays);
-        if (!place)
-            return std::nullopt;
-        line = *place - sight.observer();
-        lightDays = abs(line) / lightKmPerS / secondsPerDay;
-    }
-    return sight.shown(line);
-}
-
 /// What of an observation does not depend on the orbit.
 struct Look
 {
@@ -140,11 +99,11 @@ struct Look
     }
 };
 
-std::optional<FitResidual> residualOf(Model& model, const Look& look)
+std::optional<FitResidual> residualOf(SeenOrbit& model, const Look& look)
 {
-    const auto now = directionAt(model, look.now);
-    const auto before = directionAt(model, look.before);
-    const auto after = directionAt(model, look.after);
+    const auto now = model.directionAt(look.now);
+    const auto before = model.directionAt(look.before);
+    const auto after = model.directionAt(look.after);
     if (!now || !before || !after)
         return std::nullopt;
     const Vec3 motion = *after - *before;
@@ -210,8 +169,9 @@ bool Correction::residualsAt(const Values& values, std::vector<FitResidual>& res
     if (!tellProgress())
         return false;
     Orbit orbit = request.start;
+    orbit.propagator = Propagator::analytic;
     orbit.elements = outer(values);
-    Model model(orbit);
+    SeenOrbit model(orbit);
     residuals.clear();
     for (const Look& look : looks) {
         const auto residual = residualOf(model, look);
@@ -363,8 +323,8 @@ FitResult Correction::run()
 
 bool observedDirection(const FitRequest& request, const SitedObservation& sited, double mjd, Vec3& direction)
 {
-    Model model(request.start);
-    const auto found = directionAt(model, Sight(request.earth, sited, mjd, request.againstStars));
+    SeenOrbit model(request.start);
+    const auto found = model.directionAt(Sight(request.earth, sited, mjd, request.againstStars));
     if (found)
         direction = *found;
     return found.has_value();

@@ -60,9 +60,12 @@ Sight::Sight(const EarthOrientation& earth, const SitedObservation& sited, doubl
     const Vec3 standing =
         GeoPos(ut1, eqeq, site.lat * radPerDeg, site.lng * radPerDeg, site.height, earth.xp, earth.yp);
     place = earthRadiusKm * mxvct(mxtrn(toTrue), standing);
+    const Mat3 toHorizon = horizon(ut1, eqeq, site) * toTrue;
+    up = mxvct(mxtrn(toHorizon), {0, 0, 1});
     const Observation& o = sited.observation;
-    if (o.angles == SkyAngles::horizontal) {
-        first = horizon(ut1, eqeq, site) * toTrue;
+    turns = o.angles == SkyAngles::horizontal;
+    if (turns) {
+        first = toHorizon;
     } else if (o.equinox == 0.0) {
         first = toTrue;
     } else {
@@ -70,6 +73,19 @@ Sight::Sight(const EarthOrientation& earth, const SitedObservation& sited, doubl
         aberration = againstStars ? velocityOfEarth(T) : aberration;
         second = pmatequ(T, (o.equinox - 2000.0) / 100.0);
     }
+}
+
+Sight Sight::at(double mjd) const
+{
+    constexpr double turnsPerDay = 1.00273790935;
+    const Mat3 ahead = zrot(-twoPi * turnsPerDay * (mjd - when));
+    Sight other = *this;
+    other.when = mjd;
+    other.place = mxvct(ahead, place);
+    other.up = mxvct(ahead, up);
+    if (turns)
+        other.first = first * mxtrn(ahead);
+    return other;
 }
 
 Vec3 Sight::shown(const Vec3& line) const

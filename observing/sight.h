@@ -24,10 +24,15 @@ public:
     ///                      with the Earth. Diurnal aberration is the same for both.
     Sight(const EarthOrientation& earth, const SitedObservation& sited, double mjd, bool againstStars);
 
+    /// The same observer at another instant, within a day: precession and nutation stay.
+    Sight at(double mjd) const;
+
     /// MJD, UTC.
     double instant() const { return when; }
     /// km.
     const Vec3& observer() const { return place; }
+    /// The unit vector upward.
+    const Vec3& zenith() const { return up; }
 
     /// The unit vector of a line from the observer, in the frame of the observation: equator and equinox of its year, the
     /// true ones of date, or the horizon (south, east, zenith).
@@ -37,7 +42,8 @@ public:
 
 private:
     double when;
-    Vec3 place;
+    Vec3 place, up;
+    bool turns = false;  // the frame of the observation, with the Earth
     Mat3 first, second;
     Vec3 aberration;  // between the two, in parts of the speed of light
 };

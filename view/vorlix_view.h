@@ -211,6 +211,8 @@ public:
     void vSaveObservation();
     /// Corrects elements by observations; the new ones become a further satellite.
     void vFitElements();
+    /// Lists the satellites of the element file that cross a field of the sky.
+    void vFieldPasses();
 
     // --- settings; those with a result give 1 if the user cancelled
     int vInputDate();

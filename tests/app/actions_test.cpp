@@ -3,6 +3,7 @@
 
 #include <QMenu>
 #include <QMenuBar>
+#include <QRegularExpression>
 #include <QStatusBar>
 #include <QToolBar>
 
@@ -66,7 +67,8 @@ private Q_SLOTS:
 
     void everyActionHasItsTextsAndExplainsItself()
     {
-        QCOMPARE(rows.size(), 62);
+        const auto named = QRegularExpression("^(?!whatsThis).+");
+        QCOMPARE(rows.size(), app->findChildren<QAction*>(named, Qt::FindDirectChildrenOnly).size());
         for (const Row& row : rows) {
             const QAction* a = action(row.name);
             QVERIFY2(a, qPrintable(row.name));

@@ -17,6 +17,10 @@ private Q_SLOTS:
         keepers["record"] = [](const QStringList& words, QStringList& kept) {
             kept << QString::number(numberOf(words[0], words[1].toInt()), 'g', words[2].toInt());
         };
+        keepers["line"] = [](const QStringList& words, QStringList& kept) {
+            for (const QString& line : report().filter(words[0]))
+                kept << line.simplified();
+        };
         keepers["words"] = [this](const QStringList& words, QStringList& kept) {
             kept << QString(place->read(words[0])).simplified();
         };

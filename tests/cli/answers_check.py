@@ -38,6 +38,7 @@ LISTS = {
     "state": SEASAT + ["--days", "0.01", "--frame", "earth-fixed"],
     "match": SITE + ["--at", "2018-01-20T17:00:00Z", "--azel", "253,23", "--radius", "5"],
     "next": SITE + ["--from", "2018-01-20T16:00Z"],
+    "field": SITE + ["--from", "2018-01-20T17:00Z", "--azel", "180,60", "--radius", "20", "--exposure", "1800"],
     "now": SITE + ["--from", "2018-01-20T17:00Z"],
 }
 

@@ -23,6 +23,7 @@
 #include "dialogs/st_delta_dialog.h"
 #include "dialogs/st_edit_orb_dialog.h"
 #include "dialogs/st_follow_dialog.h"
+#include "dialogs/st_field_dialog.h"
 #include "dialogs/st_fit_dialog.h"
 #include "dialogs/st_iers_dialog.h"
 #include "dialogs/st_iridium_dialog.h"
@@ -94,6 +95,7 @@ const DialogCase dialogCases[] = {
     {"Save Observation", make<StObservationDialog>, "", "okButton", "cancelButton", "numberEdit",
      "designatorEdit timeEdit magnitudeEdit fileEdit"},
     {"Follow with a Mount", make<StFollowDialog>, "", "okButton", "cancelButton", "portEdit", "hostEdit deviceEdit"},
+    {"Passes through Field", make<StFieldDialog>, "", "okButton", "cancelButton"},
     {"Fit Elements", make<StFitDialog>, "", "addButton", "cancelButton"},
     {"Quick Help", make<StQuickDialog>, "", "okButton", nullptr},
 };

@@ -152,6 +152,7 @@ TEST(Fit, SeesASatelliteWhereOthersDo)
 {
     std::ifstream file(TEST_DATA "/observing/sights.txt");
     FitRequest request;
+    request.start.propagator = Propagator::analytic;
     Elements& e = request.start.elements;
     std::string comment;
     std::getline(file, comment);

@@ -4,7 +4,7 @@ _vorlix()
     local current=${COMP_WORDS[COMP_CWORD]} before=${COMP_WORDS[COMP_CWORD - 1]} task=${COMP_WORDS[1]}
     local words= files=
     if [ "$COMP_CWORD" -eq 1 ]; then
-        words="passes events contacts look track state match convert next now report fit --help --version"
+        words="passes events contacts look track state match convert next now report fit field --help --version"
     else
         case $before in
             --elements | --output) files=1 ;;
@@ -22,6 +22,7 @@ _vorlix()
                     now) words="table csv json ndjson" ;;
                     report) words="table csv json ndjson iod uk rde" ;;
                     fit) words="table csv json ndjson tle" ;;
+                    field) words="table csv json ndjson" ;;
                 esac
                 ;;
             --order) words="time entry" ;;
@@ -34,7 +35,7 @@ _vorlix()
             --clock) words="now" ;;
             --zone) words="Z local" ;;
             --code) words="1 2 3 4 5 6 7" ;;
-            --satellite | --site | --site-name | --days | --limit | --workers | --min-elevation | --max-sun | --min-duration | --brighter | --place | --mirror | --normal | --max-distance | --max-magnitude | --step | --frequency | --length | --azel | --radec | --radius | --window | --direction | --hold) ;;
+            --satellite | --site | --site-name | --days | --limit | --workers | --min-elevation | --max-sun | --min-duration | --brighter | --place | --mirror | --normal | --max-distance | --max-magnitude | --step | --frequency | --length | --azel | --radec | --radius | --window | --direction | --hold | --size | --angle | --exposure) ;;
             *)
                 case $task in
                     passes) words="--elements --satellite --site --site-name --from --to --days --zone --limit --workers --format --output --order --visible --moonshine --all --min-elevation --max-sun --min-duration --thorough --brighter --dark-sky --sort --length --no-config --clock --help" ;;
@@ -49,6 +50,7 @@ _vorlix()
                     now) words="--elements --satellite --site --site-name --from --zone --limit --workers --format --output --visible --moonshine --all --min-elevation --max-sun --no-config --clock --help --length" ;;
                     report) words="--zone --limit --format --output --no-config --clock --help --code" ;;
                     fit) words="--elements --satellite --site --site-name --from --to --days --zone --limit --workers --format --output --no-config --clock --help --hold --initial --geometric" ;;
+                    field) words="--elements --satellite --site --site-name --from --to --days --zone --limit --workers --format --output --visible --length --azel --radec --radius --size --angle --exposure --free --no-config --clock --help" ;;
                 esac
                 ;;
         esac
