@@ -30,8 +30,9 @@ void EventMarks::arrive(double t)
 
 bool EventMarks::run()
 {
-    here.first = in->occra;
-    here.second = in->occdec;
+    if (kept && !known && (here.first != in->occra || here.second != in->occdec))
+        visits.push_back(here);  // the instant has been left for the same one with another surface
+    here = {here.t, in->occra, in->occdec};
     known = true;
     position.findEventPoint();
     if (pointFound())
