@@ -12,8 +12,6 @@
 
 namespace {
 
-constexpr std::size_t mostCandidates = 256;
-
 double horizonAngle(double heightKm)
 {
     return heightKm > 0.0 ? std::acos(earthRadiusKm / (earthRadiusKm + heightKm)) : 0.0;
@@ -152,40 +150,8 @@ void ContactWalk::noteInside(double t)
     PassBounds::Estimate guessed = bounds.elevation(t);
     if (t == foundAt)
         guessed = {elevation(t), 0.0};
-    addCandidate({t, guessed.value - guessed.doubt, guessed.value + guessed.doubt});
-}
-
-void ContactWalk::addCandidate(const Candidate& candidate)
-{
-    if (candidate.most < greatestLeast)
-        return;
-    greatestLeast = std::max(greatestLeast, candidate.least);
-    candidates.push_back(candidate);
-    if (candidates.size() < mostCandidates)
-        return;
-    dropLower();
-    if (2 * candidates.size() > mostCandidates)
-        resolveHighest();
-}
-
-void ContactWalk::dropLower()
-{
-    std::erase_if(candidates, [&](const Candidate& c) { return c.most < greatestLeast; });
-}
-
-/// Leaves the first of the highest alone.
-void ContactWalk::resolveHighest()
-{
-    dropLower();
-    for (Candidate& c : candidates) {
-        if (c.most < greatestLeast || c.least == c.most)
-            continue;
-        c.least = c.most = elevation(c.t);
-        greatestLeast = std::max(greatestLeast, c.least);
-    }
-    const auto highest = std::max_element(candidates.begin(), candidates.end(),
-                                          [](const Candidate& a, const Candidate& b) { return a.least < b.least; });
-    candidates = {*highest};
+    highest.add(t, guessed.value - guessed.doubt, guessed.value + guessed.doubt,
+                [this](double instant) { return elevation(instant); });
 }
 
 void ContactWalk::fill()
@@ -198,8 +164,7 @@ void ContactWalk::fill()
         }
         put(index, pass.tm[index], ends[index].lat, ends[index].lng);
     }
-    resolveHighest();
-    const double t = candidates.front().t;
+    const double t = highest.instant([this](double instant) { return elevation(instant); });
     const double el = elevation(t);
     put(1, t, el, prime.azimuth());
 }
@@ -223,12 +188,6 @@ void ContactWalk::scanEnd(int index, bool wanted)
     for (int count = 0; count < secondsPerMinute; ++count, trial -= oneSecondDays)
         if (holdsAt(trial) == wanted)
             return noteEnd(index, trial);
-}
-
-bool ContactWalk::maximumOutside()
-{
-    fill();
-    return WalkBase::maximumOutside();
 }
 
 /// In relative mode the maximum stays that of the minutes; `PlainWalk` looks at the seconds beside it all the same.

@@ -3,8 +3,8 @@
 
 #include <limits>
 #include <memory>
-#include <vector>
 
+#include "engine/highest_of.h"
 #include "engine/lazy_position.h"
 #include "engine/pair_bounds.h"
 #include "engine/pass_walk.h"
@@ -37,8 +37,8 @@ public:
     void bisectEnd(int index, bool wanted);
     /// As that of `PlainWalk`.
     void scanEnd(int index, bool wanted);
-    /// Fills the pass first.
-    bool maximumOutside();
+    /// Finds ends and maximum of the pass.
+    void fill();
     /// As that of `PlainWalk`.
     void refineMaximum();
     /// Goes to the instant where the walk is, with the records of the search.
@@ -50,13 +50,6 @@ public:
     void findEventPoint(double t) { now = t; }
 
 private:
-    /// An instant of the pass that may be that of the greatest elevation.
-    struct Candidate
-    {
-        double t;
-        double least, most;  // the elevation lies between these, degrees
-    };
-
     /// An end of the pass: the instant of which its place is, and the place if it is known already.
     struct End
     {
@@ -76,10 +69,6 @@ private:
     void chooseModel(int slot);
     void noteInside(double t);
     void noteEnd(int index, double t);
-    void addCandidate(const Candidate& candidate);
-    void dropLower();
-    void resolveHighest();
-    void fill();
 
     int other;
     std::unique_ptr<SatPosData> scratch = std::make_unique<SatPosData>();
@@ -89,7 +78,6 @@ private:
     int parkedSlot = noSlot;
     double foundAt = std::numeric_limits<double>::quiet_NaN();  // the instant of the two positions
     End ends[3];
-    std::vector<Candidate> candidates;
-    double greatestLeast = -std::numeric_limits<double>::infinity();
+    HighestOf highest;
     double now = std::numeric_limits<double>::quiet_NaN();  // the instant where the walk is
 };

@@ -1,13 +1,21 @@
 #include "engine/fast_walk.h"
 
+#include <cmath>
+
+#include "astro/angles.h"
 #include "engine/ray_bounds.h"
 #include "record/progress.h"
 #include "record/text.h"
 
 namespace {
 
-constexpr double lowestElevationDeg = -90.0;
 constexpr std::size_t mostUnseen = 4096;
+constexpr double roundings = 1e-14;
+
+NearSight::Sine sineOf(double elevationDeg)
+{
+    return {std::sin(elevationDeg * radPerDeg), roundings};
+}
 
 }  // namespace
 
@@ -57,7 +65,7 @@ void FastWalk::findEventPoint(double t)
         position.complete();
 }
 
-void FastWalk::noteInside(double t)
+void FastWalk::notePoint(double t)
 {
     if (groundPoint || query.events == event::plain || !marks.wanted())
         return;
@@ -191,10 +199,16 @@ bool FastWalk::failsAt(double t, double& stepThere)
     return farBelow != Verdict::open;
 }
 
-/// Whether the bounds settle that the pass goes on at an instant, and that it is not the highest so far.
-bool FastWalk::holdsBelowBest(double t)
+/// What is settled at an instant of the walk through time, and the step from there if anything is.
+Verdict FastWalk::settledAt(double t, bool inside, double& stepThere)
 {
-    return bounds.notAboveBest(t) == Verdict::yes && conditionsAt(t) == Verdict::yes;
+    if (!inside && failsAt(t, stepThere))
+        return Verdict::no;
+    stepThere = oneMinuteDays;
+    const Verdict settled = conditionsAt(t);
+    if (settled == Verdict::no && in->numflg[isat])  // a numeric orbit goes on from the end of the pass
+        return Verdict::open;
+    return inside || settled == Verdict::yes ? settled : Verdict::open;
 }
 
 bool FastWalk::findPass(double t, double limit)
@@ -203,23 +217,19 @@ bool FastWalk::findPass(double t, double limit)
     unsigned instants = 0;
     while (!beyond(t, limit)) {
         double stepThere = oneMinuteDays;
-        if (inside ? holdsBelowBest(t) : failsAt(t, stepThere)) {
+        const Verdict settled = settledAt(t, inside, stepThere);
+        if (settled != Verdict::open)
             passBy(t);
-            if (inside)
-                noteInside(t);
-        } else {
-            const bool holds = look(t);
-            if (inside && !holds) {
-                putEnd(2, t);
-                return true;
-            }
-            if (holds)
-                noteHighest(t, inside);
-            if (holds)
-                noteInside(t);
-            inside = holds;
+        const bool holds = settled == Verdict::open ? look(t) : settled == Verdict::yes;
+        if (settled == Verdict::open)
             stepThere = step();
-        }
+        if (holds != inside)
+            noteEnd(inside ? 2 : 0, t);
+        if (inside && !holds)
+            return true;
+        inside = holds;
+        if (inside)
+            noteInside(t);
         const double next = t + sign * stepThere;
         if (!beyond(next, t))  // a time too far off for steps of a minute, or no number
             break;
@@ -227,62 +237,98 @@ bool FastWalk::findPass(double t, double limit)
         if (++instants % instantsPerTelling == 0 && !tellProgress(fieldText(in->fsname[isat]), t))
             return false;
     }
-    if (!found)
-        goTo(now);
-    if (inside)
-        putEnd(2, limit);
+    if (inside) {
+        noteEnd(2, now);
+        pass.tm[2] = limit;
+    }
     return inside;
 }
 
-void FastWalk::noteHighest(double t, bool inside)
+void FastWalk::putAside(int index, double t)
 {
-    if (!inside)
-        putEnd(0, t);
-    if (inside && !(sp->el[isat] > pass.a[1]))
+    position.look(t);
+    found = t == now;
+    complete = false;
+    put(index, pass.tm[index], sp->el[isat], sp->az[isat]);
+}
+
+void FastWalk::noteEnd(int index, double t)
+{
+    const bool known = found && t == now;
+    ends[index] = {t, known};
+    pass.tm[index] = t;
+    if (known)
+        put(index, t, sp->el[isat], sp->az[isat]);
+}
+
+double FastWalk::elevationAside(double t)
+{
+    position.look(t);
+    found = t == now;
+    complete = false;
+    return sp->el[isat];
+}
+
+void FastWalk::noteInside(double t)
+{
+    PassBounds::Estimate guessed{sp->el[isat], 0.0};
+    if (!found) {
+        guessed = bounds.elevation(t);
+    } else if (std::isnan(highestFound) || guessed.value > pass.a[1]) {
+        put(1, t, sp->el[isat], sp->az[isat]);
+        highestFound = t;
+    }
+    highest.add(t, guessed.value - guessed.doubt, guessed.value + guessed.doubt,
+                [this](double instant) { return elevationAside(instant); });
+    notePoint(t);
+}
+
+void FastWalk::fill()
+{
+    for (const int index : {0, 2})
+        fillEnd(index);
+    if (!query.recordsRead && query.events != event::plain)  // nobody asks for the maximum
         return;
-    put(1, t, sp->el[isat], sp->az[isat]);
-    bounds.setBest(sp->el[isat]);
+    const double t = highest.instant([this](double instant) { return elevationAside(instant); });
+    if (t != highestFound) {
+        pass.tm[1] = t;
+        putAside(1, t);
+    }
+    bounds.setBest(pass.a[1]);
 }
 
 void FastWalk::bisectEnd(int index, bool wanted)
 {
     double h = halfMinuteDays;
     double trial = pass.tm[index] - h;
-    bool endFound = true;
     for (int round = 0; round < bisectionRounds; ++round) {
         const Verdict settled = conditionsAt(trial);
         const bool holds = settled == Verdict::open ? look(trial) : settled == Verdict::yes;
         if (settled != Verdict::open)
             passBy(trial);
+        if (holds == wanted)
+            noteEnd(index, trial);
         if (holds)
-            noteInside(trial);
-        if (holds == wanted) {
-            endFound = settled == Verdict::open;
-            pass.tm[index] = trial;
-            if (endFound)
-                putEnd(index, trial);
-        }
+            notePoint(trial);
         h /= 2.0;
-        if (round + 1 < bisectionRounds)
-            trial += holds == wanted ? -h : h;
+        trial += holds == wanted ? -h : h;
     }
-    if (endFound)
-        return;
-    position.look(pass.tm[index]);
-    putEnd(index, pass.tm[index]);
-    found = pass.tm[index] == now;
-    complete = false;
+    fillEnd(index);
+}
+
+void FastWalk::fillEnd(int index)
+{
+    if (!ends[index].known)
+        putAside(index, ends[index].t);
+    ends[index].known = true;
 }
 
 void FastWalk::scanEnd(int index, bool wanted)
 {
     double trial = pass.tm[index] + oneMinuteDays;
-    for (int second = 0; second < secondsPerMinute; ++second, trial -= oneSecondDays) {
-        if (look(trial) == wanted) {
-            putEnd(index, trial);
-            return;
-        }
-    }
+    for (int second = 0; second < secondsPerMinute; ++second, trial -= oneSecondDays)
+        if (look(trial) == wanted)
+            return noteEnd(index, trial);
 }
 
 void FastWalk::refineMaximum()
@@ -299,23 +345,54 @@ void FastWalk::refineMaximum()
         scanMaximum(middle, beyond(middle + minute, pass.tm[2]) ? pass.tm[2] : middle + minute);
 }
 
+int FastWalk::compare(double t, const NearSight* sight, Second& best)
+{
+    if (Vec3 r; sight && position.stateAhead(t, r)) {
+        const NearSight::Sine sine = sight->sineAt(t, r);
+        const double over = sine.value - best.sine.value;
+        if (std::abs(over) > sine.doubt + best.sine.doubt) {
+            passBy(t);
+            if (over > 0.0)
+                best = {t, sine, false};
+            return over > 0.0 ? 1 : -1;
+        }
+    }
+    putBest(best);
+    const double el = elevation(t);
+    if (!(el > pass.a[1]))
+        return el < pass.a[1] ? -1 : 0;
+    put(1, t, el, sp->az[isat]);
+    best = {t, sineOf(el), true};
+    return 1;
+}
+
+void FastWalk::putBest(Second& best)
+{
+    if (best.inPass)
+        return;
+    pass.tm[1] = best.t;
+    putAside(1, best.t);
+    best = {best.t, sineOf(pass.a[1]), true};
+}
+
 /// Ends where the elevation falls below the best of the scan, which has none before it improves on the pass.
 void FastWalk::scanMaximum(double from, double to)
 {
-    double best = noneYetDeg;
+    const NearSight sight(position.scene());
+    const bool near = bounds.reachesFrom() <= now && now <= bounds.reachesTo();
+    Second best{pass.tm[1], sineOf(pass.a[1]), true};
+    bool risen = false;
     double t = from;
     for (int second = 0; second <= secondsPerMinute && !beyond(t, to); ++second, t += sign * oneSecondDays) {
-        if (best < lowestElevationDeg && bounds.notAboveBest(t) == Verdict::yes) {
+        if (!risen && bounds.notAboveBest(t) == Verdict::yes) {
             passBy(t);
             continue;
         }
         position.expect(t, sign * oneSecondDays);
-        const double el = elevation(t);
-        if (el > pass.a[1]) {
-            put(1, t, el, sp->az[isat]);
-            best = el;
-        }
-        if (el < best)
-            return;
+        const int over = compare(t, near ? &sight : nullptr, best);
+        risen = risen || over > 0;
+        if (risen && over < 0)
+            break;
     }
+    putBest(best);
 }

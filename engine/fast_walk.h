@@ -1,8 +1,13 @@
 // The search for a pass that finds no more of a position than it needs. For the engine alone.
 #pragma once
 
+#include <limits>
+#include <vector>
+
 #include "engine/event_marks.h"
+#include "engine/highest_of.h"
 #include "engine/lazy_position.h"
+#include "engine/near_sight.h"
 #include "engine/pass_bounds.h"
 #include "engine/pass_walk.h"
 
@@ -26,6 +31,8 @@ public:
     void bisectEnd(int index, bool wanted);
     /// As that of `PlainWalk`.
     void scanEnd(int index, bool wanted);
+    /// Finds those of ends and maximum of the pass that the bounds have settled.
+    void fill();
     /// As that of `PlainWalk`.
     void refineMaximum();
     /// Completes the instant where the walk is.
@@ -59,24 +66,51 @@ private:
     void passBy(double t);
     /// What the bounds settle of the conditions.
     Verdict conditionsAt(double t);
+    Verdict settledAt(double t, bool inside, double& stepThere);
     /// Whether the bounds settle that the conditions fail outside of passes, and the step from there.
     bool failsAt(double t, double& stepThere);
-    /// Whether the bounds settle that the pass goes on, no higher than its best so far.
-    bool holdsBelowBest(double t);
     /// Whether the Sun is higher at the observer: by the bounds, or by `exactly`.
     template <class Exactly>
     bool sunAbove(double degrees, Exactly exactly);
     /// Elevation, degrees.
     double sunAtObserver();
-    void putEnd(int index, double t) const { put(index, t, sp->el[isat], sp->az[isat]); }
-    void noteHighest(double t, bool inside);
-    /// Takes note of a ground point at an instant inside the pass, if that is asked for.
+    /// Elevation and azimuth of an index of the pass, at an instant that is not gone to.
+    void putAside(int index, double t);
+    void noteEnd(int index, double t);
+    /// Finds an end for the pass, if it is not there.
+    void fillEnd(int index);
+    /// The elevation there.
+    double elevationAside(double t);
+    /// Takes note of an instant inside the pass, which may be the highest.
     void noteInside(double t);
+    /// Takes note of a ground point at an instant inside the pass, if that is asked for.
+    void notePoint(double t);
     void scanMaximum(double from, double to);
+
+    /// The highest second of a scan so far.
+    struct Second
+    {
+        double t;
+        NearSight::Sine sine;
+        bool inPass;  // elevation and azimuth are in the pass
+    };
+
+    /// Goes to an instant; above 0 if it is higher than the highest so far, and takes its place, else 0 or below.
+    int compare(double t, const NearSight* sight, Second& best);
+
+    /// Finds the highest second for the pass, if it is not there.
+    void putBest(Second& best);
 
     LazyPosition position;
     EventMarks marks;
     bool groundPoint = false;
+    struct
+    {
+        double t;
+        bool known;  // elevation and azimuth are in the pass
+    } ends[3]{};
+    HighestOf highest;
+    double highestFound = std::numeric_limits<double>::quiet_NaN();  // of those found exactly; it is in the pass
     std::vector<double> unseen;  // instants inside the pass of which it is not known whether they have a ground point
     PassBounds bounds;
     double now = 0;        // the instant where the walk is

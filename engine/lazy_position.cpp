@@ -56,6 +56,12 @@ void LazyPosition::expect(double mjd, double step)
     s.ahead = &ahead;
 }
 
+bool LazyPosition::stateAhead(double mjd, Vec3& r) const
+{
+    Vec3 v;
+    return s.ahead && s.ahead->find(mjd - s.in->mjdep[s.isat], r, v);
+}
+
 void LazyPosition::needSun()
 {
     if (!std::exchange(known.sun, true))

@@ -34,6 +34,9 @@ public:
     /// Prepares for `look` at this instant and at others that follow it in equal steps, days.
     void expect(double mjd, double step);
 
+    /// The state of the model at an instant that `expect` has prepared, as `findState` has it; false if there is none.
+    bool stateAhead(double mjd, Vec3& r) const;
+
     double elevation() const { return s.sp->el[s.isat]; }  // degrees
     double azimuth() const { return s.sp->az[s.isat]; }    // degrees
     double sunAtObserver();                                // elevation, degrees

@@ -269,6 +269,19 @@ PassBounds::Estimate PassBounds::outsideLeastElevation(double t)
     return {satel.outside(horizon.sight(guide, *found, t)), guide.farthestOffKm()};
 }
 
+/// A point that moves by less than its distance is seen to move by the arc sine of the ratio.
+PassBounds::Estimate PassBounds::elevation(double t)
+{
+    const GuideOrbit::Place* found = guidePlace(t);
+    if (!found)
+        return nothingKnown;
+    const Horizon::Sight sight = horizon.sight(guide, *found, t);
+    const double ratio = found->offKm / std::sqrt(sight.up * sight.up + sight.aside * sight.aside);
+    if (!(ratio < 0.5))
+        return nothingKnown;
+    return {std::atan2(sight.up, sight.aside) * degPerRad, std::asin(ratio) * degPerRad};
+}
+
 double PassBounds::fastestKmPerS() const
 {
     return (guide.fastestKmPerMinute() + turnRadPerMinute * guide.farthestKm()) / 60.0;

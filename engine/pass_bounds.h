@@ -112,6 +112,9 @@ public:
     /// How far outside the cone of the least elevation the satellite is, km. The doubt holds for the whole guide.
     Estimate outsideLeastElevation(double t);
 
+    /// The satellite's elevation, degrees.
+    Estimate elevation(double t);
+
     /// How far outside the Earth's shadow the satellite is, km.
     Estimate outsideShadow(double t);
 

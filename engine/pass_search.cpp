@@ -82,6 +82,7 @@ int nextBy(auto&& walk, const PassQuery& q, double t0, double t1, Pass& pass)
         walk.bisectEnd(0, true);
     if (pass.tm[2] > t0 && pass.tm[2] < t1)
         walk.bisectEnd(2, false);
+    walk.fill();
     if (q.events != event::plain) {
         if (walk.eventImpossible())
             return passWithoutEvent;
@@ -103,6 +104,7 @@ int lastBy(auto&& walk, const PassQuery& q, double t0, double t1, Pass& pass)
         walk.scanEnd(0, true);
     if (pass.tm[2] > t1 && pass.tm[2] < t0)
         walk.scanEnd(2, false);
+    walk.fill();
     refine(walk);
     return 1;
 }

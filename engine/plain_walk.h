@@ -28,6 +28,9 @@ public:
     /// Whether a ground point was seen at an instant inside the pass.
     bool sawGroundPoint() const { return groundPoint; }
 
+    /// Fills what is left open of the pass: nothing.
+    void fill() const {}
+
     /// Whether it is certain that the pass has no event.
     bool eventImpossible() const { return false; }
 
