@@ -1,4 +1,4 @@
-// The satellites that fit a sighting.
+// The satellites that fit a sighting, or several.
 
 #include "astro/angles.h"
 #include "cli/entry_walk.h"
@@ -9,20 +9,19 @@
 namespace {
 
 constexpr int primeSlot = 0;
+constexpr double minutesPerDay = 1440.0;
 
 SightingQuery queryOf(const Session& session)
 {
-    const Request& request = session.request;
     SightingQuery query;
-    query.amongStars = !request.azel;
-    const Angles& place = query.amongStars ? *request.radec : *request.azel;
-    query.first = query.amongStars ? DegFDms(place.first / 15.0) : place.first;
-    query.second = query.amongStars ? DegFDms(place.second) : place.second;
-    query.radius = request.radius;
-    query.direction = request.direction;
-    query.time = session.now;
-    query.from = session.from;
-    query.until = session.to;
+    for (std::size_t i = 0; i < session.seenAt.size(); ++i) {
+        const auto& [at, place, equatorial] = session.request.sightings[i];
+        query.places.push_back({equatorial, equatorial ? DegFDms(place.first / 15.0) : place.first,
+                                equatorial ? DegFDms(place.second) : place.second, session.seenAt[i]});
+    }
+    query.radius = session.request.radius;
+    query.direction = session.request.direction;
+    query.halfWidth = session.request.window / minutesPerDay;
     return query;
 }
 

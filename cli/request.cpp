@@ -61,6 +61,9 @@ public:
     std::string text(const char* name) const;
     std::optional<double> number(const char* name, const Range& range);
     std::optional<Angles> angles(const char* name, const Range& second, const char* expected);
+    std::optional<Angles> anglesOf(const char* name, const std::string& word, const Range& second,
+                                   const char* expected);
+    std::vector<std::pair<std::string, std::string>> inOrder(const std::vector<std::string>& names) const;
     std::string oneOf(const char* name, const std::string& otherwise, const std::vector<std::string>& choices);
     void checkChoice(const char* name, const std::string& word, const std::vector<std::string>& choices);
     void site(Request& request);
@@ -146,14 +149,33 @@ std::optional<double> Values::number(const char* name, const Range& range)
 
 std::optional<Angles> Values::angles(const char* name, const Range& second, const char* expected)
 {
-    if (!on(name))
-        return std::nullopt;
-    const std::vector<double> numbers = commaNumbers(text(name));
+    return on(name) ? anglesOf(name, text(name), second, expected) : std::nullopt;
+}
+
+std::optional<Angles> Values::anglesOf(const char* name, const std::string& word, const Range& second,
+                                       const char* expected)
+{
+    const std::vector<double> numbers = commaNumbers(word);
     if (numbers.size() != 2 || std::abs(numbers[0]) > 360.0 || numbers[1] < second.from || numbers[1] > second.to) {
-        complain(wrong(name, text(name), expected));
+        complain(wrong(name, word, expected));
         return std::nullopt;
     }
     return Angles{numbers[0], numbers[1]};
+}
+
+/// Names and values of these options as they were typed one after the other.
+std::vector<std::pair<std::string, std::string>> Values::inOrder(const std::vector<std::string>& names) const
+{
+    std::vector<std::pair<std::string, std::string>> found;
+    for (const QString& option : parser.optionNames()) {
+        const std::string name = option.toStdString();
+        if (std::find(names.begin(), names.end(), name) == names.end())
+            continue;
+        const auto isName = [&name](const auto& pair) { return pair.first == name; };
+        const auto nth = static_cast<std::size_t>(std::count_if(found.begin(), found.end(), isName));
+        found.emplace_back(name, all(name.c_str()).at(nth));
+    }
+    return found;
 }
 
 void Values::checkChoice(const char* name, const std::string& word, const std::vector<std::string>& choices)
@@ -273,6 +295,25 @@ void takeSteps(Values& values, Request& request)
     request.numeric = values.on("numeric");
 }
 
+/// Times and places, the first place to the first time.
+void takeSightings(Values& values, Request& request)
+{
+    constexpr Range declination{-90, 90, ""};
+    const std::vector<std::string> times = values.all("at");
+    const auto places = values.inOrder({"azel", "radec"});
+    for (std::size_t i = 0; i < std::min(times.size(), places.size()); ++i) {
+        const auto& [name, place] = places[i];
+        const bool equatorial = name == "radec";
+        const char* expected = equatorial ? "RA,DEC in degrees, as 68.98,16.51" : "AZ,EL in degrees, as 205,38";
+        const auto angles = values.anglesOf(name.c_str(), place, declination, expected);
+        request.sightings.push_back({times[i], angles.value_or(Angles()), equatorial});
+    }
+    if (times.size() != places.size())
+        values.complain("expected one place, --azel AZ,EL or --radec RA,DEC, for each --at TIME");
+    if (request.direction && times.size() > 1)
+        values.complain("expected --direction with a single --at only; several tell the direction themselves");
+}
+
 void takeSighting(Values& values, Request& request)
 {
     constexpr Range declination{-90, 90, ""};
@@ -281,8 +322,11 @@ void takeSighting(Values& values, Request& request)
     request.radius = values.number("radius", {0.001, 180, "degrees above 0"}).value_or(request.radius);
     request.window = values.number("window", {0.001, 1440, "minutes above 0"}).value_or(request.window);
     request.direction = values.number("direction", {-360, 360, "degrees from -360 to 360"});
-    if (request.azel.has_value() == request.radec.has_value())
+    const bool several = values.all("at").size() > 1;
+    if (several ? !request.azel && !request.radec : request.azel.has_value() == request.radec.has_value())
         values.complain("expected either --azel AZ,EL or --radec RA,DEC");
+    if (values.on("at"))
+        takeSightings(values, request);
 }
 
 void takeReports(Values& values, Request& request)

@@ -51,6 +51,14 @@ struct Angles
     double first = 0, second = 0;
 };
 
+/// Where and when something was seen.
+struct Sighting
+{
+    std::string at;           // text of a time
+    Angles place;             // azimuth and elevation, or right ascension and declination of date
+    bool equatorial = false;  // the latter
+};
+
 struct Request
 {
     Task task = Task::passes;
@@ -95,8 +103,9 @@ struct Request
     std::optional<double> length;        // metres, for magnitudes
     std::string frame = "true-of-date";  // of states
     bool numeric = false;                // states by numerical flight
-    std::string at;                      // time of a sighting
+    std::string at;                      // time of a sighting, the last one of several
     std::optional<Angles> azel, radec;   // place of a sighting
+    std::vector<Sighting> sightings;     // all of them, of one satellite
     std::optional<Angles> size;          // width and height of a frame, degrees
     double angle = 0;                    // of its upper side
     std::optional<double> exposure;      // seconds

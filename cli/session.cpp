@@ -206,10 +206,13 @@ Problem findInterval(Session& session)
 
 Problem findSighting(Session& session)
 {
-    if (Problem problem = readTime(session, "at", session.request.at, session.now))
-        return problem;
-    session.from = session.now - session.request.window / minutesPerDay;
-    session.to = session.now + session.request.window / minutesPerDay;
+    for (const Sighting& sighting : session.request.sightings)
+        if (Problem problem = readTime(session, "at", sighting.at, session.seenAt.emplace_back()))
+            return problem;
+    const auto [first, last] = std::minmax_element(session.seenAt.begin(), session.seenAt.end());
+    session.now = session.seenAt.front();
+    session.from = *first - session.request.window / minutesPerDay;
+    session.to = *last + session.request.window / minutesPerDay;
     return {};
 }
 

@@ -37,7 +37,8 @@ struct Session
     std::vector<ElementFile> files;
     double now = 0;  // MJD UTC, as all instants
     double from = 0, to = 0;
-    double zoneHours = 0;  // of times without a zone and of tables
+    std::vector<double> seenAt;  // the times of the sightings
+    double zoneHours = 0;        // of times without a zone and of tables
 };
 
 /// Fills the session from its request. Files are opened for a try; nothing is written.

@@ -4,6 +4,7 @@
 #include "astro/calendar.h"
 #include "astro/earth.h"
 #include "astro/frames.h"
+#include "engine/aos_list.h"
 #include "engine/event_geometry.h"
 #include "engine/pass_search.h"
 #include "engine/position.h"
@@ -13,6 +14,7 @@
 #include <algorithm>
 #include <cmath>
 #include <string>
+#include <vector>
 
 namespace {
 
@@ -20,6 +22,8 @@ constexpr int primeSlot = 0;
 constexpr double secondsPerDay = 86400.0;
 constexpr double oneSecondDays = 1.0 / secondsPerDay;
 constexpr double slowRevPerDay = 2.0;
+constexpr double roundOrbitEcc = 0.1;
+constexpr double finestShiftDays = 0.001 / secondsPerDay;
 
 /// A place in the sky, radians.
 struct SkyPlace
@@ -43,30 +47,36 @@ double bearing(const SkyPlace& from, const SkyPlace& to)
                           std::sin(from.elevation) * std::cos(to.elevation) * std::cos(w));
 }
 
-/// Where the sighting was.
-class Sighting
+/// A place where something was seen, at other times.
+class Target
 {
 public:
-    Sighting(const WinpData& in, const SightingQuery& query) : record(in)
+    explicit Target(const SeenPlace& place) : entry{place.first, place.second, place.amongStars}, seen(place.time)
     {
-        record.rdf = query.amongStars ? 1 : 0;
-        record.az = query.first;
-        record.el = query.second;
-        record.mjd = query.time;
-        nutmat(julcent(query.time), eqeq, false);
+        nutmat(julcent(seen), eqeq, false);
     }
 
+    /// MJD UTC.
+    double seenAt() const { return seen; }
+
     /// A place among the stars moves with the sky.
-    SkyPlace at(double t) const
+    SkyPlace at(double t, const WinpData& in) const
     {
         SkyPlace place{};
-        convRDAE(&record, t, eqeq, place.azimuth, place.elevation);
+        toHorizontal(entry, in, t, eqeq, place.azimuth, place.elevation);
         return place;
     }
 
 private:
-    WinpData record;
+    SkyEntry entry;
+    double seen;
     double eqeq = 0;
+};
+
+/// A stretch of time, days after a sighting.
+struct Span
+{
+    double from, to;
 };
 
 SkyPlace satelliteAt(WinpData& in, double t)
@@ -75,51 +85,144 @@ SkyPlace satelliteAt(WinpData& in, double t)
     return {satpos->az[primeSlot] * radPerDeg, satpos->el[primeSlot] * radPerDeg};
 }
 
-/// The instant of a pass at which a satellite came nearest.
-struct Nearest
+/// When a satellite in slot 0 is visible around an instant.
+std::vector<Span> spansAround(WinpData& in, double centre, const SightingQuery& query)
 {
-    double time = 0;
-    double separation = 10.0;  // radians
+    std::vector<Span> spans;
+    const PassQuery search{&in, satpos, primeSlot};
+    const double until = centre + query.halfWidth;
+    double t = centre - query.halfWidth;
+    while (t <= until) {
+        Pass pass;
+        if (findNextPass(search, t, until, pass) == 0)
+            break;
+        spans.push_back({pass.tm[0] - centre, pass.tm[2] - centre});
+        const double next = timeAfterPass(search, pass);
+        if (query.asReported || !(next > t))
+            break;
+        t = next;
+    }
+    return spans;
+}
+
+/// What lies in both lists.
+std::vector<Span> common(const std::vector<Span>& one, const std::vector<Span>& other)
+{
+    std::vector<Span> both;
+    for (const Span& a : one)
+        for (const Span& b : other)
+            if (std::max(a.from, b.from) <= std::min(a.to, b.to))
+                both.push_back({std::max(a.from, b.from), std::min(a.to, b.to)});
+    return both;
+}
+
+/// How a satellite fits the sightings if it comes so much later than it was seen.
+struct Fit
+{
+    double late = 0;           // days
+    double separation = 10.0;  // radians, the greatest of all sightings
     bool fits = false;         // near enough, and moving the right way
 };
 
-Nearest nearestOf(WinpData& in, const Sighting& sighting, const SightingQuery& query, const double* pass)
+/// A satellite in slot 0 against all sightings.
+class Comparison
 {
-    Nearest best;
-    const double step = in.n0[primeSlot] < slowRevPerDay ? oneMinuteDays : oneSecondDays;
-    const double cosLimit = std::cos(query.radius * radPerDeg);
-    for (double t = pass[0]; t <= pass[2]; t += step) {
-        const SkyPlace place = satelliteAt(in, t);
-        const SkyPlace target = sighting.at(t);
-        const bool useDirection = query.direction && directionCounts(target.elevation, query.radius);
+public:
+    Comparison(WinpData& record, const std::vector<Target>& sightings, const SightingQuery& theQuery)
+        : in(record),
+          targets(sightings),
+          query(theQuery),
+          step(record.n0[primeSlot] < slowRevPerDay && record.ecc[primeSlot] < roundOrbitEcc ? oneMinuteDays
+                                                                                             : oneSecondDays),
+          cosLimit(std::cos(query.radius * radPerDeg))
+    {}
+
+    /// The best fit of all; it fits if one does.
+    Fit best(const std::vector<Span>& spans) const
+    {
+        Fit best;
+        bool fits = false;
+        for (const Span& span : spans) {
+            const Fit fit = refined(nearestStep(span, fits), span);
+            fits = fits || (fit.fits && !query.asReported);
+            if (fit.separation < best.separation)
+                best = fit;
+        }
+        best.fits = fits;
+        return best;
+    }
+
+private:
+    Fit nearestStep(const Span& span, bool& anyFits) const
+    {
+        Fit best;
+        for (double late = span.from; late <= span.to; late += step) {
+            const Fit fit = fitOf(late);
+            anyFits = anyFits || fit.fits;
+            if (fit.separation < best.separation)
+                best = fit;
+            const double t = targets.front().seenAt() + late;
+            if (!(t + step > t))  // a time too far off for such steps
+                break;
+        }
+        return best;
+    }
+
+    /// Between the steps beside the nearest one.
+    Fit refined(Fit best, const Span& span) const
+    {
+        for (double shift = step / 2.0; shift > finestShiftDays; shift /= 2.0)
+            for (const double late : {best.late - shift, best.late + shift}) {
+                const Fit fit = fitOf(std::clamp(late, span.from, span.to));
+                if (fit.separation < best.separation)
+                    best = fit;
+            }
+        return best;
+    }
+
+    Fit fitOf(double late) const
+    {
+        Fit fit{late, 0.0, true};
+        for (const Target& target : targets) {
+            const double t = target.seenAt() + late;
+            const SkyPlace place = satelliteAt(in, t);
+            const SkyPlace seen = target.at(t, in);
+            fit.separation = std::max(fit.separation, angleBetween(place, seen));
+            fit.fits = fit.fits && isNear(t, place, seen);
+        }
+        return fit;
+    }
+
+    bool isNear(double t, const SkyPlace& place, const SkyPlace& seen) const
+    {
+        const bool useDirection = query.direction && directionCounts(seen.elevation, query.radius);
         const SkyPlace then = useDirection ? satelliteAt(in, t + step) : place;
         const double direction = std::remainder(query.direction.value_or(0.0) * radPerDeg, twoPi);
-        best.fits = best.fits || mtchok(cosLimit, target.azimuth, target.elevation, place.azimuth, place.elevation,
-                                        direction, useDirection, then.azimuth, then.elevation) != 0;
-        const double separation = angleBetween(place, target);
-        if (separation < best.separation) {
-            best.separation = separation;
-            best.time = t;
-        }
-        if (!(t + step > t))
-            break;
+        return mtchok(cosLimit, seen.azimuth, seen.elevation, place.azimuth, place.elevation, direction, useDirection,
+                      then.azimuth, then.elevation) != 0;
     }
-    return best;
-}
 
-ListRow matchRow(WinpData& in, double seen, const Nearest& nearest)
+    WinpData& in;
+    const std::vector<Target>& targets;
+    const SightingQuery& query;
+    double step;  // days
+    double cosLimit;
+};
+
+ListRow matchRow(WinpData& in, double seen, const Fit& fit)
 {
+    const double time = seen + fit.late;
     const SatelliteName name = nameOf(in, primeSlot);
-    const SkyPlace then = satelliteAt(in, nearest.time + oneSecondDays);
-    const SkyPlace place = satelliteAt(in, nearest.time);
+    const SkyPlace then = satelliteAt(in, time + oneSecondDays);
+    const SkyPlace place = satelliteAt(in, time);
     const double direction = bearing(place, then) * degPerRad;
     const bool sunlit = satpos->sunel[primeSlot] >= 0.0;
     return {name.name,
             name.number,
             name.designator.empty() ? ListValue() : ListValue(name.designator),
-            ListTime{nearest.time},
-            nearest.separation * degPerRad,
-            (nearest.time - seen) * secondsPerDay,
+            ListTime{time},
+            fit.separation * degPerRad,
+            fit.late * secondsPerDay,
             place.azimuth * degPerRad,
             place.elevation * degPerRad,
             direction < 0.0 ? direction + 360.0 : direction,
@@ -134,11 +237,15 @@ ListRow matchRow(WinpData& in, double seen, const Nearest& nearest)
 
 std::optional<MatchFound> matchOf(WinpData& in, const SightingQuery& query)
 {
-    double tm[3] = {}, a[3] = {}, b[3] = {};
-    if (nextpass(&in, primeSlot, query.from, query.until, tm, a, b) == 0)
+    std::vector<Target> targets(query.places.begin(), query.places.end());
+    std::vector<Span> spans{{-query.halfWidth, query.halfWidth}};
+    for (const Target& target : targets) {
+        spans = common(spans, spansAround(in, target.seenAt(), query));
+        if (spans.empty())
+            return std::nullopt;
+    }
+    const Fit fit = Comparison(in, targets, query).best(spans);
+    if (!fit.fits)
         return std::nullopt;
-    const Nearest nearest = nearestOf(in, Sighting(in, query), query, tm);
-    if (!nearest.fits)
-        return std::nullopt;
-    return MatchFound{nearest.separation, matchRow(in, query.time, nearest)};
+    return MatchFound{fit.separation, matchRow(in, query.places.front().time, fit)};
 }

@@ -79,7 +79,7 @@ SightingQuery sightingOf(const WinpData& in)
 {
     constexpr double minutesPerDay = 1440.0;
     const double half = clampedSpan(2.0 * in.tm / minutesPerDay) / 2.0;
-    SightingQuery query{in.rdf != 0, in.az, in.el, in.mxa, {}, in.mjd, in.mjd - half, in.mjd + half};
+    SightingQuery query{{{in.rdf != 0, in.az, in.el, in.mjd}}, in.mxa, {}, half, true};
     if (in.drf)
         query.direction = in.dra;
     return query;
@@ -125,7 +125,8 @@ std::optional<std::string> matchesText(WinpData* in, ListForm form)
     const auto record = aloneIn(*in);
     const SightingQuery query = sightingOf(*record);
     const GrowingList list(form, {"matches", matchColumns(), ""},
-                           requestOfFile(*record, "match", query.from, query.until), *record);
+                           requestOfFile(*record, "match", in->mjd - query.halfWidth, in->mjd + query.halfWidth),
+                           *record);
     const auto search = [&](WinpData* own) {
         SortedRows rows;
         if (own->vis && !isBrighter(*own, onlySlot))

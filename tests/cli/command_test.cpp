@@ -192,6 +192,31 @@ TEST(Matches, AreThoseOfTheWindow)
     }
 }
 
+/// Two places of one satellite a minute apart, as `look` has them; the second one precessed to its date by hand.
+TEST(Matches, OfSeveralSightingsAreLateByTheSameTime)
+{
+    const char* first = " --azel 250.6584,22.9422";
+    const std::pair<const char*, std::string> cases[] = {
+        {"17:00:00.5 17:01:00.5", "10967,0"},
+        {"17:01:00.5 17:00:00.5", ""},  // the wrong way round
+        {"17:00:20.9 17:01:20.9", "10967,-20"},
+        {"17:00:20.5 17:01:22.5", ""},  // each would fit with a shift of its own
+        {"17:02:30.5 17:03:30.5", ""},  // beyond the window
+    };
+    for (const auto& [times, expected] : cases) {
+        const QStringList at = QString(times).split(' ');
+        const QString line = "match --at 2018-01-20T%1Z" + QString(first) +
+                             " --radec 317.6718,15.3146 --at 2018-01-20T%2Z --radius 0.05 --format csv";
+        std::string found;
+        for (const std::string& row : linesOf(runEvening(wordsOfLine(line.arg(at[0], at[1]).toStdString())).out)) {
+            const QStringList cells = QString::fromStdString(row).split(',');
+            if (cells[1] != "catalogue_number")
+                found += (cells[1] + ',' + QString::number(cells[5].toDouble(), 'f', 0)).toStdString();
+        }
+        EXPECT_EQ(found, expected) << times;
+    }
+}
+
 TEST_F(Command, OffersEveryWordInManualPageAndCompletions)
 {
     for (const char* file :
