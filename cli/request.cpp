@@ -173,7 +173,9 @@ std::vector<std::pair<std::string, std::string>> Values::inOrder(const std::vect
             continue;
         const auto isName = [&name](const auto& pair) { return pair.first == name; };
         const auto nth = static_cast<std::size_t>(std::count_if(found.begin(), found.end(), isName));
-        found.emplace_back(name, all(name.c_str()).at(nth));
+        const std::vector<std::string> given = all(name.c_str());
+        if (nth < given.size())  // the last word of a line may lack its value
+            found.emplace_back(name, given[nth]);
     }
     return found;
 }

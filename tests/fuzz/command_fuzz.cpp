@@ -67,11 +67,13 @@ Words randomLine(fuzz::Dice& dice)
     const TaskWords& task = allTasks()[dice.below(allTasks().size())];
     Words words{task.name};
     if (!dice.oneIn(4))
-        words.insert(words.end(), {"--site", "48.2,16.4", "--from", "2018-01-20T16:00Z"});
+        words.insert(words.end(), {"--site", "48.2,16.4"});
+    if (task.task != Task::match && !dice.oneIn(4))
+        words.insert(words.end(), {"--from", "2018-01-20T16:00Z"});
     if (task.task == Task::contacts)
         words.insert(words.end(), {"10967", "25263"});
-    if (task.task == Task::match)
-        words.insert(words.end(), {"--at", "2018-01-20T17:00Z", "--azel", "180,45"});
+    for (bool more = task.task == Task::match; more; more = dice.oneIn(3))
+        words.insert(words.end(), {"--at", "2018-01-20T17:00Z", dice.oneIn(2) ? "--azel" : "--radec", "180,45"});
     if (!dice.oneIn(3) && (allOptions()[6].tasks & bitOf(task.task)))
         words.insert(words.end(), {"--days", "0.05"});
     for (std::size_t more = dice.below(4); more > 0; --more) {
