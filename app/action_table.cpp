@@ -264,6 +264,25 @@ std::span<const VorlixApp::ActionRow> VorlixApp::actionRows()
                  "text stands out from its ground, the night lets the map of the Earth through, the region that sees "
                  "a satellite is filled, and the sky has rings of altitude and the lines of the constellations."),
             nullptr, &App::slotViewReadable},
+        ActionRow{&App::fileSavePicture, "fileSavePicture", TEXT("Save Pict&ure..."), "", "",
+            TEXT("Saves what is on the screen as a picture."),
+            TEXT("Save Picture\n\nSaves the text, map, sky or picture on the screen as a PNG file, as large as it is "
+                 "drawn."),
+            &App::slotFileSavePicture, nullptr},
+        ActionRow{&App::filePrint, "filePrint", TEXT("P&rint..."), "", "",
+            TEXT("Prints what is on the screen."),
+            TEXT("Print\n\nPrints the text, map, sky or picture on the screen, drawn anew for the paper. Each page tells "
+                 "the observation site, the prime satellite and the epoch of its elements."),
+            &App::slotFilePrint, nullptr},
+        ActionRow{&App::filePdf, "filePdf", TEXT("Print to P&DF..."), "", "",
+            TEXT("Prints what is on the screen into a file."),
+            TEXT("Print to PDF\n\nWrites the pages that would be printed into a PDF file."),
+            &App::slotFilePdf, nullptr},
+        ActionRow{&App::editCopyPicture, "editCopyPicture", TEXT("Copy &Picture"), "", "",
+            TEXT("Copies what is on the screen to the clipboard as a picture."),
+            TEXT("Copy Picture\n\nCopies the text, map, sky or picture on the screen to the clipboard, as a picture as "
+                 "large as it is drawn."),
+            &App::slotEditCopyPicture, nullptr},
         ActionRow{&App::viewLarger, "viewLarger", TEXT("Lar&ger"), "Ctrl++", "",
             TEXT("Draws texts, maps and pictures larger."),
             TEXT("Larger\n\nDraws texts, maps and pictures larger, in steps of 100, 125, 150, 200, 250 and 300 percent. "

@@ -164,7 +164,8 @@ void VorlixApp::initMenuBar()
 {
     fileMenu = makeMenu("fileMenu", tr("&File"),
                         {fileOpen, fileUpdate, nullptr, fileSave, fileSaveAs, nullptr, fileTLESave, fileTLESaveAs,
-                         nullptr, filePicture, nullptr, fileQuit, nullptr, fileExport, fileObservation});
+                         nullptr, filePicture, nullptr, fileQuit, nullptr, fileExport, fileObservation, nullptr,
+                         fileSavePicture, filePrint, filePdf});
     inputMenu = makeMenu("inputMenu", tr("&Input"),
                          {inputSelectSat, inputRemoveSat, inputNextSat, nullptr, inputDate, inputLocation, nullptr,
                           inputIers, inputStation});
@@ -182,7 +183,7 @@ void VorlixApp::initMenuBar()
                          nullptr,      viewToolBar, viewStatusBar,    nullptr,    viewReadable,  nullptr,
                          viewLarger,   viewSmaller, viewOriginalSize, viewFit});
     settMenu = makeMenu("settMenu", tr("&Settings"), {settSysConf, settThorough});
-    editMenu = makeMenu("editMenu", tr("&Edit"), {editCopy});
+    editMenu = makeMenu("editMenu", tr("&Edit"), {editCopy, editCopyPicture});
     helpMenu = makeMenu("helpMenu", tr("&Help"), {helpAbout, helpAboutQt, nullptr, helpQuick, nullptr, whatsThis});
 }
 

@@ -94,6 +94,10 @@ public Q_SLOTS:
     void slotViewMap();
     void slotViewText();
     void slotViewNames(bool on);
+    void slotFileSavePicture();
+    void slotFilePrint();
+    void slotFilePdf();
+    void slotEditCopyPicture();
     void slotViewReadable(bool on);
     void slotViewLarger();
     void slotViewSmaller();
@@ -165,6 +169,7 @@ private:
     bool arrowKey(int key);
     bool digitKey(int key);
     void setPictureSize(int code);
+    QString askForPictureName(const QString& caption, const QString& name, const QString& ending);
     void chooseSize(double factor);
     void tellSize();
     void restoreSize();
@@ -196,7 +201,11 @@ private:
     QAction* fileQuit = nullptr;
     QAction* fileExport = nullptr;
     QAction* fileObservation = nullptr;
+    QAction* fileSavePicture = nullptr;
+    QAction* filePrint = nullptr;
+    QAction* filePdf = nullptr;
     QAction* editCopy = nullptr;
+    QAction* editCopyPicture = nullptr;
     QAction* inputSelectSat = nullptr;
     QAction* inputRemoveSat = nullptr;
     QAction* inputNextSat = nullptr;

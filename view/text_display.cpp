@@ -28,11 +28,11 @@ QFont reportFont()
     return QFont("helvetica", fsz);
 }
 
-/// The pixmap made white, and the pencil that writes a report into it.
+/// The pencil that writes a report.
 class ReportPainter
 {
 public:
-    explicit ReportPainter(QPixmap& pixmap) : painter(&pixmap), metrics(prepare()), cell(widthOf('M')) {}
+    explicit ReportPainter(QPainter& on) : painter(on), metrics(prepare()), cell(widthOf('M')) {}
 
     int ascent() const { return metrics.ascent(); }
 
@@ -75,7 +75,7 @@ private:
             painter.drawText(x, y, QString::fromUcs4(&c, 1));
     }
 
-    QPainter painter;
+    QPainter& painter;
     QFontMetrics metrics;
     int cell;
 };
@@ -116,26 +116,49 @@ QSize VorlixView::pageSize() const
     return {textSize.width(), std::min(height, textSize.height())};
 }
 
+/// What the lines take up, with a margin on the right as on the left.
+QSize VorlixView::reportSize() const
+{
+    const QFontMetrics metrics(reportFont());
+    const int cell = metrics.horizontalAdvance(u'M');
+    int width = 0;
+    for (int i = 0; i < shownReport.nlines; ++i) {
+        const QString line = textQString(lineText(shownReport, i));
+        const bool cells =
+            line.contains(u'\t') || (shownStyle.fixed && layoutOf(shownReport, i) == LineLayout::table);
+        width = std::max(width, cells ? static_cast<int>(line.size()) * cell : metrics.horizontalAdvance(line));
+    }
+    const int height = shownReport.nlines * metrics.ascent() + metrics.height();
+    return QSize(width + 2 * leftMargin, height).boundedTo(textSize);
+}
+
 void VorlixView::paintPage()
 {
     if (zoom != 1.0)
         txtPix = pixmapOf(pageSize(), scale);
     txtPix.fill(Qt::white);
-    ReportPainter page(txtPix);
-    const auto [fixed, first] = shownStyle;
-    lineHeight = page.ascent();
+    QPainter painter(&txtPix);
+    paintLines(painter, 0, shownReport.nlines);
+    lineHeight = painter.fontMetrics().ascent();
     int rows = 0;
+    for (int i = 0; i < shownReport.nlines && shownStyle.first > 0; ++i)
+        if (selectable(shownReport, i) && rows < rowsWithPosition)
+            epos[rows++] = i * lineHeight - rowGap;
+}
+
+/// The lines from `first` on up to `end`, from the top.
+void VorlixView::paintLines(QPainter& painter, int first, int end) const
+{
+    ReportPainter page(painter);
     int y = 0;
-    for (int i = 0; i < shownReport.nlines; ++i) {
+    for (int i = first; i < end; ++i) {
         y += page.ascent();
         const std::string_view line = lineText(shownReport, i);
-        if (first > 0 && selectable(shownReport, i) && rows < rowsWithPosition)
-            epos[rows++] = y - page.ascent() - rowGap;
-        const QString letters = textQString(line.substr(std::min(first, line.size())));
-        if (fixed && layoutOf(shownReport, i) == LineLayout::table)
+        const QString letters = textQString(line.substr(std::min(shownStyle.first, line.size())));
+        if (shownStyle.fixed && layoutOf(shownReport, i) == LineLayout::table)
             page.paintOnGrid(letters, y);
         else
-            page.paintSideBySide(letters, static_cast<int>(first), y);
+            page.paintSideBySide(letters, static_cast<int>(shownStyle.first), y);
     }
 }
 

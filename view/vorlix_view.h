@@ -29,6 +29,7 @@
 #include "view/marks.h"
 
 class QImage;
+class QPagedPaintDevice;
 class QPainter;
 enum class ListForm : int;
 struct DiskFrame;
@@ -255,6 +256,19 @@ public:
     /// Plots the satellites on a measured picture; does nothing before its three stars are marked.
     void PicPlot(double t);
 
+    // --- what is on show, to take along
+    /// Text up to its last line, a map with its legend, or the loaded picture, in pixels of the screen.
+    QImage pictureOnShow() const;
+    void vCopyPicture();
+    /// As PNG. @return  false after a message
+    bool vSavePicture(const QString& name);
+    /// @return  false after a message
+    bool vPrintToPdf(const QString& name);
+    /// A report in lines, on as many pages as it takes; all else on one. Each page tells place, satellite and epoch.
+    /// The device has `paperDotsPerInch`.
+    void vPrint(QPagedPaintDevice& device);
+    static constexpr int paperDotsPerInch = 96;  // as on the screen: letters have the sizes of its layout
+
     // --- what is on show, for tests that look at pixels
     /// The next plot paints all of its legend and display, not only what differs from the plot before.
     void forgetPlot();
@@ -296,6 +310,11 @@ private:
     QSize zoomed(const QSize& size) const;
     QRegion zoomed(const QRegion& region) const;
     QSize pageSize() const;
+    QSize reportSize() const;
+    void paintLines(QPainter& painter, int first, int end) const;
+    void printHeader(QPainter& painter) const;
+    void printReport(QPainter& painter, QPagedPaintDevice& device, const QRect& body);
+    void printPicture(QPainter& painter, const QRect& body);
     int lowestScroll() const;
 
     // settings
