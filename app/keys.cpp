@@ -91,8 +91,25 @@ bool VorlixApp::otherKey(int key)
         slotPlotNext();
         return true;
     default:
-        return arrowKey(key) || digitKey(key);
+        return rowKey(key) || arrowKey(key) || digitKey(key);
     }
+}
+
+/// On a pass table: a row is chosen and its details are opened.
+bool VorlixApp::rowKey(int key)
+{
+    if (!view->hasRows())
+        return false;
+    if (key == Qt::Key_Return || key == Qt::Key_Enter) {
+        view->openMarkedRow();
+        return true;
+    }
+    if (key != Qt::Key_Up && key != Qt::Key_Down)
+        return false;
+    slotStopTime();
+    const QPoint row = view->markNextRow(key == Qt::Key_Down ? 1 : -1).center();
+    scrollArea->ensureVisible(0, row.y());
+    return true;
 }
 
 bool VorlixApp::arrowKey(int key)

@@ -166,6 +166,7 @@ private:
     void scrollHome();
     bool letterKey(int key);
     bool otherKey(int key);
+    bool rowKey(int key);
     bool arrowKey(int key);
     bool digitKey(int key);
     void setPictureSize(int code);

@@ -185,9 +185,7 @@ void VorlixView::pointAtRow(int row, const QPoint& pointer)
 {
     if (row == pointedRow)
         return;
-    for (const int changed : {std::exchange(pointedRow, row), row})
-        if (changed >= 0)
-            viewport()->update(zoomed(rowOnShow(changed)));
+    markRow(row);
     setCursor(row >= 0 ? Qt::PointingHandCursor : Qt::ArrowCursor);
     if (row < 0 || std::exchange(rowsTold, true))
         return;
@@ -195,6 +193,32 @@ void VorlixView::pointAtRow(int row, const QPoint& pointer)
                        indata->leftbtn ? tr("A click on a row shows the details of the pass.")
                                        : tr("A click with the right button on a row shows the details of the pass."),
                        viewport());
+}
+
+void VorlixView::markRow(int row)
+{
+    for (const int changed : {std::exchange(pointedRow, row), row})
+        if (changed >= 0)
+            viewport()->update(zoomed(rowOnShow(changed)));
+}
+
+bool VorlixView::hasRows() const
+{
+    return indata->dspmd == -1 && indata->naos > 0;
+}
+
+QRect VorlixView::markNextRow(int rows)
+{
+    const int last = std::min(indata->naos, rowsWithPosition) - 1;
+    const int start = rows > 0 ? -1 : last + 1;
+    markRow(std::clamp((pointedRow >= 0 ? pointedRow : start) + rows, 0, last));
+    return zoomed(rowOnShow(pointedRow)).boundingRect();
+}
+
+void VorlixView::openMarkedRow()
+{
+    if (pointedRow >= 0)
+        showPassDetails(epos[pointedRow] + 1);
 }
 
 void VorlixView::showPassDetails(int y)

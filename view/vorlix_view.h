@@ -136,6 +136,12 @@ public:
     void showSattxt();
     /// Opens the details of the row at the height y of the pass table.
     void showPassDetails(int y);
+    /// Whether a pass table is on show whose rows can be chosen.
+    bool hasRows() const;
+    /// Marks the row so many below the marked one, or the first or last. @return  its place on the widget
+    QRect markNextRow(int rows);
+    /// The same details of the marked row.
+    void openMarkedRow();
 
     // --- plot clock
     // the first three take a text to the map, but leave a pass table on show
@@ -324,6 +330,7 @@ private:
     void paintReport(const ReportStyle& style);
     void paintPage();
     void pointAtRow(int row, const QPoint& pointer);
+    void markRow(int row);
     QRect rowOnShow(int row) const;
     void openPassDetails();
 
@@ -409,7 +416,7 @@ private:
     WoutData shownReport;  // in txtPix
     ReportStyle shownStyle;
     int lineHeight = 0;     // of it
-    int pointedRow = -1;    // of the pass table, under the pointer
+    int pointedRow = -1;    // of the pass table, under the pointer or chosen by keys
     bool rowsTold = false;  // by a tool tip, that they can be clicked
 
     std::unique_ptr<WinpData> listedRecord;  // that the last table was made with,

@@ -49,6 +49,28 @@ private Q_SLOTS:
         QCOMPARE(indata->dspmd, 1);
     }
 
+    void rowsOfTheTableAreChosenByKeys()
+    {
+        windows::select("ISS");
+        show();
+        choose("A");
+        choose("Return");  // no row is marked yet
+        QStringList byMouse, byKeys;
+        choose("row 2", {answer("see passEdit; closeButton", &byMouse)});
+        canvas()->showSattxt();
+        for (const char* key : {"Down", "Down", "Down", "Up", "Down"})
+            choose(key);
+        choose("Return", {answer("see passEdit; closeButton", &byKeys)});
+        QVERIFY(byKeys.value(0).contains("ISS (ZARYA)"));
+        QCOMPARE(byKeys, byMouse);
+        for (int i = 0; i < 200; ++i)
+            choose("Down");
+        QVERIFY(canvas()->mapToParent(QPoint(0, epos[indata->naos - 1])).y() < canvas()->parentWidget()->height());
+        choose("Up");
+        choose("Return", {answer("closeButton")});
+        QCOMPARE(indata->aossel, indata->naos - 2);
+    }
+
     void arrowsStopARealTimePlotAndStep()
     {
         indata->tmstep = 0.25;
