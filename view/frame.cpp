@@ -16,6 +16,7 @@
 #include "record/text.h"
 #include "record/wout_data.h"
 #include "reports/welcome.h"
+#include "view/canvas_accessible.h"
 #include "view/message_boxes.h"
 #include "view/painting.h"
 
@@ -36,6 +37,7 @@ VorlixView::VorlixView(QWidget* parent) : QScrollArea(parent)
     viewport()->setAttribute(Qt::WA_OpaquePaintEvent);
     viewport()->setMouseTracking(true);
     setFocusPolicy(Qt::NoFocus);  // a click that means nothing leaves the keys to the main window
+    makeCanvasAccessible();
     resize(720, 600);
     outdata->nlines = 0;
     swelcm(indata, outdata);
@@ -82,6 +84,7 @@ void VorlixView::update()
         viewport()->repaint();
     unseen.reset();
     tellNextClick();
+    announce();
 }
 
 const QPixmap& VorlixView::pixmapOnShow() const

@@ -6,6 +6,7 @@
 #include <string_view>
 #include <utility>
 
+#include <QAccessible>
 #include <QFontMetrics>
 #include <QPainter>
 #include <QToolTip>
@@ -200,6 +201,11 @@ void VorlixView::markRow(int row)
     for (const int changed : {std::exchange(pointedRow, row), row})
         if (changed >= 0)
             viewport()->update(zoomed(rowOnShow(changed)));
+    if (row >= 0 && QAccessible::isActive()) {
+        QAccessibleEvent chosen(this, QAccessible::Focus);
+        chosen.setChild(row);
+        QAccessible::updateAccessibility(&chosen);
+    }
 }
 
 bool VorlixView::hasRows() const

@@ -2,8 +2,8 @@
 // and the commands `v...` that run the dialogs, call the engine and show what comes of it.
 //
 // The class is large by nature. Its files by subject: frame, text display, plot clock, satellite plot, mouse picks,
-// selection, files, searches, orbits, settings; and the drawing: world map, sky map, satellite
-// overlay, map legend, disk plot, picture.
+// selection, files, searches, orbits, settings, what is taken along, what is spoken; and the drawing: world map, sky
+// map, satellite overlay, map legend, disk plot, picture.
 #pragma once
 
 #include <array>
@@ -262,6 +262,19 @@ public:
     /// Plots the satellites on a measured picture; does nothing before its three stars are marked.
     void PicPlot(double t);
 
+    // --- what is on show, in words
+    bool showsText() const;
+    /// Which display it is.
+    QString spokenName() const;
+    /// The lines of the report, or one sentence on the prime satellite.
+    QString spokenText() const;
+    /// Of the pass table, 0 if none is on show.
+    int rowCount() const;
+    QString rowText(int row) const;
+    QRect rowRect(int row) const;
+    int markedRow() const { return hasRows() ? pointedRow : -1; }
+    void openRow(int row);
+
     // --- what is on show, to take along
     /// Text up to its last line, a map with its legend, or the loaded picture, in pixels of the screen.
     QImage pictureOnShow() const;
@@ -331,6 +344,8 @@ private:
     void paintPage();
     void pointAtRow(int row, const QPoint& pointer);
     void markRow(int row);
+    QString spokenPlot() const;
+    void announce();
     QRect rowOnShow(int row) const;
     void openPassDetails();
 
@@ -418,6 +433,8 @@ private:
     int lineHeight = 0;     // of it
     int pointedRow = -1;    // of the pass table, under the pointer or chosen by keys
     bool rowsTold = false;  // by a tool tip, that they can be clicked
+
+    QString toldName, toldText;  // to assistive programs
 
     std::unique_ptr<WinpData> listedRecord;  // that the last table was made with,
     std::string listedText;                  // and its lines
