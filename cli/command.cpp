@@ -20,9 +20,9 @@ namespace {
 using TaskFunction = Problem (*)(const Session&, const Channels&, Answer&);
 
 // in the order of Task
-constexpr std::array<TaskFunction, 13> functions{findPasses,  findEvents,  findContacts,    lookAt,   followTracks,
-                                                 tellStates,  findMatches, convertElements, findNext, whatIsUp,
-                                                 tellReports, fitOrbits,   findCrossings};
+constexpr std::array<TaskFunction, 14> functions{
+    findPasses,      findEvents, findContacts, lookAt,      followTracks, tellStates,    findMatches,
+    convertElements, findNext,   whatIsUp,     tellReports, fitOrbits,    findCrossings, identifyPicture};
 
 /// For the length of a scope.
 class Workers

@@ -1,8 +1,8 @@
 // Satellites that cross a field of the sky.
 
+#include "cli/brightness.h"
 #include "cli/entry_walk.h"
 #include "cli/tasks.h"
-#include "elements/brightness_files.h"
 #include "observing/field_list.h"
 #include "reports/list_rows.h"
 
@@ -36,20 +36,6 @@ FieldQuery queryOf(const Session& session)
     return query;
 }
 
-BrightnessBook bookOf(const Session& session, const Channels& channels)
-{
-    const Request& request = session.request;
-    BrightnessSettings settings = request.withoutConfig ? BrightnessSettings() : keptBrightnessSettings(0.0);
-    settings.lengthM = request.length.value_or(settings.lengthM);
-    std::string unread;
-    BrightnessBook book = brightnessBook(settings, "", &unread);
-    for (const ElementFile& file : session.files)
-        book.classes.merge(readRadarClasses(file.path.c_str()));
-    if (!unread.empty())
-        channels.err("vorlix: " + unread + '\n');
-    return book;
-}
-
 }  // namespace
 
 Problem findCrossings(const Session& session, const Channels& channels, Answer& answer)
@@ -57,7 +43,7 @@ Problem findCrossings(const Session& session, const Channels& channels, Answer& 
     const FieldQuery query = queryOf(session);
     if (query.to - query.from > longestDays)
         return {status::wrongWords, "vorlix field: the interval is longer than a day; expected a shorter --exposure"};
-    const BrightnessBook book = bookOf(session, channels);
+    const BrightnessBook book = brightnessOf(session, channels);
     std::vector<FieldCrossing> all;
     EntryWalk walk(session, channels, [&] { return !session.request.free && answer.full(); });
     const auto search = [&](EntryRows& entry) {

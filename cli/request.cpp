@@ -359,12 +359,28 @@ void takeSatellites(Values& values, const TaskWords& task, Request& request)
         values.complain("expected two satellites: vorlix contacts A B");
     if (task.task == Task::fit && request.satellites.size() != (request.initial ? 0 : 1))
         values.complain("expected either --satellite with the one to start from, or --initial");
-    if (task.task != Task::contacts && task.task != Task::fit && !values.arguments.empty())
+    const bool arguments = task.task == Task::contacts || task.task == Task::fit || task.task == Task::identify;
+    if (!arguments && !values.arguments.empty())
         values.complain(inQuotes(values.arguments[0]) +
                         ": expected an option, or --satellite in front of a satellite");
     for (const std::string& which : request.satellites)
         if (QString::fromStdString(which).trimmed().isEmpty())
             values.complain("--satellite: expected a name, a catalogue number or a designator");
+}
+
+void takePicture(Values& values, Request& request)
+{
+    if (values.arguments.size() != 1)
+        values.complain("expected one picture");
+    else
+        request.picture = values.arguments[0];
+    request.exposure = values.number("exposure", {0.001, 86400, "seconds up to 86400"});
+    request.clockOffset = values.number("clock-offset", {-1e9, 1e9, "seconds"}).value_or(0.0);
+    if (!values.on("streak"))
+        return;
+    request.streak = commaNumbers(values.text("streak"));
+    if (request.streak.size() != 4)
+        values.complain("--streak: expected X1,Y1,X2,Y2 in pixels");
 }
 
 void takeInstant(Values& values, Request& request)
@@ -426,6 +442,8 @@ ReadWords readWords(const std::vector<std::string>& words)
             takeInstant(values, read.request);
         if (bit == bitOf(Task::match) || bit == bitOf(Task::field))
             takeSighting(values, read.request);
+        if (bit == bitOf(Task::identify))
+            takePicture(values, read.request);
         if (bit == bitOf(Task::field))
             takeField(values, read.request);
         read.complaint = values.complaint;

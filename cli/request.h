@@ -22,7 +22,8 @@ enum class Task
     now,
     report,
     fit,
-    field
+    field,
+    identify
 };
 
 /// How a command line ends.
@@ -109,10 +110,13 @@ struct Request
     std::optional<Angles> size;          // width and height of a frame, degrees
     double angle = 0;                    // of its upper side
     std::optional<double> exposure;      // seconds
-    bool free = false;                   // the times without a satellite instead
-    double radius = 2;                   // degrees
-    double window = 1;                   // minutes to both sides
-    std::optional<double> direction;     // degrees
+    std::string picture;
+    std::vector<double> streak;       // x1, y1, x2, y2 in pixels; empty: the picture is searched
+    double clockOffset = 0;           // seconds that the clock of the camera was behind
+    bool free = false;                // the times without a satellite instead
+    double radius = 2;                // degrees
+    double window = 1;                // minutes to both sides
+    std::optional<double> direction;  // degrees
 };
 
 /// The outcome of reading a command line.

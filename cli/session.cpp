@@ -93,7 +93,8 @@ std::vector<std::string> siteNames(const WinpData& in)
 bool needsSite(const Request& request)
 {
     const bool above = request.task == Task::track || request.task == Task::state || request.task == Task::contacts;
-    return request.task != Task::convert && request.task != Task::report && (!above || request.from == "tonight");
+    return request.task != Task::convert && request.task != Task::report && request.task != Task::identify &&
+           (!above || request.from == "tonight");
 }
 
 Problem findSite(Session& session, bool saved)

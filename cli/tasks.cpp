@@ -1,5 +1,6 @@
 #include "cli/tasks.h"
 
+#include "imaging/trail_list.h"
 #include "observing/field_list.h"
 #include "observing/observation_list.h"
 
@@ -26,6 +27,8 @@ ListKind listOf(const Request& request)
     case Task::field:
         return request.free ? ListKind{"free_intervals", freeColumns(), ""}
                             : ListKind{"crossings", crossingColumns(), ""};
+    case Task::identify:
+        return {"trails", trailColumns(), ""};
     case Task::convert:
         return {"", {}, ""};
     default:

@@ -20,4 +20,5 @@ Problem whatIsUp(const Session& session, const Channels& channels, Answer& answe
 Problem tellReports(const Session& session, const Channels& channels, Answer& answer);
 Problem fitOrbits(const Session& session, const Channels& channels, Answer& answer);
 Problem findCrossings(const Session& session, const Channels& channels, Answer& answer);
+Problem identifyPicture(const Session& session, const Channels& channels, Answer& answer);
 Problem convertElements(const Session& session, const Channels& channels, Answer& answer);

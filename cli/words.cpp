@@ -59,6 +59,9 @@ constexpr std::array tasks{
     TaskWords{Task::field, "field", "", "satellites that cross a field of the sky during an exposure", listForms,
      {"field --radec 83.8,-5.4 --size 3.2,2.1 --from 2018-01-20T17:00Z --exposure 60",
       "field --azel 180,45 --radius 5 --days 0.04 --visible --free"}},
+    TaskWords{Task::identify, "identify", "PICTURE", "satellites on a picture that has a solution, those that fit its streaks first",
+     listForms,
+     {"identify night.fits --elements all.txt", "identify night.jpg --streak 210,95,1830,1204 --exposure 30"}},
 };
 
 constexpr unsigned everyTask = (1u << tasks.size()) - 1;
@@ -108,7 +111,7 @@ constexpr std::array options{
     OptionWords{"max-magnitude", "NUMBER", bitOf(Task::events), "faintest flare of kind iridium"},
     OptionWords{"step", "SECONDS", stepped, "between two rows; 60 without it"},
     OptionWords{"frequency", "HZ", bitOf(Task::look), "transmitter, for the Doppler shift"},
-    OptionWords{"length", "METRES", bitOf(Task::passes) | bitOf(Task::look) | bitOf(Task::now) | bitOf(Task::field),
+    OptionWords{"length", "METRES", bitOf(Task::passes) | bitOf(Task::look) | bitOf(Task::now) | bitOf(Task::field) | bitOf(Task::identify),
                 "size of the satellite, for magnitudes; of passes where nothing else is known"},
     OptionWords{"frame", "FRAME", bitOf(Task::state), "true-of-date, mean-of-date, j2000 or earth-fixed"},
     OptionWords{"numeric", nullptr, bitOf(Task::state), "by numerical flight from the state at epoch"},
@@ -120,7 +123,9 @@ constexpr std::array options{
     OptionWords{"direction", "DEGREES", bitOf(Task::match), "where it moved: 0 up, 90 right; within 45 degrees"},
     OptionWords{"size", "WIDTH,HEIGHT", bitOf(Task::field), "of a frame in place of the circle, degrees"},
     OptionWords{"angle", "DEGREES", bitOf(Task::field), "of the upper side of the frame from north through east"},
-    OptionWords{"exposure", "SECONDS", bitOf(Task::field), "length of the interval; 60 without it"},
+    OptionWords{"exposure", "SECONDS", bitOf(Task::field) | bitOf(Task::identify), "length of the exposure; without it 60, or what the picture says"},
+    OptionWords{"streak", "X1,Y1,X2,Y2", bitOf(Task::identify), "ends of a streak in pixels; without it the picture is searched"},
+    OptionWords{"clock-offset", "SECONDS", bitOf(Task::identify), "added to the time of the picture"},
     OptionWords{"free", nullptr, bitOf(Task::field), "the times without a sunlit satellite instead"},
     OptionWords{"code", "NUMBER", observed, "form of the angles in reports, 1 to 7 as IOD counts; as they were without it"},
     OptionWords{"hold", "ELEMENT", bitOf(Task::fit),

@@ -217,15 +217,16 @@ ReadSolution solutionOf(const FitsHeader& header)
     int rejected = 0, count = 0;
     wcsprm* list = nullptr;
     if (header.empty() || wcspih(cards.data(), int(cards.size() / 80), WCSHDR_all, 0, &rejected, &count, &list) != 0)
-        return {nullptr, "the header holds no solution that can be read"};
+        return {nullptr, header.empty() ? "neither it nor a .wcs file beside it has a header"
+                                        : "the header holds no solution that can be read"};
     for (int i = 0; i < count; ++i)
         if (isCelestialPlane(list[i]))
             return {std::make_unique<WcsPlate>(count, list, i), {}};
     wcsvfree(&count, &list);
     return {nullptr, "the header holds no celestial coordinates of two axes"};
 #else
-    return {nullptr,
-            header.empty() ? "there is no header" : "this program was built without WCSLIB, which reads solutions"};
+    return {nullptr, header.empty() ? "neither it nor a .wcs file beside it has a header"
+                                    : "this program was built without WCSLIB, which reads solutions"};
 #endif
 }
 

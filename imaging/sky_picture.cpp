@@ -180,6 +180,12 @@ ReadPicture readPicture(const std::string& name)
         solution = solutionOf(beside);
     picture.plate = std::move(solution.plate);
     read.remark = solution.complaint;
+    constexpr double largestSide = 1e5;
+    const double width = beside.number("IMAGEW").value_or(0.0), height = beside.number("IMAGEH").value_or(0.0);
+    if (picture.width == 0 && width >= 1.0 && height >= 1.0 && width < largestSide && height < largestSide) {
+        picture.width = int(width);
+        picture.height = int(height);
+    }
     return read;
 }
 

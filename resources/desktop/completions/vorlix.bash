@@ -4,7 +4,7 @@ _vorlix()
     local current=${COMP_WORDS[COMP_CWORD]} before=${COMP_WORDS[COMP_CWORD - 1]} task=${COMP_WORDS[1]}
     local words= files=
     if [ "$COMP_CWORD" -eq 1 ]; then
-        words="passes events contacts look track state match convert next now report fit field --help --version"
+        words="passes events contacts look track state match convert next now report fit field identify --help --version"
     else
         case $before in
             --elements | --output) files=1 ;;
@@ -22,7 +22,7 @@ _vorlix()
                     now) words="table csv json ndjson" ;;
                     report) words="table csv json ndjson iod uk rde" ;;
                     fit) words="table csv json ndjson tle" ;;
-                    field) words="table csv json ndjson" ;;
+                    field | identify) words="table csv json ndjson" ;;
                 esac
                 ;;
             --order) words="time entry" ;;
@@ -35,7 +35,7 @@ _vorlix()
             --clock) words="now" ;;
             --zone) words="Z local" ;;
             --code) words="1 2 3 4 5 6 7" ;;
-            --satellite | --site | --site-name | --days | --limit | --workers | --min-elevation | --max-sun | --min-duration | --brighter | --place | --mirror | --normal | --max-distance | --max-magnitude | --step | --frequency | --length | --azel | --radec | --radius | --window | --direction | --hold | --size | --angle | --exposure) ;;
+            --satellite | --site | --site-name | --days | --limit | --workers | --min-elevation | --max-sun | --min-duration | --brighter | --place | --mirror | --normal | --max-distance | --max-magnitude | --step | --frequency | --length | --azel | --radec | --radius | --window | --direction | --hold | --size | --angle | --exposure | --streak | --clock-offset) ;;
             *)
                 case $task in
                     passes) words="--elements --satellite --site --site-name --from --to --days --zone --limit --workers --format --output --order --visible --moonshine --all --min-elevation --max-sun --min-duration --thorough --brighter --dark-sky --sort --length --no-config --clock --help" ;;
@@ -51,13 +51,14 @@ _vorlix()
                     report) words="--zone --limit --format --output --no-config --clock --help --code" ;;
                     fit) words="--elements --satellite --site --site-name --from --to --days --zone --limit --workers --format --output --no-config --clock --help --hold --initial --geometric" ;;
                     field) words="--elements --satellite --site --site-name --from --to --days --zone --limit --workers --format --output --visible --length --azel --radec --radius --size --angle --exposure --free --no-config --clock --help" ;;
+                    identify) words="--elements --satellite --site --site-name --from --to --days --zone --limit --workers --format --output --length --exposure --streak --clock-offset --no-config --clock --help" ;;
                 esac
                 ;;
         esac
     fi
     # names of files stand behind these tasks themselves
     case $task in
-        report | fit) [ "$COMP_CWORD" -gt 1 ] && [ "${current#-}${before#--}" = "$current$before" ] && files=1 ;;
+        report | fit | identify) [ "$COMP_CWORD" -gt 1 ] && [ "${current#-}${before#--}" = "$current$before" ] && files=1 ;;
     esac
     if [ -n "$files" ]; then
         mapfile -t COMPREPLY < <(compgen -f -- "$current")
