@@ -132,6 +132,62 @@ TEST(Sgp4, IsContinuousWhereTheNodePassesAFullTurn)
     }
 }
 
+TEST(Sgp4, TakesTheOtherFormulaJustBeyondItsLimits)
+{
+    struct Row
+    {
+        const char* limit;
+        double inclination, node, ecc, perigee, anomaly, motion, bstar, minutes;
+        Vec3 km;  // of python-sgp4
+    };
+    const Row rows[] = {
+        {"a perigee of 95 km, below 98",
+         51.6,
+         120,
+         0.019,
+         40,
+         30,
+         16.2,
+         1e-5,
+         600,
+         {-1682.145692542203, 6085.120874614751, -1689.0945321244476}},
+        {"half a day, an eccentricity above 0.5",
+         63.4,
+         200,
+         0.51,
+         270,
+         10,
+         2.0061,
+         0,
+         14400,
+         {-18112.292900912, -5822.501843682, -1074.286576037}},
+        {"an inclination of 2.7 degrees, below 3",
+         2.7,
+         80,
+         0.0005,
+         100,
+         50,
+         1.0027,
+         0,
+         14400,
+         {-21209.617545090, -36424.696140272, 692.758464494}},
+    };
+    for (const Row& row : rows) {
+        const VerificationElements set{99999,
+                                       24857.0,
+                                       row.bstar,
+                                       row.ecc,
+                                       row.perigee * radPerDeg,
+                                       row.inclination * radPerDeg,
+                                       row.anomaly * radPerDeg,
+                                       row.motion * twoPi / 1440.0,
+                                       row.node * radPerDeg};
+        elsetrec sat;
+        ASSERT_EQ(initVerification(set, sat), 0);
+        EXPECT_LT(abs(stateOf(sat, row.minutes).r - row.km), 1e-6) << row.limit;
+    }
+}
+
 struct ChoiceCase
 {
     int norad, wgs;
