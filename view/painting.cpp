@@ -13,6 +13,11 @@ QPixmap pixmapOf(const QSize& size, double scale)
 void copyPart(QPainter& painter, const QPixmap& from, const QRect& part)
 {
     const double scale = from.devicePixelRatio();
+    if (scale == 1.0) {
+        const QRect source = part & from.rect();
+        painter.drawPixmap(source, from, source);
+        return;
+    }
     const auto pixel = [scale](int x) { return qRound(x * scale); };
     const QRect pixels(QPoint(pixel(part.left()), pixel(part.top())),
                        QPoint(pixel(part.left() + part.width()) - 1, pixel(part.top() + part.height()) - 1));
