@@ -14,6 +14,7 @@ namespace {
 std::vector<double> unwound(const std::vector<GeoPlace>& edge)
 {
     std::vector<double> lng;
+    lng.reserve(edge.size());
     for (const GeoPlace& p : edge)
         lng.push_back(lng.empty() ? p.lng : lng.back() + halfTurns(p.lng - lng.back()));
     return lng;
