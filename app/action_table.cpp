@@ -333,6 +333,12 @@ std::span<const VorlixApp::ActionRow> VorlixApp::actionRows()
                  "sky: when it enters and leaves, in which direction and how fast it moves, and how bright it is; and "
                  "the times in which no satellite disturbs an exposure."),
             &App::slotCalcField, nullptr},
+        ActionRow{&App::calcPicture, "calcPicture", TEXT("Satellites in Pict&ure"), "", "",
+            TEXT("Names the satellites on the loaded picture."),
+            TEXT("Satellites in Picture\n\nDraws every satellite of the TLE file that crosses the loaded picture during "
+                 "its exposure as the line it leaves, and compares them with the trail that was marked, or with the "
+                 "streaks that are found. The picture needs a solution. Show Last Text has the list."),
+            &App::slotCalcPicture, nullptr},
         ActionRow{&App::manvFit, "manvFit", TEXT("&Fit Elements..."), "", "",
             TEXT("Corrects elements by observations."),
             TEXT("Fit Elements\n\nReads or asks for observations and corrects the orbit elements of a satellite until "

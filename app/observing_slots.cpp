@@ -26,6 +26,14 @@ void VorlixApp::slotCalcField()
     showStatus(tr("Ready."));
 }
 
+void VorlixApp::slotCalcPicture()
+{
+    showStatus(tr("Searching the satellites in the picture..."));
+    slotStopTime();
+    view->vPictureSatellites();
+    showStatus(tr("Ready."));
+}
+
 void VorlixApp::slotManvFit()
 {
     showStatus(tr("Fitting elements to observations..."));

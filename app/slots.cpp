@@ -221,16 +221,16 @@ void VorlixApp::slotFilePicture()
 {
     slotStopTime();
     const QString name = QFileDialog::getOpenFileName(this, tr("Open Picture"), CFDIR,
-                                                      tr("Images ( *.png *.jpg *.bmp);;all files (*.*)"));
+                                                      tr("Images ( *.png *.jpg *.bmp);;FITS (*.fits *.fit *.fts *.fz);;all files (*.*)"));
     if (name.isEmpty())
         return;
     CFDIR = QFileInfo(name).absoluteFilePath();
-    const QImage image(name);  // null also beyond what Qt reads, 128 megabytes
-    if (image.isNull()) {
-        inform(this, tr("Vorlix"), tr("Cannot load %1.").arg(name));
+    QString why;
+    if (!view->openPicture(name, why)) {  // also beyond what Qt reads, 128 megabytes
+        const QString reason = why.isEmpty() ? QString() : '\n' + why;
+        inform(this, tr("Vorlix"), tr("Cannot load %1.").arg(name) + reason);
         return;
     }
-    view->vPicture(image);
     for (QAction* action : {viewPicture, viewSize25, viewSize50, viewNormalSize})
         action->setEnabled(true);
     viewPicture->setChecked(true);

@@ -169,8 +169,9 @@ void VorlixApp::initMenuBar()
     inputMenu = makeMenu("inputMenu", tr("&Input"),
                          {inputSelectSat, inputRemoveSat, inputNextSat, nullptr, inputDate, inputLocation, nullptr,
                           inputIers, inputStation});
-    calcMenu = makeMenu("calcMenu", tr("&Calculate"),
-                        {calcAOS, calcAllSats, calcOrbitTrack, nullptr, calcIridium, nullptr, calcMatch, calcField});
+    calcMenu = makeMenu(
+        "calcMenu", tr("&Calculate"),
+        {calcAOS, calcAllSats, calcOrbitTrack, nullptr, calcIridium, nullptr, calcMatch, calcField, calcPicture});
     manvMenu = makeMenu("manvMenu", tr("&Maneuver"),
                         {manvEdit, nullptr, manvDeltaV, manvLaunch, manvRendz, nullptr, manvOrbDet, manvFit});
     plotMenu = makeMenu("plotMenu", tr("&Plot"),

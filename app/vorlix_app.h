@@ -79,6 +79,7 @@ public Q_SLOTS:
     void slotManvOrbDet();
     void slotManvFit();
     void slotCalcField();
+    void slotCalcPicture();
 
     void slotPlotRT();
     void slotPlotDelta();
@@ -226,6 +227,7 @@ private:
     QAction* manvOrbDet = nullptr;
     QAction* manvFit = nullptr;
     QAction* calcField = nullptr;
+    QAction* calcPicture = nullptr;
     QAction* plotRT = nullptr;
     QAction* plotDelta = nullptr;
     QAction* plotCurrent = nullptr;

@@ -162,6 +162,9 @@ void clip(const ExposedPicture& picture, const Path& path, PictureTrail& trail)
         return;
     trail.crossing.entry = first;
     trail.crossing.exit = last;
+    const auto from = picture.plate->skyOf(trail.line.front()), to = picture.plate->skyOf(trail.line.back());
+    if (from && to && last > first)
+        trail.crossing.rate = separation(*from, *to) / ((last - first) * secondsPerDay);
 }
 
 }  // namespace

@@ -20,7 +20,8 @@ const std::map<std::string, std::set<std::string>>& mayInclude()
     static const std::map<std::string, std::set<std::string>> table = [] {
         std::map<std::string, std::set<std::string>> t;
         std::set<std::string> below;
-        for (const char* floor : {"astro", "record", "orbit", "engine", "elements", "scan", "exports", "observing"}) {
+        for (const char* floor :
+             {"astro", "record", "orbit", "engine", "elements", "scan", "exports", "observing", "imaging"}) {
             below.insert(floor);
             t[floor] = below;
         }
@@ -29,9 +30,7 @@ const std::map<std::string, std::set<std::string>>& mayInclude()
             t[side].insert(side);
         }
         t["mounts"] = {"astro", "record", "orbit", "engine", "mounts"};
-        t["imaging"] = below;
-        t["imaging"].insert("imaging");
-        below.insert({"reports", "design", "imaging"});
+        below.insert({"reports", "design"});
         t["cli"] = below;
         t["cli"].insert("cli");
         below.insert("mounts");

@@ -51,9 +51,11 @@ void VorlixView::mousePressEvent(QMouseEvent* event)
 
 void VorlixView::mouseMoveEvent(QMouseEvent* event)
 {
+    const QPoint p = (event->position() / zoom).toPoint();
     if (indata->dspmd == -1)
-        pointAtRow(passRowAt((event->position() / zoom).toPoint().y(), indata->naos),
-                   event->globalPosition().toPoint());
+        pointAtRow(passRowAt(p.y(), indata->naos), event->globalPosition().toPoint());
+    else
+        tellPlace(p);
 }
 
 void VorlixView::leaveEvent(QEvent*)

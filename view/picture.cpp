@@ -131,6 +131,8 @@ void VorlixView::vImage(int code)
     picSize = sizeFor(picPix.size(), code);
     makePicture();
     resize(zoomed(picSize));
+    if (skyPicture && skyPicture->plate && skyPicture->width == picPix.width())
+        measureByPlate();
     update();
 }
 
@@ -194,7 +196,8 @@ void VorlixView::markTrailPoint(int x, int y)
     WinpData& in = *indata;
     double ra = 0;
     double dec = 0;
-    getRaDec(x, y, ra, dec);
+    if (!plateAt(x, y, ra, dec))
+        getRaDec(x, y, ra, dec);
     if (in.picstep == astrometry::furtherTrailPoint) {
         in.astra[firstEnd] = in.astra[secondEnd];
         in.astdec[firstEnd] = in.astdec[secondEnd];

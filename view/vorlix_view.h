@@ -21,6 +21,7 @@
 #include <QScrollArea>
 #include <QString>
 
+#include "imaging/sky_picture.h"
 #include "record/winp_data.h"
 #include "record/wout_data.h"
 #include "view/changed_tiles.h"
@@ -33,7 +34,10 @@ class QPagedPaintDevice;
 class QPainter;
 enum class ListForm : int;
 struct DiskFrame;
+struct ExposedPicture;
 struct FollowTask;
+struct PictureTrail;
+struct Streak;
 struct MapFrame;
 struct SatPosData;
 struct SkyFrame;
@@ -253,6 +257,11 @@ public:
     QPoint PxCdSun(int i, int occflg) const;
 
     // --- picture
+    /// Opens a picture file with what it says of itself. @return  false with a reason, which may be empty, and the former
+    /// picture stays
+    bool openPicture(const QString& name, QString& why);
+    /// Draws the satellites of the element file that cross the picture on it, and makes a report of them.
+    void vPictureSatellites();
     /// Takes up a picture in the size chosen last. Its transparent parts become black.
     void vPicture(const QImage& image);
     /// Shows the picture at full size (0), half (2) or a quarter (3) and begins its measurement anew.
@@ -401,6 +410,16 @@ private:
     void makePicture();
     bool markStar(int x, int y);
     void markTrailPoint(int x, int y);
+    void measureByPlate();
+    /// Packed coordinates of a pixel on show by the solution of the picture; false without one.
+    bool plateAt(int x, int y, double& ra, double& dec) const;
+    /// Tells the place in the sky under a pixel, if the picture has a solution.
+    void tellPlace(const QPoint& p);
+    PicturePoint platePixel(double x, double y) const;
+    QPointF shownPoint(const PicturePoint& p) const;
+    std::vector<Streak> streaksOfPicture() const;
+    bool askExposure(ExposedPicture& picture);
+    void drawPictureTrails(const ExposedPicture& picture, const std::vector<PictureTrail>& all);
     /// Where the first line of text stands: at the top of the part of the picture that is in sight.
     QPoint textOrigin(const QPainter& painter) const;
     void drawPictureTexts(QPainter& painter, const PlotScene& scene) const;
@@ -418,15 +437,16 @@ private:
     bool pickbusy = false;  // a pick dialog is open: timer ticks must not plot
     int lastx[10] = {};     // pixel of the last marker of each satellite
     int lasty[10] = {};
-    QPixmap txtPix;     // text display
-    QPixmap mapPix;     // map background with the legend; trails accumulate here
-    QPixmap earthPix;   // physical map
-    QPixmap dspPix;     // mapPix with the current markers
-    QPixmap legendPix;  // background of the legend
-    QPixmap picPix;     // the picture as loaded,
-    QPixmap picBase;    // at the chosen size,
-    QPixmap picDsp;     // and with plots on it
-    QSize picSize;      // of these two
+    QPixmap txtPix;                          // text display
+    QPixmap mapPix;                          // map background with the legend; trails accumulate here
+    QPixmap earthPix;                        // physical map
+    QPixmap dspPix;                          // mapPix with the current markers
+    QPixmap legendPix;                       // background of the legend
+    QPixmap picPix;                          // the picture as loaded,
+    QPixmap picBase;                         // at the chosen size,
+    QPixmap picDsp;                          // and with plots on it
+    QSize picSize;                           // of these two
+    std::unique_ptr<SkyPicture> skyPicture;  // what it says of itself
 
     WoutData shownReport;  // in txtPix
     ReportStyle shownStyle;

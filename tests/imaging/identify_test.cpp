@@ -67,6 +67,9 @@ TEST(Identify, DrawsASatelliteWhereItIs)
     EXPECT_LT(nearest, 0.1);
     EXPECT_NEAR((iss->crossing.entry + iss->crossing.exit) / 2.0, 58140.2754629630, 0.05 / secondsPerDay);
 
+    // by skyfield from 2 s before to 2 s after
+    EXPECT_NEAR(iss->crossing.rate, 0.30814, 1e-4);
+
     // flown 5 seconds late, and seen on a streak of the same exposure
     picture.streaks = {{iss->line.front(), iss->line.back(), 0}};
     picture.begin += 5.0 / secondsPerDay;
