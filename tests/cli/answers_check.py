@@ -169,7 +169,10 @@ def check_end(act, signal_number):
 check_end(lambda running: running.send_signal(signal.SIGINT), signal.SIGINT)
 check_end(lambda running: running.stdout.close(), signal.SIGPIPE)
 check_lists(LISTS)
-check_lists({"match": LISTS["match"] + ["--at", "2018-01-20T17:01:00Z", "--azel", "271,22"]})
+TWICE = LISTS["match"] + ["--at", "2018-01-20T17:01:00Z", "--azel", "271,22"]
+check_lists({"match": TWICE})
+asked = json.loads(answer("match", TWICE, "json"))["request"]
+assert (asked["from"], asked["to"]) == ("2018-01-20T16:59:00.000Z", "2018-01-20T17:02:00.000Z"), asked
 check_lists({"passes": SITE + ["--from", "tonight", "--brighter", "3", "--length", "5", "--dark-sky"]})
 check_reports()
 check_fit()
