@@ -79,6 +79,7 @@ class Canvas final : public QAccessibleWidget, public QAccessibleTextInterface, 
 {
 public:
     explicit Canvas(VorlixView* canvas) : QAccessibleWidget(canvas, QAccessible::Graphic), view(canvas) {}
+    Q_DISABLE_COPY_MOVE(Canvas)
     ~Canvas() override { std::ranges::for_each(rows, QAccessible::deleteAccessibleInterface); }
 
     QAccessible::Role role() const override
