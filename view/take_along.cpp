@@ -87,7 +87,11 @@ bool VorlixView::vPrintToPdf(const QString& name)
 
 void VorlixView::vPrint(QPagedPaintDevice& device)
 {
-    QPainter painter(&device);
+    QPainter painter;
+    if (!painter.begin(&device)) {
+        warn(this, tr("Print"), tr("The printer or the file to print to cannot be used."));
+        return;
+    }
     const Sheet sheet(device);
     if (indata->dspmd < 1)
         printReport(painter, device, sheet.body());

@@ -293,7 +293,7 @@ public:
     /// @return  false after a message
     bool vPrintToPdf(const QString& name);
     /// A report in lines, on as many pages as it takes; all else on one. Each page tells place, satellite and epoch.
-    /// The device has `paperDotsPerInch`.
+    /// The device has `paperDotsPerInch`. A device that cannot be used is told.
     void vPrint(QPagedPaintDevice& device);
     static constexpr int paperDotsPerInch = 96;  // as on the screen: letters have the sizes of its layout
 
