@@ -171,6 +171,7 @@ ReadPicture readPicture(const std::string& name)
     if (!read.complaint.empty())
         return read;
     SkyPicture& picture = read.picture;
+    picture.name = name;
     const FitsHeader beside = headerOfFile(solutionBeside(name).c_str());
     picture.facts = factsOf(picture.header.empty() ? beside : picture.header);
     if (picture.width == 0)

@@ -22,6 +22,7 @@ struct PixelField
 /// A picture as it was read.
 struct SkyPicture
 {
+    std::string name;   // of the file
     PixelField pixels;  // of FITS files; others are read by the windows
     FitsHeader header;
     PictureFacts facts;

@@ -2,7 +2,7 @@
 
 #include "view/vorlix_view.h"
 
-#include <QFileInfo>
+#include <QFile>
 #include <QImage>
 #include <QPainter>
 #include <algorithm>
@@ -13,6 +13,7 @@
 #include "elements/brightness_files.h"
 #include "exports/rows.h"
 #include "imaging/identify.h"
+#include "imaging/solver.h"
 #include "imaging/trail_report.h"
 #include "record/numbers.h"
 #include "record/wout_data.h"
@@ -165,9 +166,27 @@ bool VorlixView::askExposure(ExposedPicture& picture)
                                                picture.exposure, longestSeconds, 3);
 }
 
+/// Asks whether the plate solver shall look for a solution, and loads the picture anew with it.
+void VorlixView::solveLoadedPicture()
+{
+    constexpr double limitSeconds = 120.0;
+    const QString title = tr("Satellites in Picture"), name = QFile::decodeName(skyPicture->name.c_str());
+    if (!agrees(this, title,
+                tr("The picture has no solution. Shall solve-field look for one, for two minutes at most?")))
+        return;
+    std::string why;
+    QString reason;
+    if (!calculated([&] { why = solvePicture(name, limitSeconds); }))
+        return;
+    if (!why.empty() || !openPicture(name, reason))
+        inform(this, title, tr("No solution: %1.").arg(why.empty() ? reason : QString::fromStdString(why)));
+}
+
 void VorlixView::vPictureSatellites()
 {
     const QString title = tr("Satellites in Picture");
+    if (skyPicture && !skyPicture->plate && readsSolutions() && hasPlateSolver())
+        solveLoadedPicture();
     if (!skyPicture || !skyPicture->plate) {
         inform(this, title,
                readsSolutions()

@@ -419,6 +419,7 @@ private:
     QPointF shownPoint(const PicturePoint& p) const;
     std::vector<Streak> streaksOfPicture() const;
     bool askExposure(ExposedPicture& picture);
+    void solveLoadedPicture();
     void drawPictureTrails(const ExposedPicture& picture, const std::vector<PictureTrail>& all);
     /// Where the first line of text stands: at the top of the part of the picture that is in sight.
     QPoint textOrigin(const QPainter& painter) const;
