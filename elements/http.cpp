@@ -6,6 +6,7 @@
 
 namespace {
 constexpr quint16 standardPort = 80;
+constexpr const char* userAgent = "Vorlix/11.8";
 
 QUrl address(const QString& host, quint16 port, const QString& path)
 {
@@ -30,7 +31,36 @@ QNetworkRequest requestFor(const QUrl& url, int silenceMs)
     QNetworkRequest request(url);
     request.setAttribute(QNetworkRequest::RedirectPolicyAttribute, QNetworkRequest::NoLessSafeRedirectPolicy);
     request.setTransferTimeout(silenceMs);
+    request.setHeader(QNetworkRequest::UserAgentHeader, QLatin1String(userAgent));
     return request;
+}
+
+/// A text without what stands between "<" and ">"; each such mark ends a line.
+QString withoutMarks(const QString& text)
+{
+    QString plain;
+    bool inMark = false;
+    for (const QChar c : text) {
+        inMark = inMark || c == QLatin1Char('<');
+        if (!inMark)
+            plain += c.isPrint() ? c : QChar(QLatin1Char('\n'));
+        else if (c == QLatin1Char('>')) {
+            inMark = false;
+            plain += QLatin1Char('\n');
+        }
+    }
+    return plain;
+}
+
+/// The first sentence of a page or a plain text, cut to what fits into a box; empty if it has none.
+QString firstSentenceOf(const QByteArray& document)
+{
+    constexpr qsizetype mostCharacters = 200;
+    const QString text = withoutMarks(QString::fromUtf8(document)).trimmed();
+    const QString line = text.section(QLatin1Char('\n'), 0, 0).trimmed();
+    const qsizetype stop = line.indexOf(QLatin1String(". "));
+    const QString sentence = stop < 0 ? line : line.left(stop + 1);
+    return sentence.size() > mostCharacters ? sentence.left(mostCharacters) + QStringLiteral("...") : sentence;
 }
 
 bool flushed(QIODevice* device)
@@ -70,6 +100,7 @@ void Http::get(const QString& path, QIODevice* to)
     stored = 0;
     head.clear();
     tail.clear();
+    refusal.clear();
     lastError.clear();
     storedBefore = 0;
     progressTimer.start(silenceMs);
@@ -106,9 +137,17 @@ bool Http::succeeded() const
     return status >= 200 && status < 300 && status != part;
 }
 
+bool Http::isRefused() const
+{
+    return reply->attribute(QNetworkRequest::HttpStatusCodeAttribute).toInt() >= 400;
+}
+
 void Http::store()
 {
+    constexpr qsizetype mostRefusal = 4096;
     const QByteArray piece = reply->readAll();
+    if (isRefused())
+        refusal += piece.left(mostRefusal - refusal.size());
     if (!succeeded() || !lastError.isEmpty())
         return;
     if (!target || target->write(piece) != piece.size()) {
@@ -138,12 +177,19 @@ bool Http::isCut() const
     return !isWhole(head, tail);
 }
 
+QString Http::networkFailure() const
+{
+    const QString sentence = firstSentenceOf(refusal);
+    return sentence.isEmpty() ? reply->errorString()
+                              : tr("%1. The server says: \"%2\"").arg(reply->errorString(), sentence);
+}
+
 QString Http::failure()
 {
     if (!lastError.isEmpty())
         return lastError;
     if (reply->error() != QNetworkReply::NoError)
-        return reply->errorString();
+        return networkFailure();
     if (!succeeded())
         return tr("The server gave no document");
     if (isCut())

@@ -12,7 +12,7 @@ class QIODevice;
 
 /// Fetches one text document at a time, through the proxy of the system if the application has asked for that. Redirects
 /// are followed, to https as well; an answer other than success is an error, and nothing of it is written. A document
-/// that is empty, a part or cut off is an error too.
+/// that is empty, a part or cut off is an error too. Requests name program and version as their User-Agent.
 class Http : public QObject
 {
     Q_OBJECT
@@ -35,7 +35,7 @@ public:
     /// Ends the transfer under way as a failure.
     void abort();
 
-    /// What went wrong in the last transfer, for a reader.
+    /// What went wrong in the last transfer, for a reader; where the server refused, with the first sentence it sent.
     QString errorString() const { return lastError; }
 
 Q_SIGNALS:
@@ -51,7 +51,9 @@ private:
     void giveUp(const QString& why);
     bool succeeded() const;
     bool isCut() const;
+    bool isRefused() const;
     void remember(const QByteArray& piece);
+    QString networkFailure() const;
     QString failure();
 
     QNetworkAccessManager network;
@@ -60,9 +62,10 @@ private:
     QString host;
     quint16 port = 80;
     QString lastError;
-    qint64 stored = 0;  // bytes in the target
-    QByteArray head;    // the first of them
-    QByteArray tail;    // and the last
+    qint64 stored = 0;   // bytes in the target
+    QByteArray head;     // the first of them
+    QByteArray tail;     // and the last
+    QByteArray refusal;  // what a server sent that refused, its beginning
     int silenceMs = 60000;
     QTimer progressTimer;
     qint64 storedBefore = 0;  // at its last tick

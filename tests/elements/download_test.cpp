@@ -187,6 +187,23 @@ TEST_F(DownloadTest, TakesDocumentsWithElementsAndLeavesTheOldFileElse)
     EXPECT_TRUE(error.endsWith("\"<b>Sorry</b>\"")) << error.toStdString();
 }
 
+TEST_F(DownloadTest, NamesTheProgramAndTellsWhatTheServerSaysWhereItRefuses)
+{
+    const std::array<std::array<QByteArray, 2>, 4> refusals{{
+        {"GP data has not updated since 08:11:36 UTC. Data is updated every 2 hours.\n",
+         "\"GP data has not updated since 08:11:36 UTC.\""},
+        {"<html>\n<head><title>403 No</title></head><p>Go away. Now", "\"403 No\""},
+        {QByteArray(100000, 'x'), "\"" + QByteArray(200, 'x') + "...\""},
+        {"", "Forbidden"},
+    }};
+    for (const auto& [body, ending] : refusals) {
+        server->answer("/x", whole("403 Forbidden", body));
+        EXPECT_EQ(fetch("/x"), failed);
+        EXPECT_TRUE(error.endsWith(ending)) << error.toStdString();
+    }
+    EXPECT_TRUE(server->lastRequest().contains("\r\nUser-Agent: Vorlix/11.8\r\n"));
+}
+
 TEST_F(DownloadTest, AnAnswerCutAnywhereLeavesWholeLinesOrTheOldFile)
 {
     const QByteArray answer = "HTTP/1.0 200 OK\r\n\r\n" + QByteArray::fromStdString(atlas + atlas);

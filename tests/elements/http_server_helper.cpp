@@ -26,7 +26,8 @@ void HttpServer::serve(QTcpSocket* socket)
     }
     if (!socket->peek(65536).contains("\r\n\r\n"))
         return;
-    const QByteArray path = socket->readAll().split(' ').value(1);
+    request = socket->readAll();
+    const QByteArray path = request.split(' ').value(1);
     ++count;
     if (path == silent)
         return;

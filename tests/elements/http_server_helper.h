@@ -21,6 +21,8 @@ public:
 
     quint16 port() const { return server.serverPort(); }
     int requests() const { return count; }
+    /// The last request, line and head.
+    QByteArray lastRequest() const { return request; }
     /// How often TLS was spoken to the server, which does not: it closes the connection.
     int handshakes() const { return greetings; }
 
@@ -32,6 +34,7 @@ private:
     QHash<QByteArray, QByteArray> answers;
     QByteArray silent;
     QByteArray dripping;
+    QByteArray request;
     int count = 0;
     int greetings = 0;
 };
