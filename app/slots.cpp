@@ -1,16 +1,11 @@
-// The slots of the main window, in the order of the menus: a message, the timer if the command calculates, one method of
-// the view, "Ready.".
+// The slots of the other menus, in their order: a message, the timer if the command calculates, one method of the view,
+// "Ready.".
 
 #include "app/vorlix_app.h"
 
 #include <QAction>
-#include <QCoreApplication>
-#include <QDir>
 #include <QFile>
-#include <QFileDialog>
-#include <QFileInfo>
 #include <QGridLayout>
-#include <QImage>
 #include <QInputDialog>
 #include <QMessageBox>
 #include <QStatusBar>
@@ -18,7 +13,6 @@
 #include <QToolBar>
 
 #include "dialogs/st_quick_dialog.h"
-#include "elements/download.h"
 #include "record/further_settings.h"
 #include "record/progress.h"
 #include "record/winp_data.h"
@@ -39,212 +33,7 @@ void widenForTitle(QMessageBox& box)
         grid->addItem(new QSpacerItem(width, 0), grid->rowCount(), 0, 1, grid->columnCount());
 }
 
-QString elementFileFilter()
-{
-    return VorlixApp::tr("TLE files (*.txt *.TXT *.tle *.TLE);;all files (*.*)");
-}
-
-QString messagesFilter()
-{
-    return VorlixApp::tr("OMM CSV (*.csv)");
-}
-
-/// The forms in which elements are saved; the ending of the name tells which.
-QString elementSaveFilters()
-{
-    return VorlixApp::tr("TLE files (*.txt *.TXT *.tle *.TLE)") + QStringLiteral(";;") + messagesFilter() +
-           VorlixApp::tr(";;all files (*.*)");
-}
-
 }  // namespace
-
-void VorlixApp::slotFileOpen()
-{
-    showStatus(tr("Opening TLE file..."));
-    const QString name = QFileDialog::getOpenFileName(this, tr("TLE file dialog"), TLEname, elementFileFilter());
-    if (name.isEmpty()) {
-        showStatus(tr("*** TLE file not selected ***"));
-        return;
-    }
-    TLEname = name;
-    view->setTLEname(TLEname);
-    showStatus(tr("Ready."));
-}
-
-void VorlixApp::slotFileUpdate()
-{
-    showStatus(tr("Online TLE file update"));
-    if (download->isUpdating()) {
-        const QString text = tr("Another online update still in progress.");
-        if (warnOrEnd(this, tr("Online Update"), text, tr("&End It")))
-            download->cancel();
-        return;
-    }
-    AddressParts parts;
-    if (view->vUpdate(parts.host, parts.path, parts.file) != 0)
-        return;
-    offerLeftover(parts.file);
-    if (download->start(parts) != Download::Start::running) {
-        warn(this, tr("HTTP Get"), tr("Cannot write file %1\n%2.").arg(parts.file, download->errorString()));
-        return;
-    }
-    showStatus(tr("Ready."));
-}
-
-void VorlixApp::offerLeftover(const QString& elementFile)
-{
-    if (elementFile.isEmpty() || download->isUpdating() || !leftover::exists(elementFile))
-        return;
-    const QString title = tr("Online Update");
-    const QString question =
-        tr("The program ended during an earlier update. The lines that were to be replaced are in "
-           "satwwwsave.tmp and differ from %1.\n\nPut them into this file?");
-    if (agrees(this, title, question.arg(elementFile))) {
-        const QString why = leftover::restore(elementFile);
-        if (!why.isEmpty())
-            warn(this, title, nothingWritten(elementFile, why));
-    } else {
-        inform(this, title, tr("They are kept in %1.").arg(leftover::keep()));
-    }
-}
-
-void VorlixApp::httpDone(bool error)
-{
-    if (error)
-        warn(this, tr("HTTP Get"), tr("Error fetching file with HTTP: %1.").arg(download->errorString()));
-    else
-        inform(this, tr("HTTP Get"), tr("Download complete. File %1.").arg(download->fileName()));
-}
-
-void VorlixApp::slotFileSave()
-{
-    showStatus(tr("Saving AOS times..."));
-    slotStopTime();
-    view->vFileSave();
-    showStatus(tr("Ready."));
-}
-
-void VorlixApp::slotFileSaveAs()
-{
-    showStatus(tr("Saving under new filename..."));
-    slotStopTime();
-    const QString name =
-        QFileDialog::getSaveFileName(this, tr("Select a File Name"), view->getSaveName(), tr("all files (*.*)"));
-    if (name.isEmpty()) {
-        showStatus(tr("*** Save file not selected ***"));
-        return;
-    }
-    view->setSaveName(name);
-    view->vFileSave();
-    showStatus(tr("Ready."));
-}
-
-/// Adds the ending of the form that was chosen if the name has none; empty if the person changes their mind.
-QString VorlixApp::askForExportName()
-{
-    QString filter;
-    const QString name = QFileDialog::getSaveFileName(this, tr("Export"), QString(),
-                                                      tr("Comma separated (*.csv);;JSON (*.json);;Calendar (*.ics);;"
-                                                         "GeoJSON (*.geojson);;Text (*.txt);;all files (*.*)"),
-                                                      &filter);
-    const QString ending = filter.section(QStringLiteral("(*"), 1).section(QLatin1Char(')'), 0, 0);
-    const bool complete = name.isEmpty() || ending == QLatin1String(".*") || !QFileInfo(name).suffix().isEmpty();
-    return complete ? name : withEnding(name, ending, tr("Export"));
-}
-
-void VorlixApp::slotFileExport()
-{
-    showStatus(tr("Exporting the report..."));
-    slotStopTime();
-    const QString name = askForExportName();
-    if (name.isEmpty()) {
-        showStatus(tr("*** File not selected ***"));
-        return;
-    }
-    view->vExport(name);
-    showStatus(tr("Ready."));
-}
-
-void VorlixApp::slotEditCopy()
-{
-    showStatus(tr("Copying the report..."));
-    view->vCopy();
-    showStatus(tr("Ready."));
-}
-
-void VorlixApp::slotFileTLESave()
-{
-    showStatus(tr("Saving the TLE's on file..."));
-    slotStopTime();
-    view->vTLESave();
-    showStatus(tr("Ready."));
-}
-
-/// A name with its ending; empty if a file of that name is there and the person wants to keep it, since the dialog has
-/// asked about the name without the ending only.
-QString VorlixApp::withEnding(const QString& name, const QString& ending, const QString& caption)
-{
-    if (name.endsWith(ending, Qt::CaseInsensitive))
-        return name;
-    const bool replace =
-        !QFile::exists(name + ending) ||
-        agrees(this, caption, tr("%1 already exists.\nDo you want to replace it?").arg(name + ending));
-    return replace ? name + ending : QString();
-}
-
-/// Adds the ending that makes it OMM CSV if that form was chosen; empty if the person changes their mind.
-QString VorlixApp::askForElementSaveName()
-{
-    QString filter;
-    const QString name = QFileDialog::getSaveFileName(this, tr("Select a TLE filename"), view->getTSaveName(),
-                                                      elementSaveFilters(), &filter);
-    if (name.isEmpty() || filter != messagesFilter())
-        return name;
-    return withEnding(name, QStringLiteral(".csv"), tr("Select a TLE filename"));
-}
-
-void VorlixApp::slotFileTLESaveAs()
-{
-    showStatus(tr("Saving the TLE's under new filename..."));
-    slotStopTime();
-    const QString name = askForElementSaveName();
-    if (name.isEmpty()) {
-        showStatus(tr("*** TLE Save File not selected ***"));
-        return;
-    }
-    view->setTSaveName(name);
-    view->vTLESave();
-    showStatus(tr("Ready."));
-}
-
-void VorlixApp::slotFilePicture()
-{
-    slotStopTime();
-    const QString name = QFileDialog::getOpenFileName(this, tr("Open Picture"), CFDIR,
-                                                      tr("Images ( *.png *.jpg *.bmp);;FITS (*.fits *.fit *.fts *.fz);;all files (*.*)"));
-    if (name.isEmpty())
-        return;
-    CFDIR = QFileInfo(name).absoluteFilePath();
-    QString why;
-    if (!view->openPicture(name, why)) {  // also beyond what Qt reads, 128 megabytes
-        const QString reason = why.isEmpty() ? QString() : '\n' + why;
-        inform(this, tr("Vorlix"), tr("Cannot load %1.").arg(name) + reason);
-        return;
-    }
-    for (QAction* action : {viewPicture, viewSize25, viewSize50, viewNormalSize})
-        action->setEnabled(true);
-    viewPicture->setChecked(true);
-    showStatus(tr("Ready."));
-}
-
-void VorlixApp::slotFileQuit()
-{
-    showStatus(tr("Exiting application..."));
-    QDir::setCurrent(APPDIR);  // start-up may have moved to the home directory
-    slotStopTime();
-    view->vQuit();
-    QCoreApplication::quit();
-}
 
 void VorlixApp::slotInputSelectSat()
 {

@@ -2,8 +2,10 @@
 
 #include <algorithm>
 #include <array>
+#include <cctype>
 #include <filesystem>
 #include <fstream>
+#include <iterator>
 #include <map>
 #include <regex>
 #include <set>
@@ -132,6 +134,51 @@ TEST(House, BoxesShowPlainTextWhateverTheyQuote)
                     EXPECT_EQ(line.find(call), std::string::npos) << entry.path() << ": " << line;
         }
     }
+}
+
+/// The lines of a function from its head to its closing brace, for one that begins and ends at the left margin.
+struct LongestFunction
+{
+    std::string head;
+    int lines = 0;
+};
+
+LongestFunction longestFunctionOf(const fs::path& file)
+{
+    LongestFunction longest;
+    std::string head;
+    int lines = 0;
+    std::ifstream in(file);
+    for (std::string line; std::getline(in, line); ++lines) {
+        if (line == "}" && lines > longest.lines)
+            longest = {head, lines};
+        const bool begins = !line.empty() && std::isalpha(static_cast<unsigned char>(line[0]));
+        if (begins && line.find('(') != std::string::npos) {
+            head = line;
+            lines = 0;
+        }
+        if (line == "}" || line == "};")
+            lines = -1000000;  // until the next one begins
+    }
+    return longest;
+}
+
+TEST(House, NoFileIsLongerThan600LinesAndNoFunctionLongerThan60)
+{
+    int files = 0;
+    for (const auto& [floor, allowed] : mayInclude())
+        for (const auto& entry : fs::directory_iterator(fs::path(SOURCE_DIR) / floor)) {
+            const std::string name = entry.path().filename().string();
+            const bool isTable = std::regex_search(name, std::regex("_(table|terms|data)\\.(h|cpp)$"));
+            if (isTable || (entry.path().extension() != ".h" && entry.path().extension() != ".cpp"))
+                continue;
+            std::ifstream in(entry.path());
+            EXPECT_LE(std::count(std::istreambuf_iterator<char>(in), {}, '\n'), 600) << entry.path();
+            const LongestFunction longest = longestFunctionOf(entry.path());
+            EXPECT_LE(longest.lines, 60) << entry.path() << ": " << longest.head;
+            ++files;
+        }
+    EXPECT_GE(files, 300);
 }
 
 }  // namespace
