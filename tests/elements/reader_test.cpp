@@ -1,5 +1,7 @@
 #include "elements/reader.h"
 
+#include "elements/element_file.h"
+#include "elements/entry_reader.h"
 #include "elements/search_helper.h"
 
 #include "record/text.h"
@@ -90,6 +92,25 @@ const std::string threeEntries = "ISS (ZARYA)             \n"
                                  "ISS DEB\n"
                                  "1 43550U 98067NY  18020.25000000 -.00000123 -12345-6  11606-3 0  9993\n"
                                  "2 43550  51.6410 100.0000 0001000  10.0000  20.0000 15.60000000    99\n";
+
+TEST(Reader, CountsYearsFrom1957)
+{
+    const auto entryOfYear = [](const std::string& year) {
+        std::string lines = atlasLines;
+        lines.replace(9, 2, year);
+        lines.replace(18, 2, year);
+        const ScratchDir here;
+        ScratchDir::write("set.tle", lines);
+        const FilePtr file = openElementFile("set.tle");
+        Entry entry;
+        EXPECT_TRUE(EntryReader(file.get()).next(entry));
+        return entry;
+    };
+    EXPECT_EQ(entryOfYear("56").year, 2056);
+    EXPECT_EQ(entryOfYear("57").year, 1957);
+    EXPECT_EQ(fullDesignator(entryOfYear("56").designator), "2056-047A  ");
+    EXPECT_EQ(fullDesignator(entryOfYear("57").designator), "1957-047A  ");
+}
 
 TEST(Reader, FindsNamesAndGoesOn)
 {
