@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <numbers>
 
 #include "astro/angles.h"
 #include "astro/earth.h"
@@ -27,7 +28,7 @@ SkyBounds::SkyBounds(const Scene& s)
 double SkyBounds::staysOutside(double azimuth, double elevation, double angle, double t, PassBounds& bounds) const
 {
     const auto stand = known ? bounds.stand(t) : std::nullopt;
-    if (!stand || !(angle >= 0.0))
+    if (!stand || !(angle >= 0.0 && angle <= std::numbers::pi))
         return 0.0;
     const double local = sidereal + (t - anchor) * earthRadPerDay;
     const Vec3 outward(std::cos(local), std::sin(local), 0.0);

@@ -6,8 +6,11 @@
 #include "astro/frames.h"
 #include "engine/aos_list.h"
 #include "engine/event_geometry.h"
+#include "engine/lazy_position.h"
+#include "engine/pass_bounds.h"
 #include "engine/pass_search.h"
 #include "engine/position.h"
+#include "engine/sky_bounds.h"
 #include "reports/list_rows.h"
 #include "scan/matching.h"
 
@@ -209,6 +212,42 @@ private:
     double cosLimit;
 };
 
+/// Whether bounds tell that a satellite stays out of the circle all through a stretch of time. The place moves no faster
+/// than the sky: it is taken for the middle of a wider circle for some time.
+bool staysAway(WinpData& in, const Target& target, double radiusDeg, const Span& span)
+{
+    constexpr double skyRadPerDay = 6.4;
+    constexpr double driftRad = 0.05;
+    if (relativeMode(in) || in.numflg[primeSlot])
+        return false;
+    const double until = target.seenAt() + span.to;
+    double t = target.seenAt() + span.from;
+    LazyPosition position(&in, satpos, primeSlot);
+    position.look(t);
+    PassBounds bounds(in, primeSlot, 1.0, 0.0);
+    bounds.anchor(position.scene());
+    const SkyBounds sky(position.scene());
+    while (t <= until) {
+        const SkyPlace place = target.at(t, in);
+        const double away =
+            sky.staysOutside(place.azimuth, place.elevation, radiusDeg * radPerDeg + driftRad, t, bounds);
+        const double days = std::min(away, driftRad / skyRadPerDay);
+        if (!(days > oneSecondDays))
+            return false;
+        t += days;
+    }
+    return true;
+}
+
+/// Leaves out stretches in which nothing fits. They are farther from one of the places than any fit.
+void dropHopeless(std::vector<Span>& spans, WinpData& in, const std::vector<Target>& targets, double radiusDeg)
+{
+    std::erase_if(spans, [&](const Span& span) {
+        return std::any_of(targets.begin(), targets.end(),
+                           [&](const Target& target) { return staysAway(in, target, radiusDeg, span); });
+    });
+}
+
 ListRow matchRow(WinpData& in, double seen, const Fit& fit)
 {
     const double time = seen + fit.late;
@@ -244,6 +283,9 @@ std::optional<MatchFound> matchOf(WinpData& in, const SightingQuery& query)
         if (spans.empty())
             return std::nullopt;
     }
+    dropHopeless(spans, in, targets, query.radius);
+    if (spans.empty())
+        return std::nullopt;
     const Fit fit = Comparison(in, targets, query).best(spans);
     if (!fit.fits)
         return std::nullopt;
