@@ -327,6 +327,12 @@ std::span<const VorlixApp::ActionRow> VorlixApp::actionRows()
             TEXT("Station\n\nSets the number of your station and how sure its times and positions are, for the reports "
                  "of Save Observation. The place set under Location becomes that of the station."),
             &App::slotInputStation, nullptr},
+        ActionRow{&App::inputHorizon, "inputHorizon", TEXT("&Horizon..."), "", "",
+            TEXT("Houses, trees and hills around your observing place."),
+            TEXT("Horizon\n\nTakes the line of houses, trees and hills around your observing place from a text file of "
+                 "azimuth and elevation. Lists hold what is above this line; a pass that is hidden in the middle counts "
+                 "as two. The sky map shows the line."),
+            &App::slotInputHorizon, nullptr},
         ActionRow{&App::calcField, "calcField", TEXT("Passes through Fi&eld..."), "Ctrl+K", "",
             TEXT("Satellites that cross a field of the sky during an exposure."),
             TEXT("Passes through Field\n\nLists every satellite of the TLE file that crosses a circle or a frame in the "

@@ -11,6 +11,13 @@ void VorlixApp::slotInputStation()
     showStatus(tr("Ready."));
 }
 
+void VorlixApp::slotInputHorizon()
+{
+    showStatus(tr("Set the horizon of the place..."));
+    view->vHorizon();
+    showStatus(tr("Ready."));
+}
+
 void VorlixApp::slotFileObservation()
 {
     showStatus(tr("Saving an observation..."));

@@ -88,6 +88,8 @@ VorlixApp::VorlixApp()
     viewLeft->setChecked(view->getLeft());
     viewReadable->setChecked(openFurtherSettings().value(readableKey).toBool());
     restoreSize();
+    if (const QString why = view->restoreHorizon(); !why.isEmpty())
+        tellAtStart(why);
     settThorough->setChecked(openFurtherSettings().value(thoroughKey).toBool());
 
     TLEname = view->getTLEname();
@@ -106,11 +108,16 @@ VorlixApp::VorlixApp()
         tellMissing(missing);
 }
 
-/// In the status bar, which shows itself for that.
 void VorlixApp::tellMissing(const QStringList& names)
 {
+    tellAtStart(tr("Not found in the element file: %1").arg(names.join(QStringLiteral(", "))));
+}
+
+/// In the status bar, which shows itself for that.
+void VorlixApp::tellAtStart(const QString& message)
+{
     viewStatusBar->setChecked(true);
-    statusBar()->showMessage(tr("Not found in the element file: %1").arg(names.join(QStringLiteral(", "))));
+    statusBar()->showMessage(message);
 }
 
 VorlixApp::~VorlixApp()
@@ -168,7 +175,7 @@ void VorlixApp::initMenuBar()
                          fileSavePicture, filePrint, filePdf});
     inputMenu = makeMenu("inputMenu", tr("&Input"),
                          {inputSelectSat, inputRemoveSat, inputNextSat, nullptr, inputDate, inputLocation, nullptr,
-                          inputIers, inputStation});
+                          inputIers, inputStation, inputHorizon});
     calcMenu = makeMenu(
         "calcMenu", tr("&Calculate"),
         {calcAOS, calcAllSats, calcOrbitTrack, nullptr, calcIridium, nullptr, calcMatch, calcField, calcPicture});

@@ -65,6 +65,7 @@ public Q_SLOTS:
     void slotInputLocation();
     void slotInputIers();
     void slotInputStation();
+    void slotInputHorizon();
 
     void slotCalcAOS();
     void slotCalcAllSats();
@@ -127,6 +128,7 @@ public Q_SLOTS:
     void httpDone(bool error);
     void offerLeftover(const QString& elementFile);
     void tellMissing(const QStringList& names);
+    void tellAtStart(const QString& message);
     void followEnded(const QString& name, const QString& why);
 
 protected:
@@ -215,6 +217,7 @@ private:
     QAction* inputLocation = nullptr;
     QAction* inputIers = nullptr;
     QAction* inputStation = nullptr;
+    QAction* inputHorizon = nullptr;
     QAction* calcAOS = nullptr;
     QAction* calcOrbitTrack = nullptr;
     QAction* calcAllSats = nullptr;

@@ -57,6 +57,7 @@ std::vector<std::pair<double, ListRow>> eventsOf(WinpData& in, const Session& se
     std::vector<std::pair<double, ListRow>> rows;
     PassQuery query{&in, satpos, primeSlot, listLimits(in)};
     query.recordsRead = false;
+    query.limits.horizon = session.horizon.get();
     eachEvent(query, session.from, session.to,
               [&](const Event& event) { rows.emplace_back(event.mjd, eventRow(in, primeSlot, event)); });
     return rows;

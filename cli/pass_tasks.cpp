@@ -29,6 +29,7 @@ void eachPass(WinpData& in, const Session& session, const std::function<bool(con
 {
     PassQuery query{&in, satpos, primeSlot};
     query.thorough = session.request.thorough;
+    query.limits.horizon = session.horizon.get();
     double t = session.from;
     while (t <= session.to) {
         Pass pass;

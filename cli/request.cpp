@@ -252,6 +252,7 @@ void takeLight(Values& values, Request& request)
     constexpr Range elevation{-90, 90, "degrees from -90 to 90"};
     request.minElevation = values.number("min-elevation", elevation);
     request.maxSun = values.number("max-sun", elevation);
+    request.horizon = values.text("horizon");
     request.minDuration = values.number("min-duration", {0, 1e9, "seconds, 0 or more"}).value_or(0);
     request.thorough = values.on("thorough");
     request.entryOrder = values.oneOf("order", "time", {"time", "entry"}) == "entry";

@@ -78,6 +78,7 @@ struct Request
 
     Light light = Light::asSaved;
     std::optional<double> minElevation, maxSun;  // degrees
+    std::string horizon;                         // a file; empty: a plain one
     double minDuration = 0;                      // seconds
     bool thorough = false;                       // every interval in which the conditions hold
     std::optional<double> brighter;              // magnitude; passes that stay fainter are left out

@@ -5,6 +5,7 @@
 #include "elements/element_file.h"
 #include "engine/aos_list.h"
 #include "engine/night.h"
+#include "observing/horizon_file.h"
 #include "record/config.h"
 #include "record/further_settings.h"
 #include "record/text.h"
@@ -253,6 +254,18 @@ Problem openFiles(Session& session, const Channels& channels)
     return {};
 }
 
+Problem readHorizonOf(Session& session)
+{
+    const std::string& name = session.request.horizon;
+    if (name.empty())
+        return {};
+    const HorizonText text = readHorizonFile(QFile::decodeName(name.c_str()));
+    session.horizon = text.line;
+    return text.line
+               ? Problem{}
+               : Problem{status::unreadable, "vorlix: no horizon from " + inQuotes(name) + ": " + text.complaint};
+}
+
 /// What the answer goes to must not be what is read.
 Problem checkOutput(const Session& session)
 {
@@ -266,7 +279,8 @@ Problem checkOutput(const Session& session)
     for (const ElementFile& file : session.files)
         if (is(file.path))
             return wrongWords(session.request, "--output is an element file that is read; expected another name");
-    if (std::any_of(session.request.reports.begin(), session.request.reports.end(), is))
+    if (std::any_of(session.request.reports.begin(), session.request.reports.end(), is) ||
+        is(session.request.horizon))
         return wrongWords(session.request, "--output is a file that is read; expected another name");
     return {};
 }
@@ -295,6 +309,8 @@ Problem prepare(Session& session, const Channels& channels)
         problem = session.request.task == Task::match ? findSighting(session) : findInterval(session);
     if (!problem)
         problem = openFiles(session, channels);
+    if (!problem)
+        problem = readHorizonOf(session);
     in->mjd = session.from;
     return problem ? problem : checkOutput(session);
 }

@@ -4,6 +4,7 @@
 #include "cli/channels.h"
 #include "cli/request.h"
 #include "cli/times.h"
+#include "engine/horizon_line.h"
 #include "record/files.h"
 #include "record/winp_data.h"
 
@@ -34,6 +35,7 @@ struct Session
     /// Conditions, models and site; no satellite is selected.
     std::unique_ptr<WinpData> record;
     ListSite site;
+    std::shared_ptr<const HorizonLine> horizon;  // null: a plain one
     std::vector<ElementFile> files;
     double now = 0;  // MJD UTC, as all instants
     double from = 0, to = 0;

@@ -96,6 +96,8 @@ constexpr std::array options{
     OptionWords{"all", nullptr, conditions | bitOf(Task::contacts), "in any light, by day as well"},
     OptionWords{"min-elevation", "DEGREES", conditions, "lowest elevation of the satellite"},
     OptionWords{"max-sun", "DEGREES", conditions, "highest elevation of the Sun"},
+    OptionWords{"horizon", "FILE", searched,
+                "houses and hills around the site: a text file of azimuth and elevation, degrees"},
     OptionWords{"min-duration", "SECONDS", bitOf(Task::passes) | bitOf(Task::contacts), "shorter ones are left out"},
     OptionWords{"thorough", nullptr, bitOf(Task::passes),
                 "every interval, to 0.01 s: short passes and parts of passes too"},

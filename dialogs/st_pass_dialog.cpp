@@ -15,12 +15,12 @@ namespace {
 constexpr int mostShownSteps = 6250;
 
 /// The whole listing of the chosen pass, and the pole of its track.
-QString listing()
+QString listing(const HorizonLine* horizon)
 {
     QString all;
     QString lines;
     double t = 0.0;
-    for (int step = 0; step < mostShownSteps && vsGetPassDTxt(t, lines, false) == 1; ++step)
+    for (int step = 0; step < mostShownSteps && vsGetPassDTxt(t, lines, false, horizon) == 1; ++step)
         all += lines;
     vsGetPassDTxt(t, lines, true);
     return all + lines;
@@ -64,7 +64,7 @@ StPassDialog::StPassDialog(QWidget* parent) : QDialog(parent)
 
 void StPassDialog::setParams(int size)
 {
-    form::fillTextView(passEdit, listing(), size);  // proportional: the headings count on narrow blanks
+    form::fillTextView(passEdit, listing(horizon.get()), size);  // proportional: the headings count on narrow blanks
     closeButton->setFocus();
 }
 
@@ -81,7 +81,7 @@ void StPassDialog::gtrackSlot()
 void StPassDialog::save(int mode)
 {
     std::string why;
-    if (vsSavePassDt(mode, &why))
+    if (vsSavePassDt(mode, &why, horizon.get()))
         form::say(this, tr("Saved on File ") + fieldQString(indata->savename));
     else if (!why.empty())
         form::say(this, tr("Nothing was written to %1\n%2").arg(fieldQString(indata->savename), textQString(why)));

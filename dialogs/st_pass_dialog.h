@@ -2,7 +2,10 @@
 #pragma once
 
 #include <QDialog>
+#include <memory>
+#include <utility>
 
+class HorizonLine;
 class QPushButton;
 class QTextEdit;
 
@@ -13,6 +16,9 @@ class StPassDialog : public QDialog
 public:
     /// `setParams` fills the window.
     explicit StPassDialog(QWidget* parent = nullptr);
+
+    /// The line of the place that cuts the pass; before `setParams`. Null: none.
+    void setHorizon(std::shared_ptr<const HorizonLine> line) { horizon = std::move(line); }
 
 public Q_SLOTS:
     /// Lists the pass chosen in the table. `size` is the size of the text in points.
@@ -26,6 +32,7 @@ private:
     /// A code of `passform`; says so when it has been written.
     void save(int mode);
 
+    std::shared_ptr<const HorizonLine> horizon;
     QTextEdit* passEdit = nullptr;
     QPushButton* closeButton = nullptr;
     QPushButton* saveButton = nullptr;

@@ -85,6 +85,8 @@ void putConditions(WoutData* out, const WinpData& in, const PassLimits& limits)
     putFormatted(out, TextWriter(text).addFormatted(" Year: %4i  +++ Timezone: %g +++", in.year, in.tzone));
     if (TextWriter note(text); addSpanNote(note, in))
         putFormatted(out, note);
+    if (limits.horizon && !relativeMode(in))
+        putLines(out, {" Above the horizon line of the place"});
     PutSpace(out);
 }
 
@@ -153,17 +155,18 @@ void putPasses(WoutData* out, const PassQuery& query, bool automatic)
 }
 
 /// False for a refusal, which is a text in `out` but no list.
-bool composeList(WinpData* in, WoutData* out, bool thorough)
+bool composeList(WinpData* in, WoutData* out, const SearchStyle& style)
 {
     const bool automatic = automaticWidth(*in);
-    const PassLimits limits = listLimits(*in);
+    PassLimits limits = listLimits(*in);
+    limits.horizon = style.horizon;
     if (in->iridflg > event::plain && limits.maxdst == 0.0) {
         putLines(out, {"", " *** Need distance > 0 for occultations or flares ***",
                        " *** except for Sun or Moon Transits ***", ""});
         return false;
     }
     putHeading(out, *in, limits);
-    putPasses(out, {in, satpos, in->prs, limits, in->iridflg, false, thorough}, automatic);
+    putPasses(out, {in, satpos, in->prs, limits, in->iridflg, false, style.thorough}, automatic);
     if (in->naos < 1)
         putLines(out, {"", " *** No suitable pass found within time interval ***", ""});
     return true;
@@ -189,7 +192,7 @@ double timeAfterPass(const WinpData& in, int isat, const Pass& pass)
 
 double timeAfterPass(const PassQuery& q, const Pass& pass)
 {
-    if (thoroughSearch(q))
+    if (thoroughSearch(q) || (q.events == event::plain && lineOf(q)))
         return pass.tm[2];
     return q.absolute ? timeAfterPass(q.in->n0[q.isat], pass) : timeAfterPass(*q.in, q.isat, pass);
 }
@@ -248,7 +251,7 @@ PassLimits listLimits(const WinpData& in)
     return limits;
 }
 
-std::string aospass(WinpData* in, WoutData* out, bool thorough)
+std::string aospass(WinpData* in, WoutData* out, const SearchStyle& style)
 {
     in->naos = 0;
     out->nlines = 0;
@@ -257,6 +260,6 @@ std::string aospass(WinpData* in, WoutData* out, bool thorough)
                        " (and don't forget to press the SELECT button)", ""});
         return {};
     }
-    const bool listed = composeList(in, out, thorough) && !calculationEnded();
+    const bool listed = composeList(in, out, style) && !calculationEnded();
     return listed && in->tofile == 1 ? writeList(in, *out) : std::string();
 }

@@ -14,7 +14,8 @@ class TextWriter;
 /// with more than 14 revolutions a day an hour later still, unless `rlm` is set.
 double timeAfterPass(const WinpData& in, int isat, const Pass& pass);
 
-/// The same on the terms of a search; a thorough one goes on where the pass ends.
+/// The same on the terms of a search; where passes are intervals, or parts above the line of the place, it goes on where
+/// the pass ends.
 double timeAfterPass(const PassQuery& query, const Pass& pass);
 
 /// The same whatever `rlm` says.
@@ -56,6 +57,5 @@ PassLimits sunAtAnyHeight(const WinpData& in);
 /// `iridflg` says what is looked for, see `chooseEventKind`.
 /// A span `dur` longer than `longestSpanDays` is clamped to that.
 ///
-/// @param thorough  plain passes at an observer: every interval, see `findNextInterval`
 /// @return          why the save file could not be written, for a reader; empty otherwise
-std::string aospass(WinpData* in, WoutData* out, bool thorough = false);
+std::string aospass(WinpData* in, WoutData* out, const SearchStyle& style = {});

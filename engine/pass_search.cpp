@@ -3,6 +3,7 @@
 #include "engine/contact_walk.h"
 #include "engine/fast_walk.h"
 #include "engine/flares.h"
+#include "engine/horizon_line.h"
 #include "engine/plain_walk.h"
 #include "engine/position.h"
 #include "engine/satpos_data.h"
@@ -15,6 +16,8 @@
 #include <algorithm>
 #include <cmath>
 #include <iterator>
+#include <utility>
+#include <vector>
 
 namespace {
 
@@ -36,8 +39,9 @@ struct RecordedInstant
     const SatPosData& sp;
     int isat;
     const PassLimits& limits;
+    const HorizonLine* line;
 
-    bool highEnough() const { return sp.el[isat] >= limits.satel; }
+    bool highEnough() const { return sp.el[isat] >= limits.satel && (!line || sp.el[isat] >= line->at(sp.az[isat])); }
     bool dark() const { return sp.osunel < limits.sunel; }
     bool sunlit() const { return sp.sunel[isat] >= 0.0; }
     bool moonlit() const { return sp.moonel[isat] >= 0.0; }
@@ -72,9 +76,9 @@ void refine(auto& walk)
 
 constexpr int passWithoutEvent = 2;
 
-int nextBy(auto&& walk, const PassQuery& q, double t0, double t1, Pass& pass)
+int nextBy(auto&& walk, const PassQuery& q, double start, double t0, double t1, Pass& pass)
 {
-    if (!walk.findPass(searchStart(q, t0, t1, 1.0), t1)) {
+    if (!walk.findPass(start, t1)) {
         walk.finish();
         return 0;
     }
@@ -94,9 +98,9 @@ int nextBy(auto&& walk, const PassQuery& q, double t0, double t1, Pass& pass)
     return 1;
 }
 
-int lastBy(auto&& walk, const PassQuery& q, double t0, double t1, Pass& pass)
+int lastBy(auto&& walk, double start, double t0, double t1, Pass& pass)
 {
-    if (!walk.findPass(searchStart(q, t0, t1, -1.0), t1)) {
+    if (!walk.findPass(start, t1)) {
         walk.finish();
         return 0;
     }
@@ -118,6 +122,72 @@ int searchBy(const PassQuery& q, double sense, Pass& pass, Pace pace, Search sea
     if (pace == Pace::fast && ContactWalk::possible(q))
         return search(ContactWalk(q, sense, pass));
     return search(PlainWalk(q, sense, pass));
+}
+
+/// The next pass of a walk that begins at `start`, with the line of the place left out.
+int walkForward(const PassQuery& q, double start, double t0, double t1, Pass& pass, Pace pace)
+{
+    return searchBy(q, 1.0, pass, pace, [&](auto&& walk) { return nextBy(walk, q, start, t0, t1, pass); });
+}
+
+int walkBackward(const PassQuery& q, double start, double t0, double t1, Pass& pass, Pace pace)
+{
+    return searchBy(q, -1.0, pass, pace, [&](auto&& walk) { return lastBy(walk, start, t0, t1, pass); });
+}
+
+/// A pass in the other sense of time.
+Pass turned(Pass pass)
+{
+    std::swap(pass.tm[0], pass.tm[2]);
+    std::swap(pass.a[0], pass.a[2]);
+    std::swap(pass.b[0], pass.b[2]);
+    return pass;
+}
+
+PassQuery aboveLowest(const PassQuery& q, const HorizonLine& line)
+{
+    PassQuery lowest = q;
+    lowest.limits.satel = std::max(q.limits.satel, line.lowest());
+    lowest.limits.horizon = nullptr;
+    return lowest;
+}
+
+/// Goes from pass to pass above the lowest of the line until one has a part, or an event, above it.
+int nextAbove(const HorizonLine& line, const PassQuery& q, double t0, double t1, Pass& pass, Pace pace)
+{
+    const PassQuery lowest = aboveLowest(q, line);
+    double from = t0;
+    double start = searchStart(q, t0, t1, 1.0);
+    while (from < t1) {
+        const int result = walkForward(lowest, start, from, t1, pass, pace);
+        if (result == 0)
+            return 0;
+        if (q.events != event::plain)
+            return result == 1 && pass.a[1] < line.at(pass.b[1]) ? passWithoutEvent : result;
+        if (const std::vector<Pass> parts = partsAboveLine(q, pass); !parts.empty()) {
+            pass = parts.front();
+            return 1;
+        }
+        from = start = std::max(pass.tm[2], start + oneMinuteDays);
+    }
+    return 0;
+}
+
+int lastAbove(const HorizonLine& line, const PassQuery& q, double t0, double t1, Pass& pass, Pace pace)
+{
+    const PassQuery lowest = aboveLowest(q, line);
+    double from = t0;
+    double start = searchStart(q, t0, t1, -1.0);
+    while (from > t1) {
+        if (walkBackward(lowest, start, from, t1, pass, pace) == 0)
+            return 0;
+        if (const std::vector<Pass> parts = partsAboveLine(q, turned(pass)); !parts.empty()) {
+            pass = turned(parts.back());
+            return 1;
+        }
+        from = start = std::min(pass.tm[2], start - oneMinuteDays);
+    }
+    return 0;
 }
 
 Pass passIn(const double* tm, const double* a, const double* b)
@@ -151,12 +221,18 @@ double clampedSpan(double days)
 
 PassLimits limitsOf(const WinpData& in)
 {
-    return {in.satel, in.sunel, in.maxdst};
+    return {in.satel, in.sunel, in.maxdst, nullptr};
 }
 
 bool thoroughSearch(const PassQuery& q)
 {
     return q.thorough && q.events == event::plain && !relativeSearch(q);
+}
+
+const HorizonLine* lineOf(const PassQuery& q)
+{
+    const HorizonLine* line = q.limits.horizon;
+    return line && line->highest() > q.limits.satel && !relativeSearch(q) ? line : nullptr;
 }
 
 bool relativeSearch(const PassQuery& q)
@@ -183,7 +259,7 @@ void positionAt(double mjd, const PassQuery& q)
 bool conditionsHold(const PassQuery& q)
 {
     return relativeSearch(q) ? relativeConditions(*q.in, *q.sp, q.isat)
-                             : observerConditions(*q.in, RecordedInstant{*q.sp, q.isat, q.limits});
+                             : observerConditions(*q.in, RecordedInstant{*q.sp, q.isat, q.limits, lineOf(q)});
 }
 
 int findNextPass(const PassQuery& q, double t0, double t1, Pass& pass, Pace pace)
@@ -193,13 +269,17 @@ int findNextPass(const PassQuery& q, double t0, double t1, Pass& pass, Pace pace
         return findNextInterval(q, t0, t1, pass);
     if (q.events == event::iridium)
         q.in->occra = 0.0;
-    return searchBy(q, 1.0, pass, pace, [&](auto&& walk) { return nextBy(walk, q, t0, t1, pass); });
+    if (const HorizonLine* line = lineOf(q))
+        return nextAbove(*line, q, t0, t1, pass, pace);
+    return walkForward(q, searchStart(q, t0, t1, 1.0), t0, t1, pass, pace);
 }
 
 int findLastPass(const PassQuery& q, double t0, double t1, Pass& pass, Pace pace)
 {
     releaseVectorRegisters();
-    return searchBy(q, -1.0, pass, pace, [&](auto&& walk) { return lastBy(walk, q, t0, t1, pass); });
+    if (const HorizonLine* line = lineOf(q))
+        return lastAbove(*line, q, t0, t1, pass, pace);
+    return walkBackward(q, searchStart(q, t0, t1, -1.0), t0, t1, pass, pace);
 }
 
 int cksatok(WinpData* in, SatPosData* sp, int isat)

@@ -6,6 +6,7 @@
 
 #include "record/winp_data.h"
 
+class HorizonLine;
 struct SatPosData;
 
 /// Whether the command looks at two satellites that see each other instead of an observer and a satellite: `rlm` is
@@ -67,10 +68,19 @@ struct PassLimits
     double satel = 0;   // least elevation of the satellite, degrees
     double sunel = 0;   // highest Sun, degrees
     double maxdst = 0;  // largest distance of an event from the observer, km
+    const HorizonLine* horizon =
+        nullptr;  // of the place; the satellite has to be above it as well. Null: a plain one
 };
 
 /// The limits of the record itself.
 PassLimits limitsOf(const WinpData& in);
+
+/// How a list is searched for, beyond what the record says.
+struct SearchStyle
+{
+    bool thorough = false;                 // see `PassQuery`
+    const HorizonLine* horizon = nullptr;  // see `PassLimits`
+};
 
 /// What a search works on and looks for.
 struct PassQuery
@@ -87,6 +97,9 @@ struct PassQuery
 
 /// Whether a search goes by intervals, not by steps.
 bool thoroughSearch(const PassQuery& query);
+
+/// The line of the place that passes of a search are cut by, if it reaches above the least elevation anywhere; else null.
+const HorizonLine* lineOf(const PassQuery& query);
 
 /// Whether a search looks from the second satellite.
 bool relativeSearch(const PassQuery& query);
@@ -107,8 +120,10 @@ enum class Pace
     fast
 };
 
-/// `nextpass` on values.
+/// `nextpass` on values. With a line of the place a pass is the first part of one that is above it: the search goes by
+/// the lowest of the line, start and end are those of the part, to 0.01 s where the line makes them, and a part that
+/// follows is found from its end on. An event is left out if the satellite is behind the line.
 int findNextPass(const PassQuery& query, double t0, double t1, Pass& pass, Pace pace = Pace::fast);
 
-/// `lastpass` on values.
+/// `lastpass` on values; with a line of the place the last part.
 int findLastPass(const PassQuery& query, double t0, double t1, Pass& pass, Pace pace = Pace::fast);

@@ -177,6 +177,15 @@ class Predictor::Records
 public:
     WinpData in;
     SatPosData positions;
+    std::shared_ptr<const HorizonLine> horizon;
+
+    /// The search for what the conditions allow.
+    PassQuery query()
+    {
+        PassQuery query{&in, &positions, slot};
+        query.limits.horizon = horizon.get();
+        return query;
+    }
 
     /// Runs a calculation with the thread's variables set to those of these records, and puts them back.
     template <class Calculation>
@@ -206,6 +215,7 @@ Predictor::Predictor(const Orbit& orbit, const Site& site, const Conditions& con
     putSite(site, in);
     putConditions(conditions, in);
     putModels(models, in);
+    records->horizon = conditions.horizon;
 }
 
 Predictor::~Predictor() = default;
@@ -229,7 +239,7 @@ std::optional<Pass> Predictor::nextPass(double from, double until)
     Pass pass;
     int result = 0;
     const double end = from + clampedSpan(until - from);
-    records->run([&] { result = findNextPass({&records->in, &records->positions, slot}, from, end, pass); });
+    records->run([&] { result = findNextPass(records->query(), from, end, pass); });
     return result ? std::optional(pass) : std::nullopt;
 }
 
@@ -239,7 +249,7 @@ std::vector<Pass> Predictor::passes(double from, double until)
     const double end = from + clampedSpan(until - from);
     while (const std::optional<Pass> pass = from <= end ? nextPass(from, end) : std::nullopt) {
         found.push_back(*pass);
-        const double next = timeAfterPass(records->in, slot, *pass);
+        const double next = timeAfterPass(records->query(), *pass);
         if (!(next > from))  // a time too far off for steps of a minute
             break;
         from = next;
@@ -250,6 +260,7 @@ std::vector<Pass> Predictor::passes(double from, double until)
 std::vector<Event> Predictor::events(double from, double until, const EventQuery& search)
 {
     std::vector<Event> found;
+    const HorizonLine* horizon = records->horizon.get();
     const double end = from + clampedSpan(until - from);
     const bool twoRounds = search.kind == EventKind::mirrorFlare;
     for (const bool panels : twoRounds ? std::vector{false, true} : std::vector{false}) {
@@ -257,6 +268,7 @@ std::vector<Event> Predictor::events(double from, double until, const EventQuery
         putEvents(search, panels, own.in);
         own.run([&] {
             PassQuery query{&own.in, &own.positions, slot, listLimits(own.in)};
+            query.limits.horizon = horizon;
             query.recordsRead = false;
             eachEvent(query, from, end, [&](const Event& event) { found.push_back(event); });
         });
@@ -271,7 +283,7 @@ std::vector<Pass> Predictor::intervals(double from, double until)
     const double end = from + clampedSpan(until - from);
     records->run([&] {
         Pass pass;
-        while (findNextInterval({&records->in, &records->positions, slot}, from, end, pass)) {
+        while (findNextInterval(records->query(), from, end, pass)) {
             found.push_back(pass);
             from = pass.tm[2];
         }
@@ -304,5 +316,5 @@ std::vector<Event> predictEvents(const Orbit& orbit, const Site& site, double fr
 
 Conditions conditionsOf(const WinpData& in)
 {
-    return {in.satel, in.sunel, in.visflg != 0};
+    return {in.satel, in.sunel, in.visflg != 0, nullptr};
 }

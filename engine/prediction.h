@@ -19,6 +19,7 @@
 
 #include "astro/vec3.h"
 #include "engine/event.h"
+#include "engine/horizon_line.h"
 #include "engine/magnitude.h"
 #include "engine/models.h"
 #include "engine/pass.h"
@@ -31,6 +32,8 @@ struct Conditions
     double leastElevation = 10.0;  // of the satellite; below 0 every step of a search takes a minute
     double highestSun = -6.0;      // elevation of the Sun at the observer; above 90 any hour of the day
     bool visibleOnly = true;       // the satellite has to be sunlit; with `Models::moonlight` moonlit and not sunlit
+    std::shared_ptr<const HorizonLine>
+        horizon{};  // of the site; the satellite has to be above it as well. Null: none
 };
 
 /// What one instant gives for one satellite. All of it is finite.
@@ -100,7 +103,7 @@ public:
     std::optional<Pass> nextPass(double from, double until);
 
     /// Every pass between two times, in their order. After a satellite with more than 14 revolutions a day has passed,
-    /// the search skips an hour. A span above 100 000 days is cut to that.
+    /// the search skips an hour, but with a line of the site goes on at once. A span above 100 000 days is cut to that.
     std::vector<Pass> passes(double from, double until);
 
     /// Every event between two times, in the order of time. A numeric orbit stays where it is.

@@ -8,6 +8,7 @@
 #include "astro/earth.h"
 #include "astro/time_scales.h"
 #include "engine/guide_orbit.h"
+#include "engine/horizon_line.h"
 #include "engine/lazy_position.h"
 #include "engine/pass_bounds.h"
 #include "engine/pass_search.h"
@@ -128,20 +129,31 @@ constexpr double forEver = std::numeric_limits<double>::infinity();
 class ThoroughSearch
 {
 public:
-    explicit ThoroughSearch(const PassQuery& query)
+    /// @param lineOnly  no condition is asked for but that of the line
+    explicit ThoroughSearch(const PassQuery& query, bool lineOnly = false)
         : in(*query.in),
           sp(*query.sp),
           isat(query.isat),
           limits(query.limits),
+          line(lineOf(query)),
+          lineAlone(lineOnly),
           position(query.in, query.sp, query.isat),
           bounds(*query.in, query.isat, 1.0, query.limits.satel)
     {}
 
     bool find(double t0, double t1, Pass& pass);
 
+    /// Start and end of the first interval, and their elevations. @return  false: none before `t1`
+    bool findEnds(double& t, double t1, Pass& pass);
+    /// The highest point of an interval.
+    void findHighest(Pass& pass);
+    /// Leaves the records as after a GetSatPos.
+    void finishAt(double t);
+
 private:
     Settled all(double t);
     Settled highEnough(double t);
+    Settled aboveLine(double t);
     Settled dark(double t);
     Settled light(double t);
     Settled sunlit(double t);
@@ -152,7 +164,6 @@ private:
     double elevation(double t);
     double elevationRate(double t);
     void put(Pass& pass, int k, double t);
-    void findHighest(Pass& pass);
     double highestBetween(double from, double to);
     double highestNear(double t);
 
@@ -160,6 +171,8 @@ private:
     const SatPosData& sp;
     int isat;
     PassLimits limits;
+    const HorizonLine* line;
+    bool lineAlone;
     LazyPosition position;
     PassBounds bounds;
     double now = std::numeric_limits<double>::quiet_NaN();
@@ -201,6 +214,19 @@ Settled ThoroughSearch::highEnough(double t)
     }();
     const double byBend = secondsToZero(withBend(margin, motionAbove(0.9, s.r, s.v), view.aside, std::abs(sine)));
     return {holds, std::max(bySpeed, byBend)};
+}
+
+/// The satellite does not leave the part of the sky around it, as far as to the line, before it has gone as far as that
+/// is wide where it is.
+Settled ThoroughSearch::aboveLine(double t)
+{
+    goTo(t);
+    const auto [above, awayDeg] = line->stand(position.azimuth(), position.elevation());
+    const Scene& s = position.scene();
+    const HorizonView view = viewOf(s);
+    const Motion motion = motionAbove(0.5, s.r, s.v);
+    const double roomKm = std::hypot(view.up, view.aside) * std::sin(awayDeg * radPerDeg);
+    return {above, std::min(motion.seconds, roomKm / motion.speed)};
 }
 
 Settled ThoroughSearch::dark(double t)
@@ -273,14 +299,19 @@ Settled ThoroughSearch::light(double t)
 /// All conditions together. One that fails settles them for as long as it fails; those that hold settle them together.
 Settled ThoroughSearch::all(double t)
 {
+    if (lineAlone)
+        return aboveLine(t);
     const Settled night = dark(t);
     if (!night.holds && night.seconds > worthwhileS)
         return night;
     const Settled high = highEnough(t);
     if (!high.holds || !night.holds)
         return {false, std::max(high.holds ? 0.0 : high.seconds, night.holds ? 0.0 : night.seconds)};
+    const Settled clear = line ? aboveLine(t) : Settled{true, forEver};
+    if (!clear.holds)
+        return clear;
     const Settled lit = light(t);
-    return {lit.holds, lit.holds ? std::min({night.seconds, high.seconds, lit.seconds}) : lit.seconds};
+    return {lit.holds, lit.holds ? std::min({night.seconds, high.seconds, clear.seconds, lit.seconds}) : lit.seconds};
 }
 
 /// Goes on to the first instant at which the conditions do not hold, or do, any more.
@@ -389,22 +420,37 @@ void ThoroughSearch::findHighest(Pass& pass)
     }
 }
 
+bool ThoroughSearch::findEnds(double& t, double t1, Pass& pass)
+{
+    if (!(t < t1) || !forward(t, t1, false) || !(t < t1))
+        return false;
+    put(pass, 0, t);
+    const bool ended = !forward(t, t1, true) && t < t1;
+    put(pass, 2, t);
+    return !ended;
+}
+
+void ThoroughSearch::finishAt(double t)
+{
+    goTo(t);
+    position.complete();
+}
+
 bool ThoroughSearch::find(double t0, double t1, Pass& pass)
 {
     double t = t0;
-    const bool found = t0 < t1 && forward(t, t1, false) && t < t1;
-    if (found) {
-        put(pass, 0, t);
-        const bool ended = !forward(t, t1, true) && t < t1;
-        put(pass, 2, t);
-        if (!ended)
-            findHighest(pass);
-        if (ended)
-            return false;
-    }
-    goTo(t);
-    position.complete();
+    const bool found = findEnds(t, t1, pass);
+    if (found)
+        findHighest(pass);
+    finishAt(t);
     return found;
+}
+
+void copyPoint(Pass& to, int k, const Pass& from)
+{
+    to.tm[k] = from.tm[k];
+    to.a[k] = from.a[k];
+    to.b[k] = from.b[k];
 }
 
 }  // namespace
@@ -412,5 +458,29 @@ bool ThoroughSearch::find(double t0, double t1, Pass& pass)
 bool findNextInterval(const PassQuery& query, double t0, double t1, Pass& pass)
 {
     releaseVectorRegisters();
-    return ThoroughSearch(query).find(t0, t1, pass);
+    PassQuery aboveLowest = query;
+    if (const HorizonLine* line = lineOf(query))
+        aboveLowest.limits.satel = std::max(query.limits.satel, line->lowest());
+    return ThoroughSearch(aboveLowest).find(t0, t1, pass);
+}
+
+std::vector<Pass> partsAboveLine(const PassQuery& query, const Pass& whole)
+{
+    releaseVectorRegisters();
+    ThoroughSearch search(query, true);
+    std::vector<Pass> parts;
+    double t = whole.tm[0];
+    for (Pass part; search.findEnds(t, whole.tm[2], part);) {
+        if (part.tm[0] == whole.tm[0])
+            copyPoint(part, 0, whole);
+        if (part.tm[2] == whole.tm[2])
+            copyPoint(part, 2, whole);
+        if (whole.tm[1] >= part.tm[0] && whole.tm[1] <= part.tm[2])
+            copyPoint(part, 1, whole);
+        else
+            search.findHighest(part);
+        parts.push_back(part);
+    }
+    search.finishAt(t);
+    return parts;
 }

@@ -1,6 +1,8 @@
 // Every interval in which the conditions for seeing a satellite hold, none left out.
 #pragma once
 
+#include <vector>
+
 #include "engine/pass.h"
 
 struct PassQuery;
@@ -17,3 +19,9 @@ constexpr double thoroughStepDays = 0.01 / 86400.0;
 ///
 /// @return  false: none, or the listener has ended the search
 bool findNextInterval(const PassQuery& query, double t0, double t1, Pass& pass);
+
+/// The parts of a pass that are above the line of the place, in their order and without gaps shorter than 0.01 s;
+/// horizon_line.md says why none is left out. A start, end or maximum that the line leaves as it is keeps its figures.
+///
+/// @param whole  found above the lowest of the line, its start before its end
+std::vector<Pass> partsAboveLine(const PassQuery& query, const Pass& whole);

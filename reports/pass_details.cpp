@@ -157,15 +157,15 @@ class PassListing
 {
 public:
     /// From the first step on, which has the heading.
-    PassListing(WinpData* record, int form)
-        : in(record), mode(form), t(alignedStart(in->aostm[in->aossel], in->tmstep)), first(true)
+    PassListing(WinpData* record, int form, const HorizonLine* horizon)
+        : in(record), line(horizon), mode(form), t(alignedStart(in->aostm[in->aossel], in->tmstep)), first(true)
     {
         in->tmaxel = 0.0;
     }
 
     /// Goes on with the step at `time`.
-    PassListing(WinpData* record, int form, double time, double greatest)
-        : in(record), mode(form), t(time), greatestElevation(greatest)
+    PassListing(WinpData* record, int form, const HorizonLine* horizon, double time, double greatest)
+        : in(record), line(horizon), mode(form), t(time), greatestElevation(greatest)
     {}
 
     /// Composes a step in a text of `passDetailsRoom`; false if the satellite does not fulfil the conditions any more.
@@ -178,6 +178,7 @@ private:
     bool addStep(TextWriter& text);
 
     WinpData* in;
+    const HorizonLine* line;
     int mode;
     double t;
     double greatestElevation = noneYetDeg;
@@ -201,7 +202,9 @@ bool PassListing::addStep(TextWriter& text)
     if (!tellProgress(fieldText(in->fsname[in->prs]), t))
         return false;
     GetSatPos(t, in, satpos, in->prs, 0);
-    if (!conditionsHold({in, satpos, in->prs, sunAtAnyHeight(*in)}))
+    PassQuery query{in, satpos, in->prs, sunAtAnyHeight(*in)};
+    query.limits.horizon = line;
+    if (!conditionsHold(query))
         return false;
     addTime(text, *in, t);
     addColumns(text, in, mode);
@@ -243,20 +246,20 @@ void addPole(TextWriter& text, const WinpData& in, double az, double el, const V
 }
 
 /// The result of `GetPassDTxt`, or 0 with the lines of the pole.
-int stepOrPole(WinpData* in, double& t, char* lines, bool pole)
+int stepOrPole(WinpData* in, double& t, char* lines, bool pole, const HorizonLine* horizon)
 {
     if (!pole)
-        return GetPassDTxt(in, t, lines, passform::display);
+        return GetPassDTxt(in, t, lines, passform::display, horizon);
     GetPoleTxt(in, lines);
     return 0;
 }
 
 /// The whole listing, with the pole of a saved one; empty if there is no first step.
-std::string wholeListing(WinpData* in, int mode)
+std::string wholeListing(WinpData* in, int mode, const HorizonLine* horizon)
 {
     char text[passDetailsRoom];
     std::string steps;
-    PassListing listing(in, mode);
+    PassListing listing(in, mode, horizon);
     int listed = 0;
     while (listed < mostSavedSteps && listing.next(text)) {
         steps += text;
@@ -270,11 +273,11 @@ std::string wholeListing(WinpData* in, int mode)
 }
 
 /// The steps in the form that the ending of the save file asks for.
-bool saveInForm(WinpData* in, ListForm form, bool groundTrack, std::string& why)
+bool saveInForm(WinpData* in, ListForm form, bool groundTrack, const HorizonLine* horizon, std::string& why)
 {
     const LongCalculation calculation;
     const auto before = std::make_unique<RecordsBefore>(*in);
-    const std::string text = passStepsText(in, form, groundTrack);
+    const std::string text = passStepsText(in, form, groundTrack, horizon);
     if (calculationEnded()) {
         before->putBack(in);
         return false;
@@ -298,10 +301,10 @@ double alignedStart(double t, double step)
     return t;
 }
 
-int GetPassDTxt(WinpData* in, double& t, char* text, int mode)
+int GetPassDTxt(WinpData* in, double& t, char* text, int mode, const HorizonLine* horizon)
 {
     static double greatest = noneYetDeg;  // of the listing under way, whose calls have `t` in common
-    PassListing listing = t == 0.0 ? PassListing(in, mode) : PassListing(in, mode, t, greatest);
+    PassListing listing = t == 0.0 ? PassListing(in, mode, horizon) : PassListing(in, mode, horizon, t, greatest);
     const bool listed = listing.next(text);
     greatest = listing.greatest();
     t = listing.time() == 0.0 ? 1.0 : listing.time();  // not to be taken for a first step
@@ -330,13 +333,13 @@ void GetPoleTxt(WinpData* in, char* text)
     addPole(lines, *in, az, el, pole);
 }
 
-bool savePassDetails(WinpData* in, int mode, std::string& reason)
+bool savePassDetails(WinpData* in, int mode, std::string& reason, const HorizonLine* horizon)
 {
     if (const auto form = formOfName(fieldText(in->savename)))
-        return saveInForm(in, *form, mode == passform::groundTrack, reason);
+        return saveInForm(in, *form, mode == passform::groundTrack, horizon, reason);
     const LongCalculation calculation;
     const auto before = std::make_unique<RecordsBefore>(*in);
-    const std::string text = wholeListing(in, mode);
+    const std::string text = wholeListing(in, mode, horizon);
     const bool listed = !text.empty();
     if (calculationEnded()) {
         before->putBack(in);
@@ -355,16 +358,16 @@ bool savePassDetails(WinpData* in, int mode, std::string& reason)
     return true;
 }
 
-int vsGetPassDTxt(double& t, QString& text, bool pole)
+int vsGetPassDTxt(double& t, QString& text, bool pole, const HorizonLine* horizon)
 {
     char lines[passDetailsRoom];
-    const int result = stepOrPole(indata, t, lines, pole);
+    const int result = stepOrPole(indata, t, lines, pole, horizon);
     text = textQString(fieldText(lines));
     return result;
 }
 
-bool vsSavePassDt(int mode, std::string* why)
+bool vsSavePassDt(int mode, std::string* why, const HorizonLine* horizon)
 {
     std::string ignored;
-    return savePassDetails(indata, mode, why ? *why : ignored);
+    return savePassDetails(indata, mode, why ? *why : ignored, horizon);
 }

@@ -3,6 +3,7 @@
 
 #include <string>
 
+class HorizonLine;
 class QString;
 struct WinpData;
 
@@ -27,11 +28,12 @@ double alignedStart(double t, double step);
 ///
 /// @param t     time of the step, MJD UTC; must be 0.0 at the first call of a listing, and is moved on by `tmstep`
 /// @param text  at least `passDetailsRoom` characters
+/// @param horizon  the line of the place, see `PassLimits`; null: none
 /// @return      1 if the visibility conditions hold; 0 ends the listing, and the text is to be dropped
 ///
 /// `tmaxel` becomes the time of the greatest elevation so far. Uses the record `satpos`. With Sun transits the limit
 /// `sunel` plays no part.
-int GetPassDTxt(WinpData* in, double& t, char* text, int mode);
+int GetPassDTxt(WinpData* in, double& t, char* text, int mode, const HorizonLine* horizon = nullptr);
 
 /// Composes the apparent pole of the orbit: that of the great circle through the places of the satellite around
 /// `tmaxel`, as they stand in the frame of `yrepoch`. The one above the horizon counts.
@@ -42,7 +44,7 @@ void GetPoleTxt(WinpData* in, char* text);
 /// For a window: a step of the display form, or the lines of the pole.
 ///
 /// @return  whether a listing goes on: the result of `GetPassDTxt`, 0 for the pole
-int vsGetPassDTxt(double& t, QString& text, bool pole);
+int vsGetPassDTxt(double& t, QString& text, bool pole, const HorizonLine* horizon = nullptr);
 
 /// Writes the listing to the save file, with `passform::save` also the pole after two steps or more.
 ///
@@ -54,7 +56,7 @@ int vsGetPassDTxt(double& t, QString& text, bool pole);
 /// @param mode    a `passform::Mode`
 /// @param reason  receives why the file cannot be written, for a reader
 /// @return        false if nothing was written, also because the listener ended the calculation
-bool savePassDetails(WinpData* in, int mode, std::string& reason);
+bool savePassDetails(WinpData* in, int mode, std::string& reason, const HorizonLine* horizon = nullptr);
 
 /// The same for the record of the program.
-bool vsSavePassDt(int mode, std::string* why = nullptr);
+bool vsSavePassDt(int mode, std::string* why = nullptr, const HorizonLine* horizon = nullptr);

@@ -54,12 +54,13 @@ Listing listingOf(const WinpData& in, int events)
 }
 
 /// Calls `take` for each pass or event of the list of the prime satellite.
-void eachListed(WinpData* in, bool thorough, double from, double to,
+void eachListed(WinpData* in, const SearchStyle& style, double from, double to,
                 const std::function<void(const Pass&, const std::optional<Event>&)>& take)
 {
     const bool automatic = automaticWidth(*in);
     const bool events = in->iridflg > event::plain && !relativeMode(*in);
-    const PassQuery query{in, satpos, in->prs, listLimits(*in), in->iridflg, false, thorough};
+    PassQuery query{in, satpos, in->prs, listLimits(*in), in->iridflg, false, style.thorough};
+    query.limits.horizon = style.horizon;
     double t = from;
     while (t <= to && tellProgress(fieldText(in->fsname[in->prs]))) {
         Pass pass;
@@ -99,9 +100,10 @@ struct PassSpan
 };
 
 /// From the first step of the pass details to the first one that is not listed.
-PassSpan spanOfPass(WinpData* in)
+PassSpan spanOfPass(WinpData* in, const HorizonLine* horizon)
 {
-    const PassLimits limits = sunAtAnyHeight(*in);
+    PassLimits limits = sunAtAnyHeight(*in);
+    limits.horizon = horizon;
     const double from = alignedStart(in->aostm[in->aossel], in->tmstep);
     double t = from;
     for (int step = 0; step < mostSavedSteps && tellProgress(fieldText(in->fsname[in->prs]), t); ++step) {
@@ -114,11 +116,13 @@ PassSpan spanOfPass(WinpData* in)
 }
 
 /// The pass of the details, as a list of one.
-std::string singlePass(WinpData* in, ListForm form, const PassSpan& span)
+std::string singlePass(WinpData* in, ListForm form, const PassSpan& span, const HorizonLine* horizon)
 {
     GrowingList list(form, listingOf(*in, event::plain).kind, listRequest(*in, "passes", span.from, span.to), *in);
     Pass pass;
-    if (findNextPass({in, satpos, in->prs, limitsOf(*in), event::plain}, in->aostm[in->aossel], span.to, pass) != 0)
+    PassQuery query{in, satpos, in->prs, limitsOf(*in), event::plain};
+    query.limits.horizon = horizon;
+    if (findNextPass(query, in->aostm[in->aossel], span.to, pass) != 0)
         list.add(relativeMode(*in) ? contactRow(*in, in->prs, secondSatellite(*in), pass)
                                    : passRowOf(*in, in->prs, pass));
     return list.whole();
@@ -176,19 +180,19 @@ std::optional<ListForm> formOfName(std::string_view name)
     return std::nullopt;
 }
 
-std::string passListText(WinpData* in, ListForm form, bool thorough)
+std::string passListText(WinpData* in, ListForm form, const SearchStyle& style)
 {
     const Listing listing = listingOf(*in, in->iridflg);
     const double from = startMjd(in);
     const double to = from + clampedSpan(in->dur);
     GrowingList list(form, listing.kind, listRequest(*in, listing.task, from, to), *in);
-    eachListed(in, thorough, from, to, [&](const Pass& pass, const std::optional<Event>& event) {
+    eachListed(in, style, from, to, [&](const Pass& pass, const std::optional<Event>& event) {
         list.addItem(listedItem(in, form, list, pass, event));
     });
     return list.whole();
 }
 
-std::optional<std::string> allPassesText(WinpData* in, ListForm form, bool thorough)
+std::optional<std::string> allPassesText(WinpData* in, ListForm form, const SearchStyle& style)
 {
     struct Found
     {
@@ -209,7 +213,7 @@ std::optional<std::string> allPassesText(WinpData* in, ListForm form, bool thoro
     Found all;
     const auto search = [&](WinpData* own) {
         Found found;
-        eachListed(own, thorough, from, to, [&](const Pass& pass, const std::optional<Event>& event) {
+        eachListed(own, style, from, to, [&](const Pass& pass, const std::optional<Event>& event) {
             const double time = pass.tm[own->iridflg > ::event::plain ? 1 : 0];
             found.items.emplace_back(time, listedItem(own, form, list, pass, event));
         });
@@ -229,11 +233,11 @@ std::optional<std::string> allPassesText(WinpData* in, ListForm form, bool thoro
     return list.whole();
 }
 
-std::string passStepsText(WinpData* in, ListForm form, bool groundTrack)
+std::string passStepsText(WinpData* in, ListForm form, bool groundTrack, const HorizonLine* horizon)
 {
-    const PassSpan span = spanOfPass(in);
+    const PassSpan span = spanOfPass(in, horizon);
     if (form == ListForm::ics)
-        return singlePass(in, form, span);
+        return singlePass(in, form, span, horizon);
     return form == ListForm::geojson ? line(in, span) : steps(in, form, span, groundTrack);
 }
 

@@ -1,6 +1,7 @@
 // Lists of the window in the form that the name of a file asks for.
 #pragma once
 
+#include "engine/pass_search.h"
 #include "exports/list_document.h"
 #include "record/winp_data.h"
 
@@ -16,11 +17,11 @@ std::optional<ListForm> formOfName(std::string_view name);
 /// GeoJSON a pass is the line below the satellite. In relative mode these are the contacts of the two satellites.
 ///
 /// `iridflg` says what is looked for. Uses `satpos`; a calculation that the listener ends gives a part of the list.
-std::string passListText(WinpData* in, ListForm form, bool thorough = false);
+std::string passListText(WinpData* in, ListForm form, const SearchStyle& style = {});
 
 /// The same for every entry of the element file, in time order and never in relative mode; nothing if the file cannot be
 /// opened.
-std::optional<std::string> allPassesText(WinpData* in, ListForm form, bool thorough = false);
+std::optional<std::string> allPassesText(WinpData* in, ListForm form, const SearchStyle& style = {});
 
 /// The flares of the mirrors of the element file, and of its solar panels with `irsol`, in time order; one of those of
 /// the same second. The record is that of the flare search, see `IridiumSearch`; nothing if the file cannot be opened.
@@ -32,7 +33,7 @@ std::optional<std::string> matchesText(WinpData* in, ListForm form);
 
 /// The steps of the pass `aossel` of the last table: places in the sky, or points below the satellite. In a calendar it
 /// is the pass itself that stands, in GeoJSON the line below the satellite.
-std::string passStepsText(WinpData* in, ListForm form, bool groundTrack);
+std::string passStepsText(WinpData* in, ListForm form, bool groundTrack, const HorizonLine* horizon = nullptr);
 
 /// The points below the prime satellite over `dur` days from the start date, in steps of `tmstep`.
 ///

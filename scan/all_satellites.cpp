@@ -44,6 +44,8 @@ std::string headingOf(const WinpData& in, const PassLimits& limits)
     heading.addFormatted(" min.Sat.Elev.: %g   max.Sun Elev.: %g", limits.satel, limits.sunel);
     if (in.visflg)
         heading.add(in.moonflg ? "   Moonshine passes only" : "   visible passes only");
+    if (limits.horizon)
+        heading.add("   above the horizon line");
     heading.addFormatted("\n Year: %4i  +++ Timezone: %g +++ \n", in.year, in.tzone);
     if (addSpanNote(heading, in))
         heading.add("\n");
@@ -136,7 +138,7 @@ void Scan::joinSelection(const WinpData& hit)
 
 }  // namespace
 
-int AllSatAos(WinpData* in, std::string* why, bool thorough)
+int AllSatAos(WinpData* in, std::string* why, const SearchStyle& style)
 {
     const LongCalculation calculation;
     const auto before = std::make_unique<RecordsBefore>(*in);
@@ -145,10 +147,11 @@ int AllSatAos(WinpData* in, std::string* why, bool thorough)
     const FilePtr elements = openElementFile(in->tlename);
     if (!elements)
         return 2;
-    const PassLimits limits = listLimits(*in);
+    PassLimits limits = listLimits(*in);
+    limits.horizon = style.horizon;
     if (refused(*in, limits))
         return -1;
-    std::string list = Scan(in, limits, thorough).list(elements.get(), headingOf(*in, limits));
+    std::string list = Scan(in, limits, style.thorough).list(elements.get(), headingOf(*in, limits));
     if (calculationEnded()) {
         before->putBack(in);
         return calculationCancelled;

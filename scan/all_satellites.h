@@ -1,6 +1,8 @@
 // All passes or events of all satellites of the element file, written to the save file in the order of time.
 #pragma once
 
+#include "engine/pass_search.h"
+
 #include <string>
 
 struct WinpData;
@@ -15,7 +17,6 @@ struct WinpData;
 /// keeps its old content until the list is whole and sorted.
 ///
 /// @param why       receives the reason where the file cannot be written
-/// @param thorough  see `PassQuery`
 /// @return          0 done, 1 the save file cannot be written, 2 the element file cannot be opened, -1 input refused,
 ///                  `calculationCancelled`
-int AllSatAos(WinpData* in, std::string* why = nullptr, bool thorough = false);
+int AllSatAos(WinpData* in, std::string* why = nullptr, const SearchStyle& style = {});

@@ -50,11 +50,13 @@ public:
 
     Found search()
     {
+        PassQuery query{in, satpos, onlySlot};
+        query.limits.horizon = request.horizon;
         double t = request.from;
         Pass pass;
-        while (t <= request.to && nextpass(in, onlySlot, t, request.to, pass.tm, pass.a, pass.b) != 0) {
+        while (t <= request.to && findNextPass(query, t, request.to, pass) != 0) {
             take(pass);
-            const double next = timeAfterPass(*in, onlySlot, pass);
+            const double next = timeAfterPass(query, pass);
             if (!(next > t) || !tellProgress(name, next))
                 break;
             t = next;

@@ -7,6 +7,7 @@
 #include <string>
 #include <vector>
 
+class HorizonLine;
 struct WinpData;
 
 /// Which passes are wanted.
@@ -15,6 +16,7 @@ struct BrightRequest
     double from = 0, to = 0;  // MJD UTC
     double faintest = 4.0;    // magnitude
     bool sky = true;          // passes that twilight or moonlight hide from the unaided eye are left out as well
+    const HorizonLine* horizon = nullptr;  // of the place, see `PassLimits`
 };
 
 /// A pass with its brightest moment.

@@ -32,21 +32,21 @@ bool anySlotServes(const WinpData& in)
 }
 
 /// The start of the pass of slot `isat` that begins soon after `t`; nothing if there is none.
-std::optional<double> soonStart(WinpData* in, int isat, double t)
+std::optional<double> soonStart(WinpData* in, int isat, double t, const HorizonLine* horizon)
 {
-    double tm[3] = {};
-    double a[3] = {};
-    double b[3] = {};
-    if (nextpass(in, isat, t, t + windowDays, tm, a, b) == 0 || !(tm[0] > t + leastLeadDays))
+    PassQuery query{in, satpos, isat};
+    query.limits.horizon = horizon;
+    Pass pass;
+    if (findNextPass(query, t, t + windowDays, pass) == 0 || !(pass.tm[0] > t + leastLeadDays))
         return std::nullopt;
-    return tm[0];
+    return pass.tm[0];
 }
 
 /// The satellites kept so far: start times of their passes, parallel to the slots.
 class Candidates
 {
 public:
-    explicit Candidates(WinpData* record) : in(record) {}
+    Candidates(WinpData* record, const HorizonLine* horizon) : in(record), line(horizon) {}
 
     void tryEntry(double t);
     void sortSlots();
@@ -63,6 +63,7 @@ private:
     void takeOver(double passStart, const WinpData& read);
 
     WinpData* in;
+    const HorizonLine* line;
     std::array<double, maxSatellites> start{};
     int kept = 0;
     int slot = 0;  // where the next entry is tried
@@ -73,7 +74,7 @@ void Candidates::tryEntry(double t)
 {
     ShiftElm(in, parkedSlot, slot);
     ShiftElm(in, slot, workSlot);
-    decide(soonStart(in, slot, t), *in);
+    decide(soonStart(in, slot, t, line), *in);
 }
 
 void Candidates::decide(std::optional<double> passStart, const WinpData& read)
@@ -124,10 +125,10 @@ void tryOneByOne(Entries& entries, Candidates& candidates, double t)
 }
 
 /// The searches run in the parked slot of records of their own, the choice in the order of the file.
-void tryShared(WinpData* in, Entries& entries, Candidates& candidates, double t)
+void tryShared(WinpData* in, Entries& entries, Candidates& candidates, double t, const HorizonLine* horizon)
 {
     using PassStart = std::optional<double>;
-    const auto search = [&](WinpData* own) { return soonStart(own, parkedSlot, t); };
+    const auto search = [&](WinpData* own) { return soonStart(own, parkedSlot, t, horizon); };
     const auto choose = [&](const PassStart& passStart, const WinpData& searched) {
         const int slot = candidates.trialSlot();
         ShiftElm(in, parkedSlot, slot);
@@ -139,7 +140,7 @@ void tryShared(WinpData* in, Entries& entries, Candidates& candidates, double t)
 
 }  // namespace
 
-int nextSatellites(WinpData* in, double t)
+int nextSatellites(WinpData* in, double t, const HorizonLine* horizon)
 {
     const FilePtr elements = openElementFile(in->tlename);
     if (!elements)
@@ -149,10 +150,10 @@ int nextSatellites(WinpData* in, double t)
     const int selectedBefore = in->satn;
     in->rlm = 0;
     in->satn = 1;
-    Candidates candidates(in);
+    Candidates candidates(in, horizon);
     Entries entries(in, elements.get());
     if (anySlotServes(*in))
-        tryShared(in, entries, candidates, t);
+        tryShared(in, entries, candidates, t, horizon);
     else
         tryOneByOne(entries, candidates, t);
     if (calculationEnded()) {
@@ -165,7 +166,7 @@ int nextSatellites(WinpData* in, double t)
     return candidates.count();
 }
 
-int Nxt4Pass(WinpData* in)
+int Nxt4Pass(WinpData* in, const HorizonLine* horizon)
 {
-    return nextSatellites(in, RT_MJD(in));
+    return nextSatellites(in, RT_MJD(in), horizon);
 }

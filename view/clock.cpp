@@ -116,12 +116,14 @@ void VorlixView::jumpToPass(bool forward)
     if (indata->rlm && indata->skymap)
         indata->rlm = 0;
 
-    double tm[3] = {}, a[3] = {}, b[3] = {};
+    PassQuery query{indata, satpos, indata->prs};
+    query.limits.horizon = horizon.get();
+    Pass pass;
     const double sense = forward ? 1.0 : -1.0;
     const double from = indata->mjd + sense * indata->tmstep;
     const double to = from + sense * clampedSpan(indata->dur);
     int found = 0;
-    const auto search = [&] { found = (forward ? nextpass : lastpass)(indata, indata->prs, from, to, tm, a, b); };
+    const auto search = [&] { found = (forward ? findNextPass : findLastPass)(query, from, to, pass, Pace::fast); };
     if (!calculated(search))
         return;
     if (found == 0) {
@@ -132,7 +134,7 @@ void VorlixView::jumpToPass(bool forward)
     }
     redrawBehindPlot();
     indata->pasjmp = 1;
-    showPassAt(indata->rlm && indata->satn >= 2 ? tm[0] : centredOn(tm[1]));
+    showPassAt(indata->rlm && indata->satn >= 2 ? pass.tm[0] : centredOn(pass.tm[1]));
 }
 
 /// Turns an automatic sky map towards the satellite at t.

@@ -360,9 +360,14 @@ void VorlixView::vLeft(bool on)
 
 void VorlixView::vReadable(bool on)
 {
-    const Keep what(dsplmd);
     readable = on;
     legendPix.fill(colours().legend);
+    drawAnew();
+}
+
+void VorlixView::drawAnew()
+{
+    const Keep what(dsplmd);
     if (indata->dspmd == 1) {
         vRefreshP();
         return;

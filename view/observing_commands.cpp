@@ -3,12 +3,14 @@
 #include "view/vorlix_view.h"
 
 #include <QFile>
+#include <QFileInfo>
 
 #include "astro/angles.h"
 #include "design/astrometry.h"
 #include "design/circular_start.h"
 #include "design/satellite_slots.h"
 #include "dialogs/st_fit_dialog.h"
+#include "dialogs/st_horizon_dialog.h"
 #include "dialogs/st_observation_dialog.h"
 #include "dialogs/st_station_dialog.h"
 #include "observing/initial_orbit.h"
@@ -142,6 +144,28 @@ void VorlixView::vStation()
         return;
     keepOwnStation(dialog.values());
     keepSiteOfStation(dialog.values().number, siteOf(in));
+}
+
+QString VorlixView::restoreHorizon()
+{
+    const QString name = horizonFile();
+    if (name.isEmpty())
+        return {};
+    const HorizonText text = readHorizonFile(name);
+    horizon = text.line;
+    return horizon ? QString() : tr("No horizon from %1: %2").arg(name, QString::fromStdString(text.complaint));
+}
+
+void VorlixView::vHorizon()
+{
+    StHorizonDialog dialog(this);
+    dialog.setFile(horizonFile());
+    if (dialog.exec() != QDialog::Accepted)
+        return;
+    horizon = dialog.line();
+    const QString name = dialog.file();
+    keepHorizonFile(name.isEmpty() ? name : QFileInfo(name).absoluteFilePath());
+    drawAnew();
 }
 
 void VorlixView::vSaveObservation()

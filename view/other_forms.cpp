@@ -49,7 +49,7 @@ void VorlixView::saveListInForm(ListForm form)
     if (chooseEventKind(indata) && !askDistance())
         return;
     std::string text;
-    if (!calculated([&] { text = passListText(indata, form, thorough); }))
+    if (!calculated([&] { text = passListText(indata, form, searchStyle()); }))
         return;
     const std::string why = writeInForm(indata, form, text);
     if (why.empty())
@@ -62,7 +62,7 @@ void VorlixView::saveListInForm(ListForm form)
 int VorlixView::listAllInForm(ListForm form, std::string& why)
 {
     std::optional<std::string> text;
-    if (!calculated([&] { text = allPassesText(indata, form, thorough); }))
+    if (!calculated([&] { text = allPassesText(indata, form, searchStyle()); }))
         return calculationCancelled;
     if (!text)
         return 2;
@@ -84,7 +84,7 @@ std::optional<std::string> VorlixView::tableInForm(ListForm form)
         else if (listed == Listed::matches)
             text = matchesText(&record, form);
         else
-            text = passListText(&record, form, listedThorough);
+            text = passListText(&record, form, {listedThorough, listedHorizon.get()});
     });
     indata->sgpsat = noSlot;
     return whole ? text : std::nullopt;
@@ -102,6 +102,7 @@ void VorlixView::noteListed(Listed what)
     listedRecord = std::make_unique<WinpData>(*indata);
     listedText = reportText();
     listedThorough = thorough;
+    listedHorizon = horizon;
 }
 
 bool VorlixView::vExport(const QString& name)

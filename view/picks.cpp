@@ -105,6 +105,7 @@ void VorlixView::vLocalPass()
 void VorlixView::openPassDetails()
 {
     StPassDialog dialog(this);
+    dialog.setHorizon(listedHorizon);
     if (calculated([&] { dialog.setParams(fsz); }))
         dialog.exec();
 }

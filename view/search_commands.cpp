@@ -44,7 +44,7 @@ bool VorlixView::listPasses(std::string* why)
     if (chooseEventKind(indata) && !askDistance())
         return true;
     std::string reason;
-    if (!calculated([&] { reason = aospass(indata, outdata, thorough); }))
+    if (!calculated([&] { reason = aospass(indata, outdata, searchStyle()); }))
         return false;
     if (why)
         *why = reason;
@@ -81,7 +81,7 @@ int VorlixView::listAll()
         result = listAllInForm(*form, why);
     } else {
         const WaitCursor wait;
-        result = AllSatAos(indata, &why, thorough);
+        result = AllSatAos(indata, &why, searchStyle());
     }
     if (result == calculationCancelled)
         return result;

@@ -44,5 +44,5 @@ int VorlixView::vNextSat()
 {
     const Keep kind(indata->iridflg, indata->iridflg == event::iridium ? event::plain : indata->iridflg);
     const WaitCursor wait;
-    return Nxt4Pass(indata);
+    return Nxt4Pass(indata, horizon.get());
 }

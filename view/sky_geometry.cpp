@@ -1,9 +1,12 @@
 #include "view/sky_geometry.h"
 
 #include <cmath>
+#include <cstdlib>
 #include <numbers>
+#include <optional>
 
 #include "astro/angles.h"
+#include "engine/horizon_line.h"
 #include "view/pixel.h"
 #include "view/stereographic.h"
 
@@ -109,6 +112,30 @@ SkyPlace placeAt(const SkyFrame& sky, const QPoint& p)
     const double w = (p.x() - sky.centre.x()) / sky.xscale;
     const double limit = skyLimit(sky) * degPerRad;
     return sky.zenith() ? placeAboutZenith(u, w, limit) : placeOnMollweide(sky, u, w, limit);
+}
+
+std::vector<QLine> skyline(const SkyFrame& sky, const HorizonLine& line)
+{
+    const std::vector<HorizonLine::Point>& corners = line.points();
+    std::vector<QLine> lines;
+    std::optional<QPoint> from;
+    const auto goTo = [&](double az, double el) {
+        const QPoint to = pixelOf(sky, std::max(el, 0.0), az);
+        const bool shown = to.x() <= sky.width && to.y() <= sky.height;
+        const bool sameEdge = from && (sky.zenith() || std::abs(to.x() - from->x()) < sky.width / 2);
+        if (shown && sameEdge)
+            lines.emplace_back(*from, to);
+        from = shown ? std::optional(to) : std::nullopt;
+    };
+    for (std::size_t k = 0; k + 1 < corners.size(); ++k) {
+        const auto [az, el] = corners[k];
+        const double width = corners[k + 1].azimuth - az, rise = corners[k + 1].elevation - el;
+        const int steps = std::max(1, static_cast<int>(std::ceil(width)));
+        for (int step = 0; step < steps; ++step)
+            goTo(az + width * step / steps, el + rise * step / steps);
+    }
+    goTo(corners.back().azimuth, corners.back().elevation);
+    return lines;
 }
 
 std::vector<QLine> horizonLines(const SkyFrame& sky)

@@ -7,6 +7,8 @@
 #include <QPoint>
 #include <vector>
 
+class HorizonLine;
+
 /// A sky map as it is set up for one drawing.
 struct SkyFrame
 {
@@ -49,6 +51,9 @@ QPoint pixelOf(const SkyFrame& sky, double el, double az);
 
 /// The direction under a pixel; elevation `outsideSky` outside the sky.
 SkyPlace placeAt(const SkyFrame& sky, const QPoint& p);
+
+/// The line of the place in the sky, where it is above the horizon.
+std::vector<QLine> skyline(const SkyFrame& sky, const HorizonLine& line);
 
 /// The horizon of a map about the zenith.
 std::vector<QLine> horizonLines(const SkyFrame& sky);

@@ -257,6 +257,10 @@ void VorlixView::PltSky(QPainter& painter)
         painter.setPen(c.horizon);
         drawAll(painter, horizonLines(sky));
     }
+    if (horizon && !indata->satsky) {
+        painter.setPen(c.strongLine);
+        drawAll(painter, skyline(sky, *horizon));
+    }
     painter.setPen(c.contrast);
     drawCompass(painter, sky);
     drawBodies(painter, sky, view, c);

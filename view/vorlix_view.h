@@ -21,6 +21,7 @@
 #include <QScrollArea>
 #include <QString>
 
+#include "engine/pass_search.h"
 #include "imaging/sky_picture.h"
 #include "record/winp_data.h"
 #include "record/wout_data.h"
@@ -130,6 +131,8 @@ public:
 
     /// Whether lists of passes hold every interval, see `findNextInterval`.
     void vThorough(bool on) { thorough = on; }
+    /// Takes the horizon from the file that vorlix.ini names. @return  why there is none; empty if none is wanted
+    QString restoreHorizon();
     void vPicSwitch(bool on);
     void vQuit();
 
@@ -218,6 +221,8 @@ public:
     // --- observers
     /// Asks for number and accuracies of the station; the observer's place becomes the station's.
     void vStation();
+    /// Asks for the file with the horizon of the place.
+    void vHorizon();
     /// Adds an observation to a file of reports.
     void vSaveObservation();
     /// Corrects elements by observations; the new ones become a further satellite.
@@ -326,6 +331,8 @@ private:
     void chooseScales(bool disk);
     void redrawMap();
     void redrawBehindPlot();
+    /// The background, and the plot if a map with satellites is on show.
+    void drawAnew();
     void drawBackground();
     void paintBackground(QPainter& painter);
     void paintMap(QPainter& painter);
@@ -457,11 +464,14 @@ private:
 
     QString toldName, toldText;  // to assistive programs
 
-    std::unique_ptr<WinpData> listedRecord;  // that the last table was made with,
-    std::string listedText;                  // and its lines
-    bool listedThorough = false;             // and how it was searched
-    Listed listed = Listed::passes;          // and what it lists
-    bool thorough = false;                   // how lists of passes are searched
+    std::unique_ptr<WinpData> listedRecord;            // that the last table was made with,
+    std::string listedText;                            // and its lines
+    Listed listed = Listed::passes;                    // and what it lists
+    bool thorough = false;                             // how lists of passes are searched
+    bool listedThorough = false;                       // how the last table was
+    std::shared_ptr<const HorizonLine> horizon;        // of the place; null: a plain one
+    std::shared_ptr<const HorizonLine> listedHorizon;  // of the last table
+    SearchStyle searchStyle() const { return {thorough, horizon.get()}; }
 
     // what of a plot need not be painted again by the next one
     std::optional<DrawnLegend> legend;  // in mapPix

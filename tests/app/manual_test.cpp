@@ -107,6 +107,7 @@ private Q_SLOTS:
     void init()
     {
         open(dataFile("vienna.cfg"));
+        place->write("street.txt", "# a house in the West\n210 12\n240 30\n270 30\n270 5\n360 5\n");
         QCOMPARE(indata->satn, 0);
     }
     void cleanup() { close(); }

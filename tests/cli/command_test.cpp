@@ -56,6 +56,32 @@ class Command : public testing::Test
     const QString before = QDir::currentPath();
 };
 
+TEST_F(Command, CutsPassesByTheHorizonOfTheSite)
+{
+    const std::string elements = (samples + "/visual.txt").toStdString();
+    const ScratchDir folder;
+    const auto passes = [&](const char* text) {
+        ScratchDir::write("horizon.txt", text);
+        return runEvening({"passes", "--elements", elements, "--satellite", "10967", "--days", "0.4", "--format",
+                           "csv", "--horizon", "horizon.txt"});
+    };
+    EXPECT_EQ(linesOf(passes("0 10\n").out).size(), 2u);
+    const CommandRun cut = passes("Azimuth;Altitude\n# the house\n240;30\n270\xc2\xb0;30\n270;+5\n360;5\n210;5\n");
+    const std::vector<std::string> rows = linesOf(cut.out);
+    ASSERT_EQ(rows.size(), 3u) << cut.out << cut.err;
+    EXPECT_NE(rows[1].find("T16:58:41.4"), std::string::npos) << rows[1];
+    EXPECT_NE(rows[2].find("T17:01:05"), std::string::npos) << rows[2];
+    EXPECT_EQ(passes("[[240, 30], [270, 30], [270, 5], [360, 5], [210, 5]]").out, cut.out);
+    for (const auto& [text, why] : {std::pair{"12 5\n\n1 2 3\n", "line 3"}, std::pair{"az el\nx y\n", "line 2"},
+                                    std::pair{"10 91\n", "line 1: the elevation"}, std::pair{"# no\n", "no point"},
+                                    std::pair{"nan 3\n", "line 1: the azimuth"},
+                                    std::pair{"[[0, 1], [2]]", "point 2"}, std::pair{"[[0, 1", "but is none"}}) {
+        const CommandRun refused = passes(text);
+        EXPECT_EQ(refused.status, 3) << text;
+        EXPECT_NE(refused.err.find(why), std::string::npos) << refused.err;
+    }
+}
+
 TEST_F(Command, AnswersAsTheReadmeShows)
 {
     const std::vector<Transcript> shown = transcriptsOf(ScratchDir::read(SOURCE_DIR "/README.md"));

@@ -25,6 +25,7 @@
 #include "dialogs/st_follow_dialog.h"
 #include "dialogs/st_field_dialog.h"
 #include "dialogs/st_fit_dialog.h"
+#include "dialogs/st_horizon_dialog.h"
 #include "dialogs/st_iers_dialog.h"
 #include "dialogs/st_iridium_dialog.h"
 #include "dialogs/st_launch_dialog.h"
@@ -91,6 +92,7 @@ const DialogCase dialogCases[] = {
     {"Orbit Determination", make<StOrbDetDialog>, "", "okButton", "cancelButton"},
     {"Astrometry", make<StAstDialog>, "", "okButton", "cancelButton"},
     {"Pass Details", make<StPassDialog>, "", "closeButton", nullptr},
+    {"Horizon", make<StHorizonDialog>, "", "okButton", "cancelButton", "", "fileEdit"},
     {"Observing Station", make<StStationDialog>, "", "okButton", "cancelButton", "numberEdit"},
     {"Save Observation", make<StObservationDialog>, "", "okButton", "cancelButton", "numberEdit",
      "designatorEdit timeEdit magnitudeEdit fileEdit"},

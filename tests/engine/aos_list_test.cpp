@@ -18,7 +18,7 @@ std::vector<std::string> listOf(WinpData& in, bool thorough = false)
 {
     WoutData out;
     out.nlines = 3;  // of an earlier report
-    aospass(&in, &out, thorough);
+    aospass(&in, &out, {thorough});
     return reportLines(out);
 }
 

@@ -7,7 +7,7 @@ _vorlix()
         words="passes events contacts look track state match convert next now report fit field identify --help --version"
     else
         case $before in
-            --elements | --output) files=1 ;;
+            --elements | --output | --horizon) files=1 ;;
             --format)
                 case $task in
                     passes) words="table csv json ndjson ics" ;;
@@ -38,15 +38,15 @@ _vorlix()
             --satellite | --site | --site-name | --days | --limit | --workers | --min-elevation | --max-sun | --min-duration | --brighter | --place | --mirror | --normal | --max-distance | --max-magnitude | --step | --frequency | --length | --azel | --radec | --radius | --window | --direction | --hold | --size | --angle | --exposure | --streak | --clock-offset) ;;
             *)
                 case $task in
-                    passes) words="--elements --satellite --site --site-name --from --to --days --zone --limit --workers --format --output --order --visible --moonshine --all --min-elevation --max-sun --min-duration --thorough --brighter --dark-sky --sort --length --no-config --clock --help" ;;
-                    events) words="--elements --satellite --site --site-name --from --to --days --zone --limit --workers --format --output --order --visible --moonshine --all --min-elevation --max-sun --no-config --clock --help --kind --place --mirror --normal --max-distance --max-magnitude" ;;
+                    passes) words="--elements --satellite --site --site-name --from --to --days --zone --limit --workers --format --output --order --visible --moonshine --all --min-elevation --max-sun --horizon --min-duration --thorough --brighter --dark-sky --sort --length --no-config --clock --help" ;;
+                    events) words="--elements --satellite --site --site-name --from --to --days --zone --limit --workers --format --output --order --visible --moonshine --all --min-elevation --max-sun --horizon --no-config --clock --help --kind --place --mirror --normal --max-distance --max-magnitude" ;;
                     contacts) words="--elements --site --site-name --from --to --days --zone --limit --workers --format --output --visible --all --min-duration --no-config --clock --help" ;;
                     look) words="--elements --satellite --site --site-name --from --to --days --zone --limit --workers --format --output --no-config --clock --help --step --frequency --length" ;;
                     track) words="--elements --satellite --site --site-name --from --to --days --zone --limit --workers --format --output --no-config --clock --help --step" ;;
                     state) words="--elements --satellite --site --site-name --from --to --days --zone --limit --workers --format --output --no-config --clock --help --step --frame --numeric" ;;
                     match) words="--elements --satellite --site --site-name --zone --limit --workers --format --output --order --visible --moonshine --all --min-elevation --max-sun --no-config --clock --help --at --azel --radec --radius --window --direction" ;;
                     convert) words="--elements --satellite --limit --workers --format --output --no-config --clock --help" ;;
-                    next) words="--elements --satellite --site --site-name --from --to --days --zone --limit --workers --format --output --order --visible --moonshine --all --min-elevation --max-sun --no-config --clock --help" ;;
+                    next) words="--elements --satellite --site --site-name --from --to --days --zone --limit --workers --format --output --order --visible --moonshine --all --min-elevation --max-sun --horizon --no-config --clock --help" ;;
                     now) words="--elements --satellite --site --site-name --from --zone --limit --workers --format --output --visible --moonshine --all --min-elevation --max-sun --no-config --clock --help --length" ;;
                     report) words="--zone --limit --format --output --no-config --clock --help --code" ;;
                     fit) words="--elements --satellite --site --site-name --from --to --days --zone --limit --workers --format --output --no-config --clock --help --hold --initial --geometric" ;;

@@ -46,6 +46,7 @@ complete -c vorlix -n '__fish_seen_subcommand_from passes events contacts match 
 complete -c vorlix -n '__fish_seen_subcommand_from passes events match next now' -l min-elevation -x -d 'lowest elevation of the satellite'
 complete -c vorlix -n '__fish_seen_subcommand_from passes events match next now' -l max-sun -x -d 'highest elevation of the Sun'
 complete -c vorlix -n '__fish_seen_subcommand_from passes' -l thorough -d 'every interval, to 0.01 s: short passes and parts of passes too'
+complete -c vorlix -n '__fish_seen_subcommand_from passes events next' -l horizon -r -F -d 'houses and hills around the site: a text file of azimuth and elevation, degrees'
 complete -c vorlix -n '__fish_seen_subcommand_from passes contacts' -l min-duration -x -d 'shorter ones are left out'
 complete -c vorlix -n '__fish_seen_subcommand_from passes' -l brighter -x -d 'only passes that become so bright, with the magnitude'
 complete -c vorlix -n '__fish_seen_subcommand_from passes' -l dark-sky -d 'with --brighter: only those that twilight and moonlight leave to the unaided eye'
