@@ -333,6 +333,17 @@ std::span<const VorlixApp::ActionRow> VorlixApp::actionRows()
                  "azimuth and elevation. Lists hold what is above this line; a pass that is hidden in the middle counts "
                  "as two. The sky map shows the line."),
             &App::slotInputHorizon, nullptr},
+        ActionRow{&App::calcBrightest, "calcBrightest", TEXT("&Brightest Passes..."), "Ctrl+B", "",
+            TEXT("The passes of the night that are worth going out for."),
+            TEXT("Brightest Passes\n\nLists the passes of all satellites of the TLE file that become brighter than a "
+                 "limit, over the night or the time set, with the magnitude and how sure it is. The list can be "
+                 "sorted; each pass can be opened, and shown on map and sky."),
+            &App::slotCalcBrightest, nullptr},
+        ActionRow{&App::settMagnitudes, "settMagnitudes", TEXT("&Magnitudes..."), "", "",
+            TEXT("Where the magnitudes of satellites come from."),
+            TEXT("Magnitudes\n\nChooses a list of standard magnitudes, and the size of satellites of which nothing is "
+                 "known. Brightest Passes, Passes through Field and Satellites in Picture use them."),
+            &App::slotSettMagnitudes, nullptr},
         ActionRow{&App::calcField, "calcField", TEXT("Passes through Fi&eld..."), "Ctrl+K", "",
             TEXT("Satellites that cross a field of the sky during an exposure."),
             TEXT("Passes through Field\n\nLists every satellite of the TLE file that crosses a circle or a frame in the "

@@ -18,16 +18,17 @@ struct LetterKey
 };
 
 constexpr std::array letterKeys{
-    LetterKey{Qt::Key_A, &VorlixApp::slotCalcAOS},       LetterKey{Qt::Key_C, &VorlixApp::slotInputLocation},
-    LetterKey{Qt::Key_D, &VorlixApp::slotInputDate},     LetterKey{Qt::Key_E, &VorlixApp::slotManvEdit},
-    LetterKey{Qt::Key_F, &VorlixApp::slotFileOpen},      LetterKey{Qt::Key_G, &VorlixApp::slotPlotDelta},
-    LetterKey{Qt::Key_H, &VorlixApp::slotQuickHelp},     LetterKey{Qt::Key_J, &VorlixApp::slotFileObservation},
-    LetterKey{Qt::Key_K, &VorlixApp::slotCalcField},     LetterKey{Qt::Key_L, &VorlixApp::slotManvLaunch},
-    LetterKey{Qt::Key_M, &VorlixApp::slotViewMagnitude}, LetterKey{Qt::Key_O, &VorlixApp::slotCalcOrbitTrack},
-    LetterKey{Qt::Key_P, &VorlixApp::slotInputNextSat},  LetterKey{Qt::Key_R, &VorlixApp::slotPlotRT},
-    LetterKey{Qt::Key_T, &VorlixApp::slotViewStep},      LetterKey{Qt::Key_U, &VorlixApp::slotPlotCurrent},
-    LetterKey{Qt::Key_W, &VorlixApp::slotViewSwitch},    LetterKey{Qt::Key_X, &VorlixApp::slotViewText},
-    LetterKey{Qt::Key_Y, &VorlixApp::slotViewMap},       LetterKey{Qt::Key_Z, &VorlixApp::slotInputRemoveSat},
+    LetterKey{Qt::Key_A, &VorlixApp::slotCalcAOS},         LetterKey{Qt::Key_B, &VorlixApp::slotCalcBrightest},
+    LetterKey{Qt::Key_C, &VorlixApp::slotInputLocation},   LetterKey{Qt::Key_D, &VorlixApp::slotInputDate},
+    LetterKey{Qt::Key_E, &VorlixApp::slotManvEdit},        LetterKey{Qt::Key_F, &VorlixApp::slotFileOpen},
+    LetterKey{Qt::Key_G, &VorlixApp::slotPlotDelta},       LetterKey{Qt::Key_H, &VorlixApp::slotQuickHelp},
+    LetterKey{Qt::Key_J, &VorlixApp::slotFileObservation}, LetterKey{Qt::Key_K, &VorlixApp::slotCalcField},
+    LetterKey{Qt::Key_L, &VorlixApp::slotManvLaunch},      LetterKey{Qt::Key_M, &VorlixApp::slotViewMagnitude},
+    LetterKey{Qt::Key_O, &VorlixApp::slotCalcOrbitTrack},  LetterKey{Qt::Key_P, &VorlixApp::slotInputNextSat},
+    LetterKey{Qt::Key_R, &VorlixApp::slotPlotRT},          LetterKey{Qt::Key_T, &VorlixApp::slotViewStep},
+    LetterKey{Qt::Key_U, &VorlixApp::slotPlotCurrent},     LetterKey{Qt::Key_W, &VorlixApp::slotViewSwitch},
+    LetterKey{Qt::Key_X, &VorlixApp::slotViewText},        LetterKey{Qt::Key_Y, &VorlixApp::slotViewMap},
+    LetterKey{Qt::Key_Z, &VorlixApp::slotInputRemoveSat},
 };
 
 /// The code of a small letter counts as that of its capital.

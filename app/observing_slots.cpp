@@ -25,6 +25,21 @@ void VorlixApp::slotFileObservation()
     showStatus(tr("Ready."));
 }
 
+void VorlixApp::slotCalcBrightest()
+{
+    showStatus(tr("Searching the brightest passes..."));
+    slotStopTime();
+    view->vBrightest();
+    showStatus(tr("Ready."));
+}
+
+void VorlixApp::slotSettMagnitudes()
+{
+    showStatus(tr("Set the source of magnitudes..."));
+    view->vMagnitudes();
+    showStatus(tr("Ready."));
+}
+
 void VorlixApp::slotCalcField()
 {
     showStatus(tr("Searching passes through a field..."));

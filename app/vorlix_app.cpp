@@ -176,9 +176,9 @@ void VorlixApp::initMenuBar()
     inputMenu = makeMenu("inputMenu", tr("&Input"),
                          {inputSelectSat, inputRemoveSat, inputNextSat, nullptr, inputDate, inputLocation, nullptr,
                           inputIers, inputStation, inputHorizon});
-    calcMenu = makeMenu(
-        "calcMenu", tr("&Calculate"),
-        {calcAOS, calcAllSats, calcOrbitTrack, nullptr, calcIridium, nullptr, calcMatch, calcField, calcPicture});
+    calcMenu = makeMenu("calcMenu", tr("&Calculate"),
+                        {calcAOS, calcAllSats, calcOrbitTrack, nullptr, calcIridium, nullptr, calcMatch, calcField,
+                         calcPicture, calcBrightest});
     manvMenu = makeMenu("manvMenu", tr("&Maneuver"),
                         {manvEdit, nullptr, manvDeltaV, manvLaunch, manvRendz, nullptr, manvOrbDet, manvFit});
     plotMenu = makeMenu("plotMenu", tr("&Plot"),
@@ -190,7 +190,7 @@ void VorlixApp::initMenuBar()
                          viewFontSize, viewLeft,    nullptr,          viewSize25, viewSize50,    viewNormalSize,
                          nullptr,      viewToolBar, viewStatusBar,    nullptr,    viewReadable,  nullptr,
                          viewLarger,   viewSmaller, viewOriginalSize, viewFit});
-    settMenu = makeMenu("settMenu", tr("&Settings"), {settSysConf, settThorough});
+    settMenu = makeMenu("settMenu", tr("&Settings"), {settSysConf, settThorough, settMagnitudes});
     editMenu = makeMenu("editMenu", tr("&Edit"), {editCopy, editCopyPicture});
     helpMenu = makeMenu("helpMenu", tr("&Help"), {helpAbout, helpAboutQt, nullptr, helpQuick, nullptr, whatsThis});
 }

@@ -80,6 +80,8 @@ public Q_SLOTS:
     void slotManvOrbDet();
     void slotManvFit();
     void slotCalcField();
+    void slotCalcBrightest();
+    void slotSettMagnitudes();
     void slotCalcPicture();
 
     void slotPlotRT();
@@ -230,6 +232,8 @@ private:
     QAction* manvOrbDet = nullptr;
     QAction* manvFit = nullptr;
     QAction* calcField = nullptr;
+    QAction* calcBrightest = nullptr;
+    QAction* settMagnitudes = nullptr;
     QAction* calcPicture = nullptr;
     QAction* plotRT = nullptr;
     QAction* plotDelta = nullptr;

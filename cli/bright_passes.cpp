@@ -18,20 +18,6 @@ BrightnessSettings settingsOf(const Request& request)
     return settings;
 }
 
-std::string sourceOf(const StandardMagnitude& standard)
-{
-    switch (standard.source) {
-    case BrightnessSource::list:
-        return "list";
-    case BrightnessSource::family:
-        return standard.family;
-    case BrightnessSource::radarClass:
-        return "radar class";
-    default:
-        return "length";
-    }
-}
-
 }  // namespace
 
 BrightPasses::BrightPasses(const Session& session)
@@ -63,9 +49,10 @@ void BrightPasses::take(EntryRows& entry, const Pass& pass)
         ++hidden;
         return;
     }
-    entry.rows.emplace_back(request.byMagnitude ? best->magnitude : pass.tm[0],
-                            brightPassRow(passRowOf(in, slot, pass),
-                                          {best->mjd, best->magnitude, standard->spread, sourceOf(*standard)}));
+    entry.rows.emplace_back(
+        request.byMagnitude ? best->magnitude : pass.tm[0],
+        brightPassRow(passRowOf(in, slot, pass), {best->mjd, best->magnitude, standard->spread,
+                                                  std::string(sourceName(standard->source, standard->family))}));
 }
 
 void BrightPasses::tellUnread(const Channels& channels) const

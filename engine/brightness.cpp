@@ -45,6 +45,20 @@ int launchOf(std::string_view designator)
 
 }  // namespace
 
+std::string_view sourceName(BrightnessSource source, std::string_view family)
+{
+    switch (source) {
+    case BrightnessSource::list:
+        return "list";
+    case BrightnessSource::family:
+        return family;
+    case BrightnessSource::radarClass:
+        return "radar class";
+    default:
+        return "length";
+    }
+}
+
 double phaseLoss(PhaseLaw law, double phaseDeg)
 {
     return -2.5 * std::log10(std::max(phaseFunction(law, phaseDeg), leastShare));

@@ -23,6 +23,9 @@ enum class BrightnessSource
     length
 };
 
+/// How lists call a source: "list", "length", "radar class", or the name of the family.
+std::string_view sourceName(BrightnessSource source, std::string_view family);
+
 /// The radar cross section as orbit messages sort it: below 0.1 square metres, up to 1, above.
 enum class RadarClass
 {

@@ -17,10 +17,12 @@
 #include <QHash>
 #include <QPixmap>
 #include <QPoint>
+#include <QPointer>
 #include <QRegion>
 #include <QScrollArea>
 #include <QString>
 
+#include "dialogs/st_brightest_dialog.h"
 #include "engine/pass_search.h"
 #include "imaging/sky_picture.h"
 #include "record/winp_data.h"
@@ -210,6 +212,10 @@ public:
     void vIridium();
     void CmIridium();
     void vMatch();
+    /// Lists the brightest passes of the element file.
+    void vBrightest();
+    /// Asks where magnitudes of satellites come from.
+    void vMagnitudes();
 
     // --- orbits
     void vEditOrb();
@@ -384,6 +390,9 @@ private:
     void jumpToPass(bool forward);
     double centredOn(double t);
     void showPassAt(double t);
+    std::optional<BrightList> searchBrightest(const StBrightestDialog::Values& values);
+    bool readSatelliteOf(const BrightPass& pass);
+    void showBrightDetails(const BrightPass& pass);
 
     // satellite plot
     void refreshIfAged(double t);
@@ -468,6 +477,7 @@ private:
     std::string listedText;                            // and its lines
     Listed listed = Listed::passes;                    // and what it lists
     bool thorough = false;                             // how lists of passes are searched
+    QPointer<StBrightestDialog> brightest;             // keeps its list
     bool listedThorough = false;                       // how the last table was
     std::shared_ptr<const HorizonLine> horizon;        // of the place; null: a plain one
     std::shared_ptr<const HorizonLine> listedHorizon;  // of the last table

@@ -19,6 +19,7 @@
 #include "dialogs/form.h"
 #include "dialogs/st_adj_dialog.h"
 #include "dialogs/st_ast_dialog.h"
+#include "dialogs/st_brightest_dialog.h"
 #include "dialogs/st_date_dialog.h"
 #include "dialogs/st_delta_dialog.h"
 #include "dialogs/st_edit_orb_dialog.h"
@@ -30,6 +31,7 @@
 #include "dialogs/st_iridium_dialog.h"
 #include "dialogs/st_launch_dialog.h"
 #include "dialogs/st_local_dialog.h"
+#include "dialogs/st_magnitudes_dialog.h"
 #include "dialogs/st_map_dialog.h"
 #include "dialogs/st_match_dialog.h"
 #include "dialogs/st_obs_dialog.h"
@@ -93,6 +95,8 @@ const DialogCase dialogCases[] = {
     {"Astrometry", make<StAstDialog>, "", "okButton", "cancelButton"},
     {"Pass Details", make<StPassDialog>, "", "closeButton", nullptr},
     {"Horizon", make<StHorizonDialog>, "", "okButton", "cancelButton", "", "fileEdit"},
+    {"Brightest Passes", make<StBrightestDialog>, "", "mapButton", "closeButton"},
+    {"Magnitudes", make<StMagnitudesDialog>, "", "okButton", "cancelButton", "", "fileEdit"},
     {"Observing Station", make<StStationDialog>, "", "okButton", "cancelButton", "numberEdit"},
     {"Save Observation", make<StObservationDialog>, "", "okButton", "cancelButton", "numberEdit",
      "designatorEdit timeEdit magnitudeEdit fileEdit"},
@@ -389,7 +393,8 @@ private Q_SLOTS:
 
     void okIsTheDefaultAndAcceptsAndCancelRejects()
     {
-        const QMap<QString, const char*> searches{{"Select Satellite", "findButton"}, {"Fit Elements", "fitButton"}};
+        const QMap<QString, const char*> searches{{"Select Satellite", "findButton"}, {"Fit Elements", "fitButton"},
+                                                    {"Brightest Passes", "searchButton"}};
         for (const DialogCase& c : dialogCases) {
             const std::unique_ptr<QDialog> fresh(c.maker());
             const char* search = searches.value(c.title, nullptr);
