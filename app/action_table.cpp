@@ -333,6 +333,17 @@ std::span<const VorlixApp::ActionRow> VorlixApp::actionRows()
                  "azimuth and elevation. Lists hold what is above this line; a pass that is hidden in the middle counts "
                  "as two. The sky map shows the line."),
             &App::slotInputHorizon, nullptr},
+        ActionRow{&App::settSources, "settSources", TEXT("&Element Sources..."), "", "",
+            TEXT("Where element files come from."),
+            TEXT("Element Sources\n\nA list of addresses of element files, to choose from and to extend. Online TLE "
+                 "Update proposes the chosen one."),
+            &App::slotSettSources, nullptr},
+        ActionRow{&App::fileUpdateAtStart, "fileUpdateAtStart", TEXT("Update at Sta&rt"), "", "",
+            TEXT("Fetch old elements anew when the program starts."),
+            TEXT("Update at Start\n\nWhen the program starts, elements older than some days are fetched from the "
+                 "address of the last update, in the background. No address is asked twice within two hours, or again "
+                 "after it has refused."),
+            nullptr, nullptr},
         ActionRow{&App::calcBrightest, "calcBrightest", TEXT("&Brightest Passes..."), "Ctrl+B", "",
             TEXT("The passes of the night that are worth going out for."),
             TEXT("Brightest Passes\n\nLists the passes of all satellites of the TLE file that become brighter than a "

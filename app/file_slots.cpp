@@ -9,9 +9,13 @@
 #include <QFileDialog>
 #include <QFileInfo>
 #include <QImage>
+#include <QInputDialog>
 #include <QStatusBar>
+#include <cmath>
 
 #include "elements/download.h"
+#include "elements/element_sources.h"
+#include "record/clock.h"
 #include "record/progress.h"
 #include "record/winp_data.h"
 #include "view/message_boxes.h"
@@ -34,6 +38,15 @@ QString elementSaveFilters()
 {
     return VorlixApp::tr("TLE files (*.txt *.TXT *.tle *.TLE)") + QStringLiteral(";;") + messagesFilter() +
            VorlixApp::tr(";;all files (*.*)");
+}
+
+constexpr double minutesPerDay = 1440.0;
+constexpr double secondsPerDay = 86400.0;
+constexpr double unixEpochMjd = 40587.0;
+
+double nowMjd()
+{
+    return unixEpochMjd + static_cast<double>(systemSeconds()) / secondsPerDay;
 }
 
 }  // namespace
@@ -63,11 +76,79 @@ void VorlixApp::slotFileUpdate()
     AddressParts parts;
     if (view->vUpdate(parts.host, parts.path, parts.file) != 0)
         return;
+    if (!maybeAskAgain(parts.host + parts.path))
+        return;
     offerLeftover(parts.file);
+    fetch(parts, false);
+}
+
+/// Whether to ask a server that has been asked just now.
+bool VorlixApp::maybeAskAgain(const QString& address)
+{
+    const double now = nowMjd();
+    if (!askedJustNow(address, now))
+        return true;
+    const int minutes = static_cast<int>(std::lround((now - lastUpdate(address)->mjd) * minutesPerDay));
+    return agrees(
+        this, tr("Online Update"),
+        tr("This address was asked for elements %1 minutes ago. Services renew them no more often than every "
+           "two hours, and may shut out those who ask more often.\n\nAsk again?")
+            .arg(minutes));
+}
+
+void VorlixApp::fetch(const AddressParts& parts, bool byItself)
+{
+    askedAddress = parts.host + parts.path;
+    askedByItself = byItself;
     if (download->start(parts) != Download::Start::running) {
-        warn(this, tr("HTTP Get"), tr("Cannot write file %1\n%2.").arg(parts.file, download->errorString()));
+        const QString why = tr("Cannot write file %1\n%2.").arg(parts.file, download->errorString());
+        byItself ? tellAtStart(why.simplified()) : warn(this, tr("HTTP Get"), why);
         return;
     }
+    keepLastUpdate(askedAddress, {nowMjd(), false});
+    if (!byItself) {
+        StartUpdate update = startUpdate();
+        update.address = askedAddress;
+        update.file = parts.file;
+        keepStartUpdate(update);
+    }
+    showStatus(byItself ? tr("Fetching new elements...") : tr("Ready."));
+}
+
+void VorlixApp::slotUpdateAtStart(bool on)
+{
+    showStatus(tr("Set the update at start..."));
+    StartUpdate update = startUpdate();
+    update.on = on;
+    bool accepted = true;
+    if (on)
+        update.days = QInputDialog::getDouble(
+            this, tr("Update at Start"), tr("Fetch elements at the start of the program that are older than (days):"),
+            update.days, 0.1, 365.0, 1, &accepted);
+    if (accepted)
+        keepStartUpdate(update);
+    fileUpdateAtStart->setChecked(accepted ? on : false);
+    if (on && accepted && update.address.isEmpty())
+        inform(this, tr("Update at Start"),
+               tr("It begins with the address of the next \"Online TLE Update\", which has not been used yet."));
+    showStatus(tr("Ready."));
+}
+
+void VorlixApp::updateAtStart()
+{
+    const StartUpdate update = startUpdate();
+    if (!update.on || download->isUpdating() ||
+        !updateDue(update, newestEpoch(QFile::encodeName(update.file).constData()), nowMjd()))
+        return;
+    AddressParts parts = addressParts(update.address);
+    parts.file = update.file;
+    fetch(parts, true);
+}
+
+void VorlixApp::slotSettSources()
+{
+    showStatus(tr("Set the sources of elements..."));
+    view->vElementSources();
     showStatus(tr("Ready."));
 }
 
@@ -90,7 +171,12 @@ void VorlixApp::offerLeftover(const QString& elementFile)
 
 void VorlixApp::httpDone(bool error)
 {
-    if (error)
+    if (error && download->isRefused())
+        keepLastUpdate(askedAddress, {nowMjd(), true});
+    if (askedByItself)
+        tellAtStart(error ? tr("No new elements: %1.").arg(download->errorString())
+                          : tr("New elements in %1.").arg(download->fileName()));
+    else if (error)
         warn(this, tr("HTTP Get"), tr("Error fetching file with HTTP: %1.").arg(download->errorString()));
     else
         inform(this, tr("HTTP Get"), tr("Download complete. File %1.").arg(download->fileName()));

@@ -20,6 +20,7 @@
 #include "app/follow_control.h"
 #include "app/scan_watch.h"
 #include "elements/download.h"
+#include "elements/element_sources.h"
 #include "elements/kept_selection.h"
 #include "record/further_settings.h"
 #include "record/progress.h"
@@ -101,7 +102,13 @@ VorlixApp::VorlixApp()
 
     timer = new QTimer(this);
     connect(timer, &QTimer::timeout, this, &VorlixApp::slotTmCheck);
-    QTimer::singleShot(0, this, [this] { offerLeftover(TLEname); });
+    fileUpdateAtStart->setCheckable(true);
+    fileUpdateAtStart->setChecked(startUpdate().on);
+    connect(fileUpdateAtStart, &QAction::triggered, this, &VorlixApp::slotUpdateAtStart);
+    QTimer::singleShot(0, this, [this] {
+        offerLeftover(TLEname);
+        updateAtStart();
+    });
 
     const QStringList missing = missingAfterStart(*indata);
     if (!TLEname.isEmpty() && !missing.isEmpty())
@@ -169,10 +176,11 @@ QMenu* VorlixApp::makeMenu(const char* name, const QString& title, std::initiali
 
 void VorlixApp::initMenuBar()
 {
-    fileMenu = makeMenu("fileMenu", tr("&File"),
-                        {fileOpen, fileUpdate, nullptr, fileSave, fileSaveAs, nullptr, fileTLESave, fileTLESaveAs,
-                         nullptr, filePicture, nullptr, fileQuit, nullptr, fileExport, fileObservation, nullptr,
-                         fileSavePicture, filePrint, filePdf});
+    fileMenu =
+        makeMenu("fileMenu", tr("&File"),
+                 {fileOpen,        fileUpdate, nullptr,         fileSave,  fileSaveAs, nullptr, fileTLESave,
+                  fileTLESaveAs,   nullptr,    filePicture,     nullptr,   fileQuit,   nullptr, fileExport,
+                  fileObservation, nullptr,    fileSavePicture, filePrint, filePdf,    nullptr, fileUpdateAtStart});
     inputMenu = makeMenu("inputMenu", tr("&Input"),
                          {inputSelectSat, inputRemoveSat, inputNextSat, nullptr, inputDate, inputLocation, nullptr,
                           inputIers, inputStation, inputHorizon});
@@ -190,7 +198,7 @@ void VorlixApp::initMenuBar()
                          viewFontSize, viewLeft,    nullptr,          viewSize25, viewSize50,    viewNormalSize,
                          nullptr,      viewToolBar, viewStatusBar,    nullptr,    viewReadable,  nullptr,
                          viewLarger,   viewSmaller, viewOriginalSize, viewFit});
-    settMenu = makeMenu("settMenu", tr("&Settings"), {settSysConf, settThorough, settMagnitudes});
+    settMenu = makeMenu("settMenu", tr("&Settings"), {settSysConf, settThorough, settMagnitudes, settSources});
     editMenu = makeMenu("editMenu", tr("&Edit"), {editCopy, editCopyPicture});
     helpMenu = makeMenu("helpMenu", tr("&Help"), {helpAbout, helpAboutQt, nullptr, helpQuick, nullptr, whatsThis});
 }

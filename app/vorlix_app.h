@@ -9,6 +9,7 @@
 #include <QString>
 
 class Download;
+struct AddressParts;
 class FollowControl;
 class QAction;
 class QLabel;
@@ -48,6 +49,8 @@ public:
 public Q_SLOTS:
     void slotFileOpen();
     void slotFileUpdate();
+    void slotUpdateAtStart(bool on);
+    void slotSettSources();
     void slotFileSave();
     void slotFileSaveAs();
     void slotFileTLESave();
@@ -130,6 +133,9 @@ public Q_SLOTS:
     void httpDone(bool error);
     void offerLeftover(const QString& elementFile);
     void tellMissing(const QStringList& names);
+    bool maybeAskAgain(const QString& address);
+    void fetch(const AddressParts& parts, bool byItself);
+    void updateAtStart();
     void tellAtStart(const QString& message);
     void followEnded(const QString& name, const QString& why);
 
@@ -234,6 +240,8 @@ private:
     QAction* calcField = nullptr;
     QAction* calcBrightest = nullptr;
     QAction* settMagnitudes = nullptr;
+    QAction* settSources = nullptr;
+    QAction* fileUpdateAtStart = nullptr;
     QAction* calcPicture = nullptr;
     QAction* plotRT = nullptr;
     QAction* plotDelta = nullptr;
@@ -266,6 +274,8 @@ private:
     QAction* viewFit = nullptr;
     QAction* settSysConf = nullptr;
     QAction* settThorough = nullptr;
+    QString askedAddress;        // of the update under way,
+    bool askedByItself = false;  // and whether nobody asked for it
     QAction* helpAbout = nullptr;
     QAction* helpAboutQt = nullptr;
     QAction* helpQuick = nullptr;

@@ -27,7 +27,7 @@ StMagnitudesDialog::StMagnitudesDialog(QWidget* parent) : QDialog(parent)
         form::addButton(rows, "browseButton", tr("Bro&wse..."), nullptr, {tr("Chooses the list.")});
     phaseBox = form::addChoice(rows, "phaseBox", tr("&Magnitudes for:"),
                                {tr("The phase that the magnitudes of the list belong to.")});
-    phaseBox->addItems({tr("full phase, as lists of quicksat form"), tr("half phase, 90 degrees")});
+    phaseBox->addItems({tr("full phase, 0 degrees"), tr("half phase, 90 degrees")});
     lengthEdit = form::addEdit(rows, "lengthEdit", tr("L&ength of Others (m):"),
                                {tr("The size of all satellites of which neither the list nor a family nor the radar "
                                    "class tells the brightness. With 0 they have no magnitude.")});

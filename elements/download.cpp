@@ -98,6 +98,11 @@ bool readsAnEntry(const char* name)
 }
 }  // namespace
 
+AddressParts addressParts(const QString& address)
+{
+    return splitAddress(withoutFragment(address));
+}
+
 QString proposedAddress(const WinpData* in)
 {
     const QString last = fieldQString(in->url);

@@ -21,6 +21,9 @@ struct AddressParts
     QString file;  // the local name: beside the current element file
 };
 
+/// Host and path of an address, without what follows a "#"; the file stays empty.
+AddressParts addressParts(const QString& address);
+
 /// The name that the file of an address gets beside the element file; empty if the address has none that a file may
 /// bear, as one with a query has.
 QString fileNameOfAddress(const QString& entered);
@@ -87,6 +90,8 @@ public:
     bool isUpdating() const { return updating; }
     QString fileName() const { return elementFile; }
     QString errorString() const { return lastError; }
+    /// See `Http::isRefused`.
+    bool isRefused() const { return http.isRefused(); }
 
     /// A transfer that brings less than a kilobyte in this time has failed; 60 seconds unless set.
     void setSilenceLimit(int milliseconds) { http.setSilenceLimit(milliseconds); }

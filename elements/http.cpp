@@ -101,6 +101,7 @@ void Http::get(const QString& path, QIODevice* to)
     head.clear();
     tail.clear();
     refusal.clear();
+    refused = false;
     lastError.clear();
     storedBefore = 0;
     progressTimer.start(silenceMs);
@@ -137,7 +138,7 @@ bool Http::succeeded() const
     return status >= 200 && status < 300 && status != part;
 }
 
-bool Http::isRefused() const
+bool Http::saysNo() const
 {
     return reply->attribute(QNetworkRequest::HttpStatusCodeAttribute).toInt() >= 400;
 }
@@ -146,7 +147,7 @@ void Http::store()
 {
     constexpr qsizetype mostRefusal = 4096;
     const QByteArray piece = reply->readAll();
-    if (isRefused())
+    if (saysNo())
         refusal += piece.left(mostRefusal - refusal.size());
     if (!succeeded() || !lastError.isEmpty())
         return;
@@ -207,6 +208,8 @@ void Http::finish()
     if (reply->bytesAvailable() > 0)
         store();
     lastError = failure();
+    const int status = reply->attribute(QNetworkRequest::HttpStatusCodeAttribute).toInt();
+    refused = !lastError.isEmpty() && status >= 300 && status < 500;
     reply->deleteLater();
     reply.clear();
     Q_EMIT done(!lastError.isEmpty());

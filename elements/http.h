@@ -38,6 +38,10 @@ public:
     /// What went wrong in the last transfer, for a reader; where the server refused, with the first sentence it sent.
     QString errorString() const { return lastError; }
 
+    /// Whether the last transfer failed by the will of the server: an answer of 3xx or 4xx, such as 301 to where no
+    /// redirect is followed, 403 and 404. Nobody but a person should try again.
+    bool isRefused() const { return refused; }
+
 Q_SIGNALS:
     /// The transfer has ended.
     void done(bool error);
@@ -51,7 +55,7 @@ private:
     void giveUp(const QString& why);
     bool succeeded() const;
     bool isCut() const;
-    bool isRefused() const;
+    bool saysNo() const;
     void remember(const QByteArray& piece);
     QString networkFailure() const;
     QString failure();
@@ -62,6 +66,7 @@ private:
     QString host;
     quint16 port = 80;
     QString lastError;
+    bool refused = false;
     qint64 stored = 0;   // bytes in the target
     QByteArray head;     // the first of them
     QByteArray tail;     // and the last

@@ -6,7 +6,9 @@
 
 #include <QInputDialog>
 
+#include "dialogs/st_sources_dialog.h"
 #include "elements/download.h"
+#include "elements/element_sources.h"
 #include "elements/selection.h"
 #include "elements/writer.h"
 #include "record/keep.h"
@@ -172,6 +174,18 @@ void VorlixView::vTLESave()
     else
         inform(this, tr("TLE File Save"),
                tr("*** ERROR *** while opening or writing TLE Save File") + reasonLines(why));
+}
+
+void VorlixView::vElementSources()
+{
+    StSourcesDialog dialog(this);
+    dialog.setSources(elementSources(), fieldQString(indata->url));
+    if (dialog.exec() != QDialog::Accepted)
+        return;
+    keepElementSources(dialog.sources());
+    AddressParts parts;
+    if (!dialog.chosen().isEmpty() && !takeAddress(indata, dialog.chosen(), parts))
+        warn(this, tr("Element Sources"), tr("The marked line has no address."));
 }
 
 int VorlixView::vUpdate(QString& host, QString& path, QString& file)

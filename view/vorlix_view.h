@@ -216,6 +216,8 @@ public:
     void vBrightest();
     /// Asks where magnitudes of satellites come from.
     void vMagnitudes();
+    /// Asks for the address of the next update, from a list that is kept.
+    void vElementSources();
 
     // --- orbits
     void vEditOrb();

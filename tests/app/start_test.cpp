@@ -357,6 +357,11 @@ private Q_SLOTS:
         QCOMPARE(told.value(told.indexOf("Online Update") + 1), QString("Another online update still in progress."));
         QCOMPARE(place->read("visual.txt"), before);
         QVERIFY(!QFile::exists("satwwwsave.tmp"));
+        told.clear();
+        windows::clockSeconds += 60 * 60;
+        choose("fileUpdate", {from("http://127.0.0.1/x/visual.txt"), answer("see; reject", &told)});
+        QVERIFY2(told.value(0).startsWith("This address was asked for elements 60 minutes ago."),
+                 qPrintable(told.join('|')));
     }
 
 private:

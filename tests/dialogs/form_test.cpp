@@ -41,6 +41,7 @@
 #include "dialogs/st_quick_dialog.h"
 #include "dialogs/st_rem_sat_dialog.h"
 #include "dialogs/st_sel_sat_dialog.h"
+#include "dialogs/st_sources_dialog.h"
 #include "dialogs/st_state_dialog.h"
 #include "dialogs/st_station_dialog.h"
 #include "dialogs/st_step_dialog.h"
@@ -95,6 +96,7 @@ const DialogCase dialogCases[] = {
     {"Astrometry", make<StAstDialog>, "", "okButton", "cancelButton"},
     {"Pass Details", make<StPassDialog>, "", "closeButton", nullptr},
     {"Horizon", make<StHorizonDialog>, "", "okButton", "cancelButton", "", "fileEdit"},
+    {"Element Sources", make<StSourcesDialog>, "", "okButton", "cancelButton"},
     {"Brightest Passes", make<StBrightestDialog>, "", "mapButton", "closeButton"},
     {"Magnitudes", make<StMagnitudesDialog>, "", "okButton", "cancelButton", "", "fileEdit"},
     {"Observing Station", make<StStationDialog>, "", "okButton", "cancelButton", "numberEdit"},

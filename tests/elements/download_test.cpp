@@ -7,6 +7,7 @@
 
 #include <QCoreApplication>
 #include <QEventLoop>
+#include <QSslConfiguration>
 #include <QTimer>
 #include <array>
 #include <gtest/gtest.h>
@@ -43,7 +44,8 @@ protected:
     AddressParts parts(const char* path, const char* file = "visual.txt") const { return {"127.0.0.1", path, file}; }
 
     /// Runs a download to its end.
-    Ending fetch(Download& download, const AddressParts& from)
+    Ending fetch(Download& download, const AddressParts& from) { return fetch(download, from, server->port()); }
+    Ending fetch(Download& download, const AddressParts& from, quint16 port)
     {
         Ending ending = endless;
         QEventLoop loop;
@@ -52,7 +54,7 @@ protected:
             loop.quit();
         });
         QTimer::singleShot(30000, &loop, &QEventLoop::quit);
-        if (download.start(from, server->port()) != Download::Start::running)
+        if (download.start(from, port) != Download::Start::running)
             return notStarted;
         loop.exec();
         return ending;
@@ -227,6 +229,56 @@ TEST_F(DownloadTest, SpeaksHttpsIfAskedAndFailsForNoHost)
     }
     EXPECT_GE(server->handshakes(), 1);
     EXPECT_EQ(server->requests(), 0);
+}
+
+TEST_F(DownloadTest, FetchesByTlsAndLeavesItForNothingLessSafe)
+{
+    const auto safe = HttpServer::overTls();
+    const auto place = [](const HttpServer& one, const char* scheme) {
+        return QByteArray(scheme) + "://127.0.0.1:" + QByteArray::number(one.port()) + "/new";
+    };
+    const auto moved = [](const QByteArray& to) {
+        return "HTTP/1.1 301 Moved\r\nLocation: " + to + "\r\nContent-Length: 0\r\nConnection: close\r\n\r\n";
+    };
+    // a list with a number of six digits, which two lines do not hold
+    const QByteArray list =
+        "OBJECT_NAME,OBJECT_ID,EPOCH,MEAN_MOTION,ECCENTRICITY,INCLINATION,RA_OF_ASC_NODE,"
+        "ARG_OF_PERICENTER,MEAN_ANOMALY,EPHEMERIS_TYPE,CLASSIFICATION_TYPE,NORAD_CAT_ID,"
+        "ELEMENT_SET_NO,REV_AT_EPOCH,BSTAR,MEAN_MOTION_DOT,MEAN_MOTION_DDOT\n"
+        "SIX,2026-001A,2026-11-20T00:00:00,15.5,.0005,51.6,10,20,30,0,U,270123,999,1,.0001,.0001,0\n";
+    const QByteArray document = "HTTP/1.0 200 OK\r\n\r\n" + list;
+    safe->answer("/new", document);
+    server->answer("/new", document);
+    safe->answer("/gp.php?GROUP=visual&FORMAT=csv", document);
+    safe->answer("/down", moved(place(*server, "http")));
+    safe->answer("/file", moved("file:///etc/passwd"));
+    safe->answer("/across", moved(place(*safe, "https")));
+    server->answer("/up", moved(place(*safe, "https")));
+    struct Road
+    {
+        const HttpServer& from;
+        const char* path;
+        Ending ending;
+        bool refused;
+    };
+    for (const Road& road :
+         {Road{*safe, "/gp.php?GROUP=visual&FORMAT=csv", good, false}, Road{*safe, "/across", good, false},
+          Road{*server, "/up", good, false}, Road{*safe, "/down", failed, true}, Road{*safe, "/file", failed, true},
+          Road{*safe, "/none", failed, true}}) {
+        ScratchDir::write("visual.txt", oldLines);
+        Download download;
+        const bool tls = &road.from == safe.get();
+        EXPECT_EQ(
+            fetch(download, {tls ? "https://127.0.0.1" : "127.0.0.1", road.path, "visual.txt"}, road.from.port()),
+            road.ending)
+            << road.path << ' ' << download.errorString().toStdString();
+        EXPECT_EQ(ScratchDir::read("visual.txt"), road.ending == good ? list.toStdString() : oldLines) << road.path;
+        EXPECT_EQ(download.isRefused(), road.refused) << road.path;
+    }
+    QSslConfiguration::setDefaultConfiguration({});
+    Download stranger;  // nobody vouches for the certificate any more
+    EXPECT_EQ(fetch(stranger, {"https://127.0.0.1", "/new", "visual.txt"}, safe->port()), failed);
+    EXPECT_FALSE(stranger.isRefused());
 }
 
 TEST_F(DownloadTest, KeepsTheOldLinesOnDiskUntilTheEnd)

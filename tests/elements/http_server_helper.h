@@ -5,12 +5,15 @@
 #include <QHash>
 #include <QTcpServer>
 #include <QTcpSocket>
+#include <memory>
 
 /// Serves on a free port of the loopback interface, from the event loop of the test.
 class HttpServer
 {
 public:
     HttpServer();
+    /// One that speaks TLS alone, with the key and the certificate of tests/data/tls, which it makes the program trust.
+    static std::unique_ptr<HttpServer> overTls();
 
     /// The bytes that answer a path; the connection is closed behind them.
     void answer(const QByteArray& path, const QByteArray& bytes) { answers[path] = bytes; }
@@ -19,7 +22,7 @@ public:
     /// The answer to this path comes byte by byte, without an end in sight.
     void drip(const QByteArray& path) { dripping = path; }
 
-    quint16 port() const { return server.serverPort(); }
+    quint16 port() const { return server->serverPort(); }
     int requests() const { return count; }
     /// The last request, line and head.
     QByteArray lastRequest() const { return request; }
@@ -30,7 +33,10 @@ private:
     void take();
     void serve(QTcpSocket* socket);
 
-    QTcpServer server;
+    explicit HttpServer(std::unique_ptr<QTcpServer> listener);
+
+    std::unique_ptr<QTcpServer> server;
+    bool encrypted = false;
     QHash<QByteArray, QByteArray> answers;
     QByteArray silent;
     QByteArray dripping;
