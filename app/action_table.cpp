@@ -301,6 +301,11 @@ std::span<const VorlixApp::ActionRow> VorlixApp::actionRows()
             TEXT("Fit to Window\n\nDraws maps, and all else at the same scale, as large as the window holds them, and "
                  "follows its size. Maps are not drawn smaller than at 100 percent, nor larger than at 300 percent."),
             nullptr, &App::slotViewFit},
+        ActionRow{&App::viewRed, "viewRed", TEXT("Re&d Light"), "", "",
+            TEXT("Shows all windows in red on black, for eyes that see in the dark."),
+            TEXT("Red Light\n\nShows the window, its dialogs and all drawings in one red on black, so that eyes stay used "
+                 "to the dark. Files and paper are not red. The choice is kept for the next time."),
+            nullptr, &App::slotViewRed},
         ActionRow{&App::settThorough, "settThorough", TEXT("&Thorough Search"), "", "",
             TEXT("Lists of passes leave nothing out."),
             TEXT("Thorough Search\n\nLists of passes hold every time in which a satellite can be seen, however short, "

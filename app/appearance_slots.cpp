@@ -10,6 +10,7 @@
 #include <QEvent>
 #include <QScrollArea>
 
+#include "app/red_light.h"
 #include "record/further_settings.h"
 #include "view/vorlix_view.h"
 
@@ -29,6 +30,15 @@ void VorlixApp::slotViewReadable(bool on)
     showStatus(tr("Readable colours."));
     view->vReadable(on);
     openFurtherSettings().setValue(readableKey, on);
+    showStatus(tr("Ready."));
+}
+
+void VorlixApp::slotViewRed(bool on)
+{
+    showStatus(tr("Red light."));
+    redLight->turn(on, openFurtherSettings().value(redLevelKey, RedLight::usual).toInt());
+    view->vNight(on);
+    openFurtherSettings().setValue(redKey, on);
     showStatus(tr("Ready."));
 }
 

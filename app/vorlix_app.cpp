@@ -18,6 +18,7 @@
 #include <QWhatsThis>
 
 #include "app/follow_control.h"
+#include "app/red_light.h"
 #include "app/scan_watch.h"
 #include "elements/download.h"
 #include "elements/element_sources.h"
@@ -72,6 +73,7 @@ VorlixApp::VorlixApp()
     connect(follow, &FollowControl::told, this, &VorlixApp::showStatus);
     connect(follow, &FollowControl::ended, this, &VorlixApp::followEnded);
 
+    redLight = new RedLight(this);
     scanWatch = new ScanWatch(this);
     afterCalculation = new QTimer(scanWatch);
     afterCalculation->setSingleShot(true);
@@ -88,6 +90,7 @@ VorlixApp::VorlixApp()
     slotViewLeft(view->getLeft());
     viewLeft->setChecked(view->getLeft());
     viewReadable->setChecked(openFurtherSettings().value(readableKey).toBool());
+    viewRed->setChecked(openFurtherSettings().value(redKey).toBool());
     restoreSize();
     if (const QString why = view->restoreHorizon(); !why.isEmpty())
         tellAtStart(why);
@@ -197,7 +200,7 @@ void VorlixApp::initMenuBar()
                          viewPicture,  nullptr,     viewVisibility,   viewStep,   viewMagnitude, nullptr,
                          viewFontSize, viewLeft,    nullptr,          viewSize25, viewSize50,    viewNormalSize,
                          nullptr,      viewToolBar, viewStatusBar,    nullptr,    viewReadable,  nullptr,
-                         viewLarger,   viewSmaller, viewOriginalSize, viewFit});
+                         viewLarger,   viewSmaller, viewOriginalSize, viewFit,    nullptr,       viewRed});
     settMenu = makeMenu("settMenu", tr("&Settings"), {settSysConf, settThorough, settMagnitudes, settSources});
     editMenu = makeMenu("editMenu", tr("&Edit"), {editCopy, editCopyPicture});
     helpMenu = makeMenu("helpMenu", tr("&Help"), {helpAbout, helpAboutQt, nullptr, helpQuick, nullptr, whatsThis});

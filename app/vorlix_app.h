@@ -17,6 +17,7 @@ class QMenu;
 class QScrollArea;
 class QTimer;
 class QToolBar;
+class RedLight;
 class ScanWatch;
 class VorlixView;
 
@@ -30,6 +31,9 @@ extern int picsize;      // reduction of the picture: 0 full, 2 half, 3 quarter
 constexpr char thoroughKey[] = "search/thorough";
 /// Whether the second set of colours is chosen.
 constexpr char readableKey[] = "view/readableColours";
+/// Whether all is shown in red, and how bright the brightest is, 40 to 255.
+constexpr char redKey[] = "view/redLight";
+constexpr char redLevelKey[] = "view/redLightLevel";
 /// How large everything is drawn, and whether that follows the window.
 constexpr char zoomKey[] = "view/percent";
 constexpr char fitKey[] = "view/fitToWindow";
@@ -106,6 +110,7 @@ public Q_SLOTS:
     void slotFilePdf();
     void slotEditCopyPicture();
     void slotViewReadable(bool on);
+    void slotViewRed(bool on);
     void slotViewLarger();
     void slotViewSmaller();
     void slotViewOriginalSize();
@@ -272,6 +277,7 @@ private:
     QAction* viewSmaller = nullptr;
     QAction* viewOriginalSize = nullptr;
     QAction* viewFit = nullptr;
+    QAction* viewRed = nullptr;
     QAction* settSysConf = nullptr;
     QAction* settThorough = nullptr;
     QString askedAddress;        // of the update under way,
@@ -289,5 +295,6 @@ private:
     QTimer* timer = nullptr;
     Download* download = nullptr;
     FollowControl* follow = nullptr;
+    RedLight* redLight = nullptr;
     int tmmode = 0;  // 0 no timer, 1 real time, 2 delta time
 };

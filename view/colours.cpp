@@ -122,6 +122,17 @@ MapColours readableColoursOnPicture()
     return c;
 }
 
+MapColours nightColours(bool readable, bool onPicture)
+{
+    MapColours c = onPicture && readable ? readableColoursOnPicture() : readableColoursOf(2);
+    c.readable = readable;
+    c.legend = grey(20);
+    c.dark = grey(150);
+    if (!readable)
+        c.night = grey(onPicture ? 65 : 40);
+    return c;
+}
+
 MapColours coloursOf(int mgrey)
 {
     MapColours c = commonColours();

@@ -57,5 +57,9 @@ MapColours readableColoursOf(int mgrey);
 /// The same over the picture of the Earth, and over a photograph.
 MapColours readableColoursOnPicture();
 
+/// Of a drawing that is to be seen in one colour, light on black: with what readable colours add, if `readable`; over the
+/// picture of the Earth, if `onPicture`.
+MapColours nightColours(bool readable, bool onPicture);
+
 /// The contrast of two opaque colours, 1 to 21 (WCAG 2.1).
 double contrast(const QColor& a, const QColor& b);

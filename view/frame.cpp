@@ -61,6 +61,8 @@ bool VorlixView::physicalWanted() const
 
 MapColours VorlixView::colours() const
 {
+    if (inTheDark)
+        return nightColours(readable, physicalWanted());
     if (!readable)
         return coloursOf(indata->mgrey);
     return physicalWanted() ? readableColoursOnPicture() : readableColoursOf(indata->mgrey);
@@ -141,7 +143,7 @@ void VorlixView::paintEvent(QPaintEvent* event)
     for (const QRect& part : event->region() - QRect(QPoint(), size))
         painter.fillRect(part, palette().window());
     if (onScreen == &txtPix && zoom != 1.0)
-        painter.fillRect(QRect(QPoint(), size), Qt::white);  // below the page
+        painter.fillRect(QRect(QPoint(), size), inTheDark ? Qt::black : Qt::white);  // below the page
     if (devicePixelRatioF() * zoom != scale && !scaleAsked)
         scaleAsked = QMetaObject::invokeMethod(this, &VorlixView::takeScale, Qt::QueuedConnection);
     // with another scale parts might be taken from other pixels than the whole
@@ -363,6 +365,15 @@ void VorlixView::vReadable(bool on)
     readable = on;
     legendPix.fill(colours().legend);
     drawAnew();
+}
+
+void VorlixView::vNight(bool on)
+{
+    inTheDark = on;
+    legendPix.fill(colours().legend);
+    paintPage();
+    drawAnew();
+    viewport()->update();
 }
 
 void VorlixView::drawAnew()

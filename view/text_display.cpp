@@ -33,7 +33,7 @@ QFont reportFont()
 class ReportPainter
 {
 public:
-    explicit ReportPainter(QPainter& on) : painter(on), metrics(prepare()), cell(widthOf('M')) {}
+    ReportPainter(QPainter& on, const QColor& ink) : painter(on), metrics(prepare(ink)), cell(widthOf('M')) {}
 
     int ascent() const { return metrics.ascent(); }
 
@@ -61,10 +61,10 @@ public:
     }
 
 private:
-    QFontMetrics prepare()
+    QFontMetrics prepare(const QColor& ink)
     {
         painter.setFont(reportFont());
-        painter.setPen(QColor(0, 0, 0));
+        painter.setPen(ink);
         return painter.fontMetrics();
     }
 
@@ -137,9 +137,9 @@ void VorlixView::paintPage()
 {
     if (zoom != 1.0)
         txtPix = pixmapOf(pageSize(), scale);
-    txtPix.fill(Qt::white);
+    txtPix.fill(inTheDark ? Qt::black : Qt::white);
     QPainter painter(&txtPix);
-    paintLines(painter, 0, shownReport.nlines);
+    paintLines(painter, 0, shownReport.nlines, inTheDark ? Qt::white : Qt::black);
     lineHeight = painter.fontMetrics().ascent();
     int rows = 0;
     for (int i = 0; i < shownReport.nlines && shownStyle.first > 0; ++i)
@@ -148,9 +148,9 @@ void VorlixView::paintPage()
 }
 
 /// The lines from `first` on up to `end`, from the top.
-void VorlixView::paintLines(QPainter& painter, int first, int end) const
+void VorlixView::paintLines(QPainter& painter, int first, int end, const QColor& ink) const
 {
-    ReportPainter page(painter);
+    ReportPainter page(painter, ink);
     int y = 0;
     for (int i = first; i < end; ++i) {
         y += page.ascent();

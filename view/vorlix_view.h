@@ -130,6 +130,8 @@ public:
     static constexpr double largestZoom = 3.0;
     /// The second set of colours, with what it adds to a map. Plots again if a map with satellites is on show.
     void vReadable(bool on);
+    /// All drawings light on black, whatever the background chosen. Paper stays white.
+    void vNight(bool on);
 
     /// Whether lists of passes hold every interval, see `findNextInterval`.
     void vThorough(bool on) { thorough = on; }
@@ -354,7 +356,7 @@ private:
     QRegion zoomed(const QRegion& region) const;
     QSize pageSize() const;
     QSize reportSize() const;
-    void paintLines(QPainter& painter, int first, int end) const;
+    void paintLines(QPainter& painter, int first, int end, const QColor& ink = Qt::black) const;
     void printHeader(QPainter& painter) const;
     void printReport(QPainter& painter, QPagedPaintDevice& device, const QRect& body);
     void printPicture(QPainter& painter, const QRect& body);
@@ -444,7 +446,8 @@ private:
     void drawPictureTexts(QPainter& painter, const PlotScene& scene) const;
     void drawPictureMarkers(QPainter& painter, const PlotScene& scene);
 
-    bool readable = false;  // the second set of colours
+    bool readable = false;   // the second set of colours
+    bool inTheDark = false;  // light on black
     double zoom = 1;
     double scale = 1;  // of screen and zoom: pixels of the screen along one of the pictures, as they were made
     int cenx = 0;      // pixel of the map centre
