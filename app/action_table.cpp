@@ -313,6 +313,11 @@ std::span<const VorlixApp::ActionRow> VorlixApp::actionRows()
                  "it the search goes by steps of a minute and more. Flares, transits and occultations stay as they "
                  "are."),
             nullptr, &App::slotSettThorough},
+        ActionRow{&App::settModels, "settModels", TEXT("&Models..."), "", "",
+            TEXT("Computes as published what is computed in a way of its own."),
+            TEXT("Models\n\nSome quantities are computed in a way of this program's own. Each has a switch here that "
+                 "computes it as published; the help of a switch tells how much it changes. All are off at first."),
+            &App::slotSettModels, nullptr},
 
         ActionRow{&App::fileExport, "fileExport", TEXT("&Export..."), "", "",
             TEXT("Writes the report on the screen in another form"),

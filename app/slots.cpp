@@ -348,6 +348,13 @@ void VorlixApp::slotSettThorough(bool on)
     showStatus(tr("Ready."));
 }
 
+void VorlixApp::slotSettModels()
+{
+    showStatus(tr("Set models."));
+    view->vModels();
+    showStatus(tr("Ready."));
+}
+
 void VorlixApp::setPictureSize(int code)
 {
     picsize = code;

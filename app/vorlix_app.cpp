@@ -201,7 +201,7 @@ void VorlixApp::initMenuBar()
                          viewFontSize, viewLeft,    nullptr,          viewSize25, viewSize50,    viewNormalSize,
                          nullptr,      viewToolBar, viewStatusBar,    nullptr,    viewReadable,  nullptr,
                          viewLarger,   viewSmaller, viewOriginalSize, viewFit,    nullptr,       viewRed});
-    settMenu = makeMenu("settMenu", tr("&Settings"), {settSysConf, settThorough, settMagnitudes, settSources});
+    settMenu = makeMenu("settMenu", tr("&Settings"), {settSysConf, settThorough, settMagnitudes, settSources, settModels});
     editMenu = makeMenu("editMenu", tr("&Edit"), {editCopy, editCopyPicture});
     helpMenu = makeMenu("helpMenu", tr("&Help"), {helpAbout, helpAboutQt, nullptr, helpQuick, nullptr, whatsThis});
 }

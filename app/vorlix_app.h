@@ -122,6 +122,7 @@ public Q_SLOTS:
     void slotViewFontSize();
     void slotViewLeft(bool on);
     void slotSettThorough(bool on);
+    void slotSettModels();
     void size25();
     void size50();
     void normalSize();
@@ -282,6 +283,7 @@ private:
     QAction* settThorough = nullptr;
     QString askedAddress;        // of the update under way,
     bool askedByItself = false;  // and whether nobody asked for it
+    QAction* settModels = nullptr;
     QAction* helpAbout = nullptr;
     QAction* helpAboutQt = nullptr;
     QAction* helpQuick = nullptr;

@@ -210,6 +210,17 @@ void Values::site(Request& request)
         request.site = ListSite{"", numbers[0], numbers[1], numbers.size() == 3 ? numbers[2] : 0.0};
 }
 
+void takeCorrections(Values& values, Request& request)
+{
+    std::vector<std::string> choices{"modern"};
+    for (const CorrectionName& entry : correctionNames)
+        choices.emplace_back(entry.name);
+    std::string unknown;
+    request.corrections = correctionsNamed(values.text("models"), unknown);
+    if (!unknown.empty() || (values.on("models") && values.text("models").empty()))
+        values.checkChoice("models", unknown, choices);
+}
+
 void takeCommon(Values& values, const TaskWords& task, Request& request)
 {
     request.files = values.all("elements");
@@ -225,6 +236,7 @@ void takeCommon(Values& values, const TaskWords& task, Request& request)
     request.output = values.text("output");
     request.clock = values.text("clock");
     request.withoutConfig = values.on("no-config");
+    takeCorrections(values, request);
 }
 
 void takeWhereAndWhen(Values& values, Request& request)

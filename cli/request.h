@@ -2,6 +2,7 @@
 #pragma once
 
 #include "exports/list_document.h"
+#include "record/corrections.h"
 
 #include <optional>
 #include <string>
@@ -75,6 +76,7 @@ struct Request
     std::string output;          // a file; empty: standard output
     bool entryOrder = false;     // as the files have them, each printed when it is ready
     bool withoutConfig = false;  // the saved configuration is not read
+    Corrections corrections;     // of the models
 
     Light light = Light::asSaved;
     std::optional<double> minElevation, maxSun;  // degrees

@@ -298,6 +298,7 @@ Problem prepare(Session& session, const Channels& channels)
     const int config = session.request.withoutConfig ? 2 : readConfig(in, channels.home);
     if (config == 0)
         channels.err("vorlix: the saved configuration is damaged and is not used\n");
+    in->models = session.request.corrections;
     in->satn = 1;
     in->prs = 0;
     setLight(*in, session.request);

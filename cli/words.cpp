@@ -136,6 +136,8 @@ constexpr std::array options{
                 "starts from an orbit found from three or more of the observations; takes the place of --satellite"},
     OptionWords{"geometric", nullptr, bitOf(Task::fit),
                 "right ascensions are free of annual aberration; else they count as measured against stars"},
+    OptionWords{"models", "NAMES", lists,
+                "computed as published: modern for all, or names of single corrections with commas between"},
     OptionWords{"no-config", nullptr, everyTask, "as if no configuration were saved"},
     OptionWords{"clock", "TIME", everyTask, "the instant that counts as now, for answers that can be repeated"},
     OptionWords{"help", nullptr, everyTask, "this text"},

@@ -67,6 +67,7 @@ GuideOrbit::GuideOrbit(const WinpData& in, const elsetrec& sat, double from, dou
     getgravconst(in.wgs == 0 ? wgs72 : wgs84, tumin, earthRadius, xke, j2, j3, j4, j3oj2);
     axis = std::pow(xke / sat.no, 2.0 / 3.0);
     setSecular(sat);
+    eccOff = in.models.deepSpacePublished ? cutEccentricity : 0.0;  // the published form has none below
     if (deep)
         setDeep(sat);
     if (deep && sat.irez != 0 && !setResonance(sat, from, to))
@@ -157,7 +158,7 @@ void GuideOrbit::addDrag(const elsetrec& sat, double T)
 {
     if (sat.isimp == 1)
         return;
-    eccOff = std::abs(sat.bstar * sat.cc5) * (1.0 + std::abs(sat.sinmao));
+    eccOff += std::abs(sat.bstar * sat.cc5) * (1.0 + std::abs(sat.sinmao));
     const double range = std::pow(1.0 + std::abs(sat.eta), 3.0) - std::pow(1.0 - std::abs(sat.eta), 3.0);
     anomalyOff = std::abs(sat.omgcof) * T + std::abs(sat.xmcof) * range;
 }
@@ -187,7 +188,7 @@ bool GuideOrbit::withinTheory(const elsetrec& sat, double from, double to)
     reach.eccHigh = std::max(sat.ecco + eccChange, cutEccentricity);
     reach.axisLow = axis * (1.0 - change) * (1.0 - change);
     reach.axisHigh = axis * (1.0 + change) * (1.0 + change);
-    const double room = deep ? 0.0 : leastNearEccentricity;
+    const double room = deep ? cutEccentricity : leastNearEccentricity;
     return sat.inclo >= 0.0 && sat.inclo < std::numbers::pi - steepestRad && change < mostAxisChange &&
            anomalyOff + longitudeOff + turnOff < mostAnglesOff && reach.eccLow > room &&
            reach.eccHigh < highestEccentricity && lowestPerigeeOf() > lowestPerigee;

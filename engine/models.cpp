@@ -4,5 +4,5 @@
 
 Models modelsOf(const WinpData& in)
 {
-    return {earthOrientationOf(in), in.yrepoch, in.refrc, in.chlen, in.atmx, in.moonflg != 0, in.eclflg};
+    return {earthOrientationOf(in), in.yrepoch, in.refrc, in.chlen, in.atmx, in.moonflg != 0, in.eclflg, in.models};
 }

@@ -13,6 +13,7 @@ struct Models
     bool extinction = true;      // in `magnitude`
     bool moonlight = false;      // the Moon lights: `moonElevation`, and `magnitude` where the Sun does not shine
     bool solarEclipses = false;  // `eclipse`, and its effect on `magnitude`
+    Corrections corrections{};  // hold for the forces of a numeric orbit too, in place of `Orbit::forces.corrections`
 };
 
 /// The models of a record.

@@ -88,6 +88,7 @@ void putModels(const Models& m, WinpData& in)
     in.moonflg = m.moonlight;
     in.atmx = m.extinction;
     in.eclflg = m.solarEclipses;
+    in.models = m.corrections;
 }
 
 void putEvents(const EventQuery& search, bool panels, WinpData& in)

@@ -51,11 +51,14 @@ QJsonObject requestOf(const ListRequest& request, const WinpData& in)
 
 QJsonObject modelsOf(const ListRequest& request, const WinpData& in)
 {
-    return {{"orbit", request.numeric ? "numerical flight" : "SGP4/SDP4"},
-            {"gravity_constants", in.wgs == 0 ? "WGS72" : "WGS84"},
-            {"equinox", in.yrepoch == 0.0 ? text("of date") : text(shortestNumber(in.yrepoch))},
-            {"elevations", "without refraction"},
-            {"time_scale", "UTC"}};
+    QJsonObject models{{"orbit", request.numeric ? "numerical flight" : "SGP4/SDP4"},
+                       {"gravity_constants", in.wgs == 0 ? "WGS72" : "WGS84"},
+                       {"equinox", in.yrepoch == 0.0 ? text("of date") : text(shortestNumber(in.yrepoch))},
+                       {"elevations", "without refraction"},
+                       {"time_scale", "UTC"}};
+    if (const QJsonArray corrections = arrayOf(namesOf(in.models)); !corrections.isEmpty())
+        models.insert("corrections", corrections);
+    return models;
 }
 
 std::string compact(const QJsonObject& object)

@@ -29,13 +29,14 @@ double boundOf(const Elements& e)
 SeenOrbit::SeenOrbit(const Orbit& orbit)
     : analytic(orbit.propagator == Propagator::analytic),
       constants(orbit.wgs84 ? wgs84 : wgs72),
+      form(modelForm(orbit.forces.corrections)),
       epoch(orbit.elements.epoch),
       bound(boundOf(orbit.elements))
 {
     const Elements& e = orbit.elements;
     if (analytic)
         sgp4init(constants, orbit.deepSpace, epoch - epoch1950, e.bstar, e.ecc, e.aper * radPerDeg, e.inc * radPerDeg,
-                 e.m0 * radPerDeg, e.n0 * twoPi / 1440.0, e.ra * radPerDeg, elements);
+                 e.m0 * radPerDeg, e.n0 * twoPi / 1440.0, e.ra * radPerDeg, elements, form);
     else
         predictor = std::make_unique<Predictor>(orbit);
 }
@@ -52,7 +53,7 @@ std::optional<Vec3> SeenOrbit::placeAt(double mjd)
         return position.found ? std::optional(mxvct(zrot(eqeq * twoPi / secondsPerDay), position.r)) : std::nullopt;
     }
     double r[3] = {}, v[3] = {};
-    const int error = sgp4(constants, elements, (mjd - epoch) * 1440.0, r, v);
+    const int error = sgp4(constants, elements, (mjd - epoch) * 1440.0, r, v, form);
     const Vec3 place(r[0], r[1], r[2]);
     return error == 0 && std::isfinite(dot(place, place)) ? std::optional(place) : std::nullopt;
 }

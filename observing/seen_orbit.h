@@ -32,6 +32,7 @@ private:
 
     bool analytic;
     gravconsttype constants;
+    ModelForm form;
     elsetrec elements{};
     double epoch, bound;
     std::unique_ptr<Predictor> predictor;  // of the other models

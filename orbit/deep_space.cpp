@@ -524,7 +524,7 @@ void initDeepSpace(const DeepSpaceEpoch& at, elsetrec& sat)
     sat.xni = sat.no;
 }
 
-void dspace(elsetrec& sat, Sgp4Elements& mean)
+void dspace(elsetrec& sat, Sgp4Elements& mean, ModelForm form)
 {
     const double t = sat.t;
     mean.e += sat.dedt * t;
@@ -532,7 +532,7 @@ void dspace(elsetrec& sat, Sgp4Elements& mean)
     mean.argp += sat.domdt * t;
     mean.node += sat.dnodt * t;
     mean.m += sat.dmdt * t;
-    if (mean.i < 0.0) {
+    if (mean.i < 0.0 && form == ModelForm::early) {
         mean.i = -mean.i;
         mean.argp -= std::numbers::pi;
         mean.node += std::numbers::pi;

@@ -37,7 +37,7 @@ constexpr double resonanceLimitMin = 720.0e6;
 ///
 /// A resonant orbit takes one step for each 720 minutes from epoch. From `resonanceLimitMin` on its mean motion and
 /// mean anomaly become NaN, in place of steps without end.
-void dspace(elsetrec& sat, Sgp4Elements& mean);
+void dspace(elsetrec& sat, Sgp4Elements& mean, ModelForm form = ModelForm::early);
 
 /// Adds the lunar and solar periodics at `sat.t` to `el`; its mean motion stays. Gives sine and cosine of the new
 /// inclination.

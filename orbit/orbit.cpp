@@ -78,6 +78,7 @@ Forces forcesOf(const WinpData& in, int slot)
     f.earth = earthOrientationOf(in);
     f.tolerance = in.RKFtol;
     f.maxIterations = in.mxit;
+    f.corrections = in.models;
     return f;
 }
 

@@ -72,6 +72,7 @@ struct Forces
     EarthOrientation earth;       // of the gravity field and of TT
     double tolerance = 0;         // relative tolerance of a step
     int maxIterations = 0;        // most tries of a step; 0 = no limit
+    Corrections corrections{};    // of the analytic model too
 };
 
 /// All that decides where a satellite is. Some 500 bytes without a pointer.

@@ -169,7 +169,7 @@ int loadSlot(const WinpData& in, int k, gravconsttype whichconst)
     const double no = twoPi * in.n0[k] / 1440.0;
     return sgp4init(whichconst, in.sdp4, in.mjdep[k] - 33281.0, in.bstar[k], std::max(in.ecc[k], 1e-8),
                     in.aper[k] * radPerDeg, in.inc[k] * radPerDeg, in.m0[k] * radPerDeg, no == 0.0 ? 1.0 : no,
-                    in.ra[k] * radPerDeg, satrec);
+                    in.ra[k] * radPerDeg, satrec, modelForm(in.models));
 }
 
 }  // namespace
@@ -197,7 +197,7 @@ double gstime(double jdut1)
 }
 
 int sgp4init(gravconsttype whichconst, bool deepspace, double epoch, double xbstar, double xecco, double xargpo,
-             double xinclo, double xmo, double xno, double xnodeo, elsetrec& sat)
+             double xinclo, double xmo, double xno, double xnodeo, elsetrec& sat, ModelForm form)
 {
     const GravityConstants& g = gravityConstants(whichconst);
     sat = elsetrec{};
@@ -224,17 +224,17 @@ int sgp4init(gravconsttype whichconst, bool deepspace, double epoch, double xbst
             fullDragTerms(o, drag, sat);
         if (sat.error == 0 && sat.method == 'd') {
             double r[3], v[3];
-            sgp4(whichconst, sat, 0.0, r, v);
+            sgp4(whichconst, sat, 0.0, r, v, form);
         }
     }
     sat.init = 'n';
     return sat.error;
 }
 
-int sgp4(gravconsttype whichconst, elsetrec& sat, double tsince, double r[3], double v[3])
+int sgp4(gravconsttype whichconst, elsetrec& sat, double tsince, double r[3], double v[3], ModelForm form)
 {
     sat.t = tsince;
-    sat.error = propagate(gravityConstants(whichconst), sat, tsince, r, v);
+    sat.error = propagate(gravityConstants(whichconst), sat, tsince, r, v, form);
     return sat.error;
 }
 
@@ -268,7 +268,7 @@ void Sgp4(WinpData* in, double t, int k, Vec3& r, Vec3& v)
 {
     const gravconsttype whichconst = prepareSlot(in, k);
     Sgp4State state{};
-    state.error = sgp4(whichconst, satrec, t * minutesPerDay, state.r, state.v);
+    state.error = sgp4(whichconst, satrec, t * minutesPerDay, state.r, state.v, modelForm(in->models));
     give(state, r, v);
 }
 
@@ -278,7 +278,7 @@ void Sgp4Ahead::workOut(WinpData* in, int k, const std::array<double, instants>&
     std::array<double, instants> minutes{};
     std::transform(days.begin(), days.end(), minutes.begin(), [](double t) { return t * minutesPerDay; });
     states = {};
-    sgp4Series(whichconst, satrec, minutes, states);
+    sgp4Series(whichconst, satrec, minutes, states, modelForm(in->models));
     times = days;
     filled = true;
 }

@@ -13,6 +13,7 @@
 #include <span>
 
 #include "astro/vec3.h"
+#include "record/corrections.h"
 #include "record/winp_data.h"
 
 /// The two sets of gravity constants.
@@ -21,6 +22,19 @@ enum gravconsttype
     wgs72 = 1,
     wgs84 = 2
 };
+
+/// Where the early form differs from the published one, AIAA 2006-6753.
+enum class ModelForm
+{
+    early,  // an inclination that Sun and Moon take below 0 is turned before the periodics are added; any eccentricity
+    published  // the periodics are added to it; the mean eccentricity is at least 1e-6
+};
+
+/// The form of a set of corrections.
+constexpr ModelForm modelForm(const Corrections& corrections)
+{
+    return corrections.deepSpacePublished ? ModelForm::published : ModelForm::early;
+}
 
 /// Element set and model state of one satellite. `sgp4init` sets all of it.
 struct elsetrec
@@ -96,7 +110,7 @@ double gstime(double jdut1);
 /// The ways to fail are figures, never a hang: senseless elements (an eccentricity of 1 and more, a mean motion
 /// below 0, infinities) give a state that is not finite, not always an error.
 int sgp4init(gravconsttype whichconst, bool deepspace, double epoch, double xbstar, double xecco, double xargpo,
-             double xinclo, double xmo, double xno, double xnodeo, elsetrec& sat);
+             double xinclo, double xmo, double xno, double xnodeo, elsetrec& sat, ModelForm form = ModelForm::early);
 
 /// Position (km) and velocity (km/s) in the true equator and mean equinox of date, `tsince` minutes from epoch.
 ///
@@ -105,7 +119,8 @@ int sgp4init(gravconsttype whichconst, bool deepspace, double epoch, double xbst
 ///
 /// An error stops nothing, and a later check may overwrite the code of an earlier one; with code 6 `r` and `v` may be
 /// unchanged. Where the figures lose their meaning the result is not finite while the code may be 0.
-int sgp4(gravconsttype whichconst, elsetrec& sat, double tsince, double r[3], double v[3]);
+int sgp4(gravconsttype whichconst, elsetrec& sat, double tsince, double r[3], double v[3],
+         ModelForm form = ModelForm::early);
 
 /// A result of `sgp4`.
 struct Sgp4State
@@ -119,7 +134,8 @@ struct Sgp4State
 /// Several instants are worked on at once, which takes about half the time of as many calls. The shorter of the two
 /// spans tells how many there are. "To the last bit" needs standard functions that err by less than 0.55 units in the
 /// last place, see orbit/lane_functions.h.
-void sgp4Series(gravconsttype whichconst, elsetrec& sat, std::span<const double> tsince, std::span<Sgp4State> states);
+void sgp4Series(gravconsttype whichconst, elsetrec& sat, std::span<const double> tsince, std::span<Sgp4State> states,
+                ModelForm form = ModelForm::early);
 
 /// Position (km) and velocity (km/s) of slot `k`, `t` days from its epoch.
 ///

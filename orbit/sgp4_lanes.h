@@ -13,7 +13,7 @@
 
 /// Like `propagateSeries` below, for processors with AVX2.
 std::size_t propagateSeriesAvx2(gravconsttype whichconst, elsetrec& sat, std::span<const double> tsince,
-                                std::span<Sgp4State> states);
+                                std::span<Sgp4State> states, ModelForm form);
 
 namespace {
 
@@ -49,13 +49,13 @@ struct ElementArrays
     LaneArray e, i, argp, node, m, n;
 };
 
-inline void addDeepSecular(elsetrec& sat, const Lanes& t, ElementsOf<Lanes>& el)
+inline void addDeepSecular(elsetrec& sat, const Lanes& t, ElementsOf<Lanes>& el, ModelForm form)
 {
     ElementArrays arrays(el);
     const LaneArray times = t.each();
     for (std::size_t k = 0; k < laneCount; ++k) {
         Sgp4Elements one = arrays.get(k);
-        addDeepSecular(sat, times[k], one);
+        addDeepSecular(sat, times[k], one, form);
         arrays.put(k, one);
     }
     el = arrays.lanes();
@@ -91,14 +91,15 @@ inline unsigned finiteLanes(const Lanes (&r)[3], const Lanes (&v)[3])
 }
 
 /// `laneCount` instants at once. An instant without a finite result is left to the function for one.
-inline void propagateLanes(gravconsttype whichconst, elsetrec& sat, const double* tsince, Sgp4State* states)
+inline void propagateLanes(gravconsttype whichconst, elsetrec& sat, const double* tsince, Sgp4State* states,
+                           ModelForm form)
 {
     LaneArray t;
     std::copy_n(tsince, laneCount, t.begin());
     Lanes r[3], v[3];
     for (int k = 0; k < 3; ++k)
         r[k] = v[k] = nothingYet;
-    const CodeArray errors = propagate(gravityConstants(whichconst), sat, Lanes(t), r, v).each();
+    const CodeArray errors = propagate(gravityConstants(whichconst), sat, Lanes(t), r, v, form).each();
     const unsigned finite = finiteLanes(r, v);
     const LaneArray results[] = {r[0].each(), r[1].each(), r[2].each(), v[0].each(), v[1].each(), v[2].each()};
     for (std::size_t lane = 0; lane < laneCount; ++lane) {
@@ -110,7 +111,7 @@ inline void propagateLanes(gravconsttype whichconst, elsetrec& sat, const double
             continue;
         }
         elsetrec alone = sat;
-        state.error = sgp4(whichconst, alone, tsince[lane], state.r, state.v);
+        state.error = sgp4(whichconst, alone, tsince[lane], state.r, state.v, form);
     }
     sat.t = tsince[laneCount - 1];
     sat.error = states[laneCount - 1].error;
@@ -118,11 +119,11 @@ inline void propagateLanes(gravconsttype whichconst, elsetrec& sat, const double
 
 /// As many of the first instants as fill the lanes; gives their number. The spans are equally long.
 inline std::size_t propagateSeries(gravconsttype whichconst, elsetrec& sat, std::span<const double> tsince,
-                                   std::span<Sgp4State> states)
+                                   std::span<Sgp4State> states, ModelForm form = ModelForm::early)
 {
     std::size_t next = 0;
     for (; tsince.size() - next >= laneCount; next += laneCount)
-        propagateLanes(whichconst, sat, &tsince[next], &states[next]);
+        propagateLanes(whichconst, sat, &tsince[next], &states[next], form);
     return next;
 }
 

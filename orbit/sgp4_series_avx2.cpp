@@ -3,7 +3,7 @@
 #include "orbit/sgp4_lanes.h"
 
 std::size_t propagateSeriesAvx2(gravconsttype whichconst, elsetrec& sat, std::span<const double> tsince,
-                                std::span<Sgp4State> states)
+                                std::span<Sgp4State> states, ModelForm form)
 {
-    return propagateSeries(whichconst, sat, tsince, states);
+    return propagateSeries(whichconst, sat, tsince, states, form);
 }

@@ -133,7 +133,8 @@ inline const SineCosine& epochInclination(double inclo)
 
 /// Brings drag into mean motion and eccentricity, with the checks on them; gives the mean semi-major axis.
 template <class T>
-T shrinkOrbit(const GravityConstants& g, const DragEffect<T>& drag, ElementsOf<T>& mean, CodeOf<T>& error)
+T shrinkOrbit(const GravityConstants& g, const DragEffect<T>& drag, ElementsOf<T>& mean, CodeOf<T>& error,
+              ModelForm form)
 {
     raise(error, mean.n <= 0.0, 2);
     const T am = meanAxis(g.xke, mean.n) * drag.tempa * drag.tempa;
@@ -142,7 +143,8 @@ T shrinkOrbit(const GravityConstants& g, const DragEffect<T>& drag, ElementsOf<T
     raise(error, mean.e >= 1.0, 1);
     raise(error, mean.e < -0.001, 1);
     raise(error, am < 0.95, 1);
-    mean.e = select(mean.e < 0.0, 1e-6, mean.e);  // only a negative one: a small positive eccentricity stays
+    // in the early form only a negative one: a small positive eccentricity stays
+    mean.e = select(mean.e < (form == ModelForm::early ? 0.0 : 1e-6), 1e-6, mean.e);
     return am;
 }
 
@@ -186,10 +188,10 @@ InclinationTerms<T> perturbedInclination(const GravityConstants& g, const SineCo
 }
 
 /// Secular and resonance effects of Sun and Moon.
-inline void addDeepSecular(elsetrec& sat, double t, Sgp4Elements& el)
+inline void addDeepSecular(elsetrec& sat, double t, Sgp4Elements& el, ModelForm form)
 {
     sat.t = t;
-    dspace(sat, el);
+    dspace(sat, el, form);
 }
 
 /// Lunar and solar periodics, with the checks on what comes out; gives sine and cosine of the inclination.
@@ -308,15 +310,15 @@ void storeState(const GravityConstants& g, const OrbitPoint<T>& p, T r[3], T v[3
 /// The whole model at one instant or at several. Where the semi-latus rectum is negative, `r` and `v` have no meaning,
 /// or are as they were.
 template <class T>
-CodeOf<T> propagate(const GravityConstants& g, elsetrec& sat, T t, T r[3], T v[3])
+CodeOf<T> propagate(const GravityConstants& g, elsetrec& sat, T t, T r[3], T v[3], ModelForm form)
 {
     const bool deep = sat.method == 'd';
     CodeOf<T> error{};
     ElementsOf<T> el;
     const DragEffect<T> drag = secularAndDrag(sat, t, el);
     if (deep)
-        addDeepSecular(sat, t, el);
-    const T am = shrinkOrbit(g, drag, el, error);
+        addDeepSecular(sat, t, el, form);
+    const T am = shrinkOrbit(g, drag, el, error, form);
     reduceAngles(sat, drag, el);
     const InclinationTerms<T> inc =
         deep ? perturbedInclination<T>(g, perturb(sat, t, el, error)) : unperturbedInclination<T>(sat);

@@ -1,6 +1,8 @@
 // The input record: everything that the program knows between two commands.
 #pragma once
 
+#include "record/corrections.h"
+
 /// Slots of the per-satellite arrays.
 constexpr int slotCount = 12;      // entries of each array
 constexpr int maxSatellites = 10;  // slots 0 to 9: the selected satellites
@@ -194,6 +196,7 @@ struct WinpData
     int recflg = 0;          // selection: 1 = recent launches only
     int srcmd = 0;           // selection: 0 name, 1 NORAD number, 2 designator
     int paflg = 0;           // perigee/apogee entry in the element editor
+    Corrections models{};    // peculiarities of the models that are put right; all off after `setDefaults`
 
     // Per satellite. Entries at and above satn mean nothing; the work and the parked slot follow the selected ones.
     int norad[slotCount] = {};         // NORAD number

@@ -123,6 +123,7 @@ void swelcm(WinpData* in, WoutData* out)
     PutNxtLn(out, "   *** Welcome to Vorlix Version 11.8 ***");
     PutSpace(out);
     readConfiguration(in, out);
+    in->models = storedCorrections();
     if (in->tzauto)
         in->tzone = systemZone();
     in->mjd = mjd(in->day, in->month, in->year, ddd(in->hour, in->minute, in->second));

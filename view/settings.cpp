@@ -10,6 +10,7 @@
 #include "dialogs/st_date_dialog.h"
 #include "dialogs/st_iers_dialog.h"
 #include "dialogs/st_map_dialog.h"
+#include "dialogs/st_models_dialog.h"
 #include "dialogs/st_obs_dialog.h"
 #include "dialogs/st_step_dialog.h"
 #include "dialogs/st_switch_dialog.h"
@@ -162,6 +163,17 @@ bool VorlixView::vMapDialog()
         in.frequ = 0;
     redrawBehindPlot();
     return true;
+}
+
+void VorlixView::vModels()
+{
+    StModelsDialog dialog(this);
+    dialog.setValues(indata->models);
+    if (!accepted(dialog))
+        return;
+    indata->models = dialog.values();
+    storeCorrections(indata->models);
+    indata->sgpsat = noSlot;
 }
 
 void VorlixView::vSysConf()

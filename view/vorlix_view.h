@@ -251,6 +251,7 @@ public:
     /// @return  true if the map has been drawn anew, for `showNewMap`
     bool vMapDialog();
     void vSysConf();
+    void vModels();
 
     // --- world map
     /// Degrees to pixels. A point that cannot be shown gets an x beyond `mapw`.

@@ -34,6 +34,7 @@
 #include "dialogs/st_magnitudes_dialog.h"
 #include "dialogs/st_map_dialog.h"
 #include "dialogs/st_match_dialog.h"
+#include "dialogs/st_models_dialog.h"
 #include "dialogs/st_obs_dialog.h"
 #include "dialogs/st_observation_dialog.h"
 #include "dialogs/st_orb_det_dialog.h"
@@ -88,6 +89,7 @@ const DialogCase dialogCases[] = {
     {"Remove Satellites", make<StRemSatDialog>, "", "okButton", "cancelButton"},
     {"Find Matching Satellites", make<StMatchDialog>, "", "okButton", "cancelButton"},
     {"Edit Orbit Elements", make<StEditOrbDialog>, "", "okButton", "cancelButton", "noradEdit", "nameEdit idsnEdit"},
+    {"Models", make<StModelsDialog>, "", "okButton", "cancelButton"},
     {"Adjust Orbit Elements", make<StAdjDialog>, "", "okButton", "cancelButton"},
     {"State Vector", make<StStateDialog>, "", "okButton", "cancelButton"},
     {"Delta-V Maneuver", make<StDeltaDialog>, "", "executeButton", "cancelButton"},

@@ -321,6 +321,16 @@ void chooseConditions(WinpData& in, Dice& dice)
     in.IERSxp = chance(0.1) ? dice.between(0.0, 20.0) : 0.0;
 }
 
+/// In most searches none, in some one alone or all.
+void chooseCorrections(WinpData& in, int choice)
+{
+    const std::size_t which = static_cast<std::size_t>(choice) % (2 * correctionNames.size() + 2);
+    if (which == correctionNames.size())
+        in.models = modernModels();
+    else if (which < correctionNames.size())
+        in.models.*correctionNames[which].flag = true;
+}
+
 }  // namespace
 
 TEST(Walks, LeaveTheSameBitsFastAndPlain)
@@ -336,6 +346,7 @@ TEST(Walks, LeaveTheSameBitsFastAndPlain)
         chooseConditions(in, dice);
         chooseSecond(in, k, dice);
         chooseEvents(in, k, dice);
+        chooseCorrections(in, k);
         const bool forward = k % 4 != 0;
         double t = in.mjdep[0] + dice.between(-3.0, 12.0);
         const double end = t + (in.numflg[0] ? 0.1 : 0.6) * (forward ? 1.0 : -1.0);

@@ -38,14 +38,14 @@ bool sameState(const Sgp4State& a, const Sgp4State& b)
 }
 
 /// Both ways of the series, that of this processor and that of the plainest one.
-void expectSeriesOfCalls(const elsetrec& set, const std::vector<double>& tsince)
+void expectSeriesOfCalls(const elsetrec& set, const std::vector<double>& tsince, ModelForm form = ModelForm::early)
 {
     elsetrec single = set, series = set, plain = set;
     std::vector<Sgp4State> expected = untouched(tsince.size()), states = expected, plainStates = expected;
     for (std::size_t i = 0; i < tsince.size(); ++i)
-        expected[i].error = sgp4(wgs72, single, tsince[i], expected[i].r, expected[i].v);
-    sgp4Series(wgs72, series, tsince, states);
-    const std::size_t done = propagateSeries(wgs72, plain, tsince, plainStates);
+        expected[i].error = sgp4(wgs72, single, tsince[i], expected[i].r, expected[i].v, form);
+    sgp4Series(wgs72, series, tsince, states, form);
+    const std::size_t done = propagateSeries(wgs72, plain, tsince, plainStates, form);
     ASSERT_LT(tsince.size() - done, laneCount);
     for (std::size_t i = 0; i < tsince.size(); ++i) {
         ASSERT_TRUE(sameState(states[i], expected[i])) << "minute " << tsince[i];
@@ -109,6 +109,7 @@ TEST(Sgp4Series, GivesTheBitsOfSingleCallsForTheVerificationSets)
         for (double t = set.start; t <= set.stop; t += set.step / 3.0)
             span.push_back(t);
         expectSeriesOfCalls(sat, span);
+        expectSeriesOfCalls(sat, span, ModelForm::published);
         expectSeriesOfCalls(sat, {0.0, 1.0, nan, 3.0, inf, 1e300, nan, 5000.0});
     }
 }

@@ -3,10 +3,12 @@
 #include <cmath>
 #include <memory>
 
+#include <QCheckBox>
 #include <QTest>
 
 #include "astro/calendar.h"
 #include "astro/time_scales.h"
+#include "reports/welcome.h"
 #include "view/view_fixture.h"
 
 using windows::acts;
@@ -42,8 +44,9 @@ private Q_SLOTS:
         answering([&] { cancelled += view->vInputLocation(); }, {acts("latEdit=12 ddmmButton cancelButton")});
         answering([&] { cancelled += !view->vMapDialog(); }, {});
         QCOMPARE(cancelled, 3);
-        for (const auto command : {&VorlixView::vSetIERS, &VorlixView::vVisibility, &VorlixView::vStep,
-                                   &VorlixView::vMag, &VorlixView::vSwitch, &VorlixView::vSysConf}) {
+        for (const auto command :
+             {&VorlixView::vSetIERS, &VorlixView::vVisibility, &VorlixView::vStep, &VorlixView::vMag,
+              &VorlixView::vSwitch, &VorlixView::vSysConf, &VorlixView::vModels}) {
             QCOMPARE(answering([&] { (view.get()->*command)(); }, {}), 1);
         }
         QVERIFY(same());
@@ -74,6 +77,23 @@ private Q_SLOTS:
         answering([&] { view->vSetIERS(); }, {acts("ckDefault okButton")});
         QCOMPARE(indata->ttut, DefTdUt(2018));
         QCOMPARE(indata->Ut1Utc, 0.25);
+    }
+
+    void modelsAreRememberedOneByOne()
+    {
+        std::vector<std::string> on;
+        for (std::size_t i = 0; i < correctionNames.size(); ++i) {
+            answering([&] { view->vModels(); }, {[i](QDialog* dialog) {
+                          dialog->findChildren<QCheckBox*>().at(static_cast<int>(i))->click();
+                          acts("okButton")(dialog);
+                      }});
+            on.emplace_back(correctionNames[i].name);
+            QCOMPARE(namesOf(indata->models), on);
+            const auto nextRun = std::make_unique<WinpData>();
+            const auto out = std::make_unique<WoutData>();
+            swelcm(nextRun.get(), out.get());
+            QVERIFY(nextRun->models == indata->models);
+        }
     }
 
     void theTimeStep()

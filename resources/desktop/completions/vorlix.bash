@@ -29,6 +29,7 @@ _vorlix()
             --sort) words="time magnitude" ;;
             --kind) words="sun moon place flare iridium" ;;
             --frame) words="true-of-date mean-of-date j2000 earth-fixed" ;;
+            --models) words="modern" ;;
             --from) words="now tonight" ;;
             --to) words="now" ;;
             --at) words="now" ;;
@@ -38,20 +39,20 @@ _vorlix()
             --satellite | --site | --site-name | --days | --limit | --workers | --min-elevation | --max-sun | --min-duration | --brighter | --place | --mirror | --normal | --max-distance | --max-magnitude | --step | --frequency | --length | --azel | --radec | --radius | --window | --direction | --hold | --size | --angle | --exposure | --streak | --clock-offset) ;;
             *)
                 case $task in
-                    passes) words="--elements --satellite --site --site-name --from --to --days --zone --limit --workers --format --output --order --visible --moonshine --all --min-elevation --max-sun --horizon --min-duration --thorough --brighter --dark-sky --sort --length --no-config --clock --help" ;;
-                    events) words="--elements --satellite --site --site-name --from --to --days --zone --limit --workers --format --output --order --visible --moonshine --all --min-elevation --max-sun --horizon --no-config --clock --help --kind --place --mirror --normal --max-distance --max-magnitude" ;;
-                    contacts) words="--elements --site --site-name --from --to --days --zone --limit --workers --format --output --visible --all --min-duration --no-config --clock --help" ;;
-                    look) words="--elements --satellite --site --site-name --from --to --days --zone --limit --workers --format --output --no-config --clock --help --step --frequency --length" ;;
-                    track) words="--elements --satellite --site --site-name --from --to --days --zone --limit --workers --format --output --no-config --clock --help --step" ;;
-                    state) words="--elements --satellite --site --site-name --from --to --days --zone --limit --workers --format --output --no-config --clock --help --step --frame --numeric" ;;
-                    match) words="--elements --satellite --site --site-name --zone --limit --workers --format --output --order --visible --moonshine --all --min-elevation --max-sun --no-config --clock --help --at --azel --radec --radius --window --direction" ;;
+                    passes) words="--elements --satellite --site --site-name --from --to --days --zone --limit --workers --format --output --order --visible --moonshine --all --min-elevation --max-sun --horizon --min-duration --thorough --brighter --dark-sky --sort --length --models --no-config --clock --help" ;;
+                    events) words="--elements --satellite --site --site-name --from --to --days --zone --limit --workers --format --output --order --visible --moonshine --all --min-elevation --max-sun --horizon --models --no-config --clock --help --kind --place --mirror --normal --max-distance --max-magnitude" ;;
+                    contacts) words="--elements --site --site-name --from --to --days --zone --limit --workers --format --output --visible --all --min-duration --models --no-config --clock --help" ;;
+                    look) words="--elements --satellite --site --site-name --from --to --days --zone --limit --workers --format --output --models --no-config --clock --help --step --frequency --length" ;;
+                    track) words="--elements --satellite --site --site-name --from --to --days --zone --limit --workers --format --output --models --no-config --clock --help --step" ;;
+                    state) words="--elements --satellite --site --site-name --from --to --days --zone --limit --workers --format --output --models --no-config --clock --help --step --frame --numeric" ;;
+                    match) words="--elements --satellite --site --site-name --zone --limit --workers --format --output --order --visible --moonshine --all --min-elevation --max-sun --models --no-config --clock --help --at --azel --radec --radius --window --direction" ;;
                     convert) words="--elements --satellite --limit --workers --format --output --no-config --clock --help" ;;
-                    next) words="--elements --satellite --site --site-name --from --to --days --zone --limit --workers --format --output --order --visible --moonshine --all --min-elevation --max-sun --horizon --no-config --clock --help" ;;
-                    now) words="--elements --satellite --site --site-name --from --zone --limit --workers --format --output --visible --moonshine --all --min-elevation --max-sun --no-config --clock --help --length" ;;
+                    next) words="--elements --satellite --site --site-name --from --to --days --zone --limit --workers --format --output --order --visible --moonshine --all --min-elevation --max-sun --horizon --models --no-config --clock --help" ;;
+                    now) words="--elements --satellite --site --site-name --from --zone --limit --workers --format --output --visible --moonshine --all --min-elevation --max-sun --models --no-config --clock --help --length" ;;
                     report) words="--zone --limit --format --output --no-config --clock --help --code" ;;
-                    fit) words="--elements --satellite --site --site-name --from --to --days --zone --limit --workers --format --output --no-config --clock --help --hold --initial --geometric" ;;
-                    field) words="--elements --satellite --site --site-name --from --to --days --zone --limit --workers --format --output --visible --length --azel --radec --radius --size --angle --exposure --free --no-config --clock --help" ;;
-                    identify) words="--elements --satellite --site --site-name --from --to --days --zone --limit --workers --format --output --length --exposure --streak --clock-offset --no-config --clock --help" ;;
+                    fit) words="--elements --satellite --site --site-name --from --to --days --zone --limit --workers --format --output --models --no-config --clock --help --hold --initial --geometric" ;;
+                    field) words="--elements --satellite --site --site-name --from --to --days --zone --limit --workers --format --output --visible --length --azel --radec --radius --size --angle --exposure --free --models --no-config --clock --help" ;;
+                    identify) words="--elements --satellite --site --site-name --from --to --days --zone --limit --workers --format --output --length --exposure --streak --clock-offset --models --no-config --clock --help" ;;
                 esac
                 ;;
         esac
