@@ -301,6 +301,12 @@ std::span<const VorlixApp::ActionRow> VorlixApp::actionRows()
             TEXT("Fit to Window\n\nDraws maps, and all else at the same scale, as large as the window holds them, and "
                  "follows its size. Maps are not drawn smaller than at 100 percent, nor larger than at 300 percent."),
             nullptr, &App::slotViewFit},
+        ActionRow{&App::viewAge, "viewAge", TEXT("&Age of Elements"), "", "",
+            TEXT("Tells below the map how old the elements are."),
+            TEXT("Age of Elements\n\nA line below the map tells how old the elements are at the time on show, and how "
+                 "many seconds the satellite may be early or late for that. It turns yellow and red when they get too "
+                 "old."),
+            nullptr, nullptr},
         ActionRow{&App::viewRed, "viewRed", TEXT("Re&d Light"), "", "",
             TEXT("Shows all windows in red on black, for eyes that see in the dark."),
             TEXT("Red Light\n\nShows the window, its dialogs and all drawings in one red on black, so that eyes stay used "

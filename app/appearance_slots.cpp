@@ -8,8 +8,10 @@
 
 #include <QAction>
 #include <QEvent>
+#include <QInputDialog>
 #include <QScrollArea>
 
+#include "app/age_strip.h"
 #include "app/red_light.h"
 #include "record/further_settings.h"
 #include "view/vorlix_view.h"
@@ -39,6 +41,30 @@ void VorlixApp::slotViewRed(bool on)
     redLight->turn(on, openFurtherSettings().value(redLevelKey, RedLight::usual).toInt());
     view->vNight(on);
     openFurtherSettings().setValue(redKey, on);
+    showStatus(tr("Ready."));
+}
+
+void VorlixApp::showAges(bool on, double uncertainty)
+{
+    view->vAges(on, uncertainty);
+    ageStrip->setVisible(on);
+    ageStrip->tell();
+}
+
+/// Asks how sure decay rates are when it is switched on.
+void VorlixApp::slotViewAge(bool on)
+{
+    showStatus(tr("Age of elements."));
+    QSettings settings = openFurtherSettings();
+    double uncertainty = settings.value(uncertaintyKey, usualDecayUncertainty).toDouble();
+    if (on)
+        uncertainty = QInputDialog::getDouble(
+            this, tr("Age of Elements"),
+            tr("Uncertainty of the decay rate, a share of it (0.1 in quiet times, more while the Sun is active):"),
+            uncertainty, 0.01, 10.0, 2);
+    settings.setValue(ageKey, on);
+    settings.setValue(uncertaintyKey, uncertainty);
+    showAges(on, uncertainty);
     showStatus(tr("Ready."));
 }
 

@@ -17,6 +17,7 @@
 #include <QToolBar>
 #include <QWhatsThis>
 
+#include "app/age_strip.h"
 #include "app/follow_control.h"
 #include "app/red_light.h"
 #include "app/scan_watch.h"
@@ -89,12 +90,7 @@ VorlixApp::VorlixApp()
     slotViewStatusBar(false);
     slotViewLeft(view->getLeft());
     viewLeft->setChecked(view->getLeft());
-    viewReadable->setChecked(openFurtherSettings().value(readableKey).toBool());
-    viewRed->setChecked(openFurtherSettings().value(redKey).toBool());
-    restoreSize();
-    if (const QString why = view->restoreHorizon(); !why.isEmpty())
-        tellAtStart(why);
-    settThorough->setChecked(openFurtherSettings().value(thoroughKey).toBool());
+    restoreChoices();
 
     TLEname = view->getTLEname();
     if (TLEname.isEmpty())
@@ -116,6 +112,22 @@ VorlixApp::VorlixApp()
     const QStringList missing = missingAfterStart(*indata);
     if (!TLEname.isEmpty() && !missing.isEmpty())
         tellMissing(missing);
+}
+
+/// What vorlix.ini keeps of the menus.
+void VorlixApp::restoreChoices()
+{
+    viewReadable->setChecked(openFurtherSettings().value(readableKey).toBool());
+    const QSettings further = openFurtherSettings();
+    viewAge->setCheckable(true);
+    connect(viewAge, &QAction::triggered, this, &VorlixApp::slotViewAge);
+    viewAge->setChecked(further.value(ageKey).toBool());
+    showAges(viewAge->isChecked(), further.value(uncertaintyKey, usualDecayUncertainty).toDouble());
+    viewRed->setChecked(openFurtherSettings().value(redKey).toBool());
+    restoreSize();
+    if (const QString why = view->restoreHorizon(); !why.isEmpty())
+        tellAtStart(why);
+    settThorough->setChecked(openFurtherSettings().value(thoroughKey).toBool());
 }
 
 void VorlixApp::tellMissing(const QStringList& names)
@@ -200,8 +212,10 @@ void VorlixApp::initMenuBar()
                          viewPicture,  nullptr,     viewVisibility,   viewStep,   viewMagnitude, nullptr,
                          viewFontSize, viewLeft,    nullptr,          viewSize25, viewSize50,    viewNormalSize,
                          nullptr,      viewToolBar, viewStatusBar,    nullptr,    viewReadable,  nullptr,
-                         viewLarger,   viewSmaller, viewOriginalSize, viewFit,    nullptr,       viewRed});
-    settMenu = makeMenu("settMenu", tr("&Settings"), {settSysConf, settThorough, settMagnitudes, settSources, settModels});
+                         viewLarger,   viewSmaller, viewOriginalSize, viewFit,    nullptr,       viewRed,
+                         viewAge});
+    settMenu =
+        makeMenu("settMenu", tr("&Settings"), {settSysConf, settThorough, settMagnitudes, settSources, settModels});
     editMenu = makeMenu("editMenu", tr("&Edit"), {editCopy, editCopyPicture});
     helpMenu = makeMenu("helpMenu", tr("&Help"), {helpAbout, helpAboutQt, nullptr, helpQuick, nullptr, whatsThis});
 }
@@ -240,6 +254,9 @@ void VorlixApp::initView()
     nextClick->setObjectName("nextClickLabel");
     nextClick->setTextFormat(Qt::PlainText);
     statusBar()->addPermanentWidget(nextClick);
+    ageStrip = new AgeStrip(view, this);
+    addToolBar(Qt::BottomToolBarArea, ageStrip);
+    ageStrip->hide();
     connect(view, &VorlixView::nextClickMeans, nextClick, &QLabel::setText);
 }
 

@@ -8,6 +8,7 @@
 #include <QMainWindow>
 #include <QString>
 
+class AgeStrip;
 class Download;
 struct AddressParts;
 class FollowControl;
@@ -34,6 +35,9 @@ constexpr char readableKey[] = "view/readableColours";
 /// Whether all is shown in red, and how bright the brightest is, 40 to 255.
 constexpr char redKey[] = "view/redLight";
 constexpr char redLevelKey[] = "view/redLightLevel";
+/// Whether the age of elements is told, and how sure decay rates are, a share.
+constexpr char ageKey[] = "view/ageOfElements";
+constexpr char uncertaintyKey[] = "view/decayUncertainty";
 /// How large everything is drawn, and whether that follows the window.
 constexpr char zoomKey[] = "view/percent";
 constexpr char fitKey[] = "view/fitToWindow";
@@ -111,6 +115,7 @@ public Q_SLOTS:
     void slotEditCopyPicture();
     void slotViewReadable(bool on);
     void slotViewRed(bool on);
+    void slotViewAge(bool on);
     void slotViewLarger();
     void slotViewSmaller();
     void slotViewOriginalSize();
@@ -142,6 +147,8 @@ public Q_SLOTS:
     bool maybeAskAgain(const QString& address);
     void fetch(const AddressParts& parts, bool byItself);
     void updateAtStart();
+    void showAges(bool on, double uncertainty);
+    void restoreChoices();
     void tellAtStart(const QString& message);
     void followEnded(const QString& name, const QString& why);
 
@@ -196,6 +203,7 @@ private:
 
     VorlixView* view = nullptr;
     QLabel* viewLabel = nullptr;
+    AgeStrip* ageStrip = nullptr;
     QScrollArea* scrollArea = nullptr;
 
     QMenu* fileMenu = nullptr;
@@ -279,6 +287,7 @@ private:
     QAction* viewOriginalSize = nullptr;
     QAction* viewFit = nullptr;
     QAction* viewRed = nullptr;
+    QAction* viewAge = nullptr;
     QAction* settSysConf = nullptr;
     QAction* settThorough = nullptr;
     QString askedAddress;        // of the update under way,

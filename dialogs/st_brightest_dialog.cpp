@@ -243,8 +243,13 @@ void StBrightestDialog::showList()
     if (!rows.isEmpty())
         tree->setCurrentItem(tree->topLevelItem(0));
     copyButton->setEnabled(!rows.isEmpty());
-    if (!searched)
-        return;
+    if (searched)
+        countLabel->setText(countText());
+}
+
+/// How many passes there are, what was left out, and how old the elements are.
+QString StBrightestDialog::countText() const
+{
     QStringList left;
     for (const auto& [count, what] :
          {std::pair{list.fainter, tr("%1 fainter")}, std::pair{list.hidden, tr("%1 lost in twilight or moonlight")},
@@ -252,8 +257,15 @@ void StBrightestDialog::showList()
                                      "the Settings menu gives them one)")}})
         if (count > 0)
             left << what.arg(count);
-    countLabel->setText((list.passes.size() == 1 ? tr("1 pass.") : tr("%1 passes.").arg(list.passes.size())) +
-                        (left.isEmpty() ? QString() : ' ' + tr("Left out: %1.").arg(left.join(", "))));
+    ElementAge worst;
+    for (const BrightPass& pass : list.passes)
+        worst = {std::max(worst.days, pass.age.days), std::max(worst.seconds, pass.age.seconds)};
+    const QString age = list.passes.empty() ? QString()
+                                            : ' ' + tr("Elements up to %1 days old: +-%2 s.")
+                                                        .arg(worst.days, 0, 'f', 1)
+                                                        .arg(worst.seconds, 0, 'f', worst.seconds < 0.95 ? 1 : 0);
+    return (list.passes.size() == 1 ? tr("1 pass.") : tr("%1 passes.").arg(list.passes.size())) +
+           (left.isEmpty() ? QString() : ' ' + tr("Left out: %1.").arg(left.join(", "))) + age;
 }
 
 const BrightPass* StBrightestDialog::chosen() const

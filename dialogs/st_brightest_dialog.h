@@ -68,6 +68,7 @@ private:
     void addButtons(QVBoxLayout* column);
     void search();
     void showList();
+    QString countText() const;
     QTreeWidgetItem* rowOf(std::size_t pass) const;
     void showDetails();
     void end(Wanted what);

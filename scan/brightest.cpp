@@ -78,7 +78,8 @@ private:
             ++found.hidden;
         else
             found.passes.push_back({name, designator, in->norad[onlySlot], 0, in->mjdep[onlySlot], pass, *best,
-                                    standard->spread, standard->source, standard->family});
+                                    standard->spread, standard->source, standard->family,
+                                    elementAge(*in, onlySlot, pass.tm[1], request.decayUncertainty)});
     }
 
     WinpData* in;

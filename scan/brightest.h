@@ -2,6 +2,7 @@
 #pragma once
 
 #include "engine/brightest_moment.h"
+#include "engine/element_age.h"
 
 #include <optional>
 #include <string>
@@ -17,6 +18,7 @@ struct BrightRequest
     double faintest = 4.0;    // magnitude
     bool sky = true;          // passes that twilight or moonlight hide from the unaided eye are left out as well
     const HorizonLine* horizon = nullptr;  // of the place, see `PassLimits`
+    double decayUncertainty = usualDecayUncertainty;
 };
 
 /// A pass with its brightest moment.
@@ -31,6 +33,7 @@ struct BrightPass
     double spread = 1;
     BrightnessSource source = BrightnessSource::length;
     std::string family;
+    ElementAge age;  // of the elements at the maximum
 };
 
 struct BrightList

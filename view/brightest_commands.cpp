@@ -76,7 +76,7 @@ void VorlixView::vMagnitudes()
 std::optional<BrightList> VorlixView::searchBrightest(const StBrightestDialog::Values& values)
 {
     keepValues(values);
-    BrightRequest request{startMjd(indata), 0.0, values.faintest, values.sky, horizon.get()};
+    BrightRequest request{startMjd(indata), 0.0, values.faintest, values.sky, horizon.get(), uncertainty};
     request.to = request.from + clampedSpan(indata->dur);
     if (values.night) {
         const auto night = nightAt(request.from, siteOf(*indata));

@@ -53,6 +53,7 @@ bool VorlixView::listPasses(std::string* why)
     noteListed();
     indata->dspmd = -1;
     showSattxt();
+    warnOfOldElements();
     return true;
 }
 

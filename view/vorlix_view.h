@@ -23,6 +23,7 @@
 #include <QString>
 
 #include "dialogs/st_brightest_dialog.h"
+#include "engine/element_age.h"
 #include "engine/pass_search.h"
 #include "imaging/sky_picture.h"
 #include "record/winp_data.h"
@@ -135,6 +136,16 @@ public:
 
     /// Whether lists of passes hold every interval, see `findNextInterval`.
     void vThorough(bool on) { thorough = on; }
+    /// Elements on show: those of the prime satellite at the time on show, of a table at its worst line.
+    struct AgeOnShow
+    {
+        QString name;
+        ElementAge age;
+    };
+    /// Nothing without a satellite.
+    std::optional<AgeOnShow> ageOnShow() const;
+    /// Whether commands tell what the age of elements may spoil, and how sure the decay rate is, see `errorAlongTrack`.
+    void vAges(bool on, double decayUncertainty);
     /// Takes the horizon from the file that vorlix.ini names. @return  why there is none; empty if none is wanted
     QString restoreHorizon();
     void vPicSwitch(bool on);
@@ -395,6 +406,7 @@ private:
     void jumpToPass(bool forward);
     double centredOn(double t);
     void showPassAt(double t);
+    void warnOfOldElements();
     std::optional<BrightList> searchBrightest(const StBrightestDialog::Values& values);
     bool readSatelliteOf(const BrightPass& pass);
     void showBrightDetails(const BrightPass& pass);
@@ -479,11 +491,14 @@ private:
 
     QString toldName, toldText;  // to assistive programs
 
-    std::unique_ptr<WinpData> listedRecord;            // that the last table was made with,
-    std::string listedText;                            // and its lines
-    Listed listed = Listed::passes;                    // and what it lists
-    bool thorough = false;                             // how lists of passes are searched
-    QPointer<StBrightestDialog> brightest;             // keeps its list
+    std::unique_ptr<WinpData> listedRecord;  // that the last table was made with,
+    std::string listedText;                  // and its lines
+    Listed listed = Listed::passes;          // and what it lists
+    bool thorough = false;                   // how lists of passes are searched
+    QPointer<StBrightestDialog> brightest;   // keeps its list
+    bool agesTold = false;                   // boxes about the age of elements come
+    bool oldElementsTold = false;            // the one for transits has come
+    double uncertainty = usualDecayUncertainty;
     bool listedThorough = false;                       // how the last table was
     std::shared_ptr<const HorizonLine> horizon;        // of the place; null: a plain one
     std::shared_ptr<const HorizonLine> listedHorizon;  // of the last table

@@ -4,9 +4,12 @@
 
 #include <QImage>
 
+#include "app/age_strip.h"
 #include "app/app_helper.h"
 #include "imaging/sky_picture.h"
 #include "record/text.h"
+
+#include <QLabel>
 
 class RoadsTest : public AppTest
 {
@@ -17,6 +20,11 @@ private Q_SLOTS:
     {
         keepers["record"] = [](const QStringList& words, QStringList& kept) {
             kept << QString::number(numberOf(words[0], words[1].toInt()), 'g', words[2].toInt());
+        };
+        keepers["age"] = [this](const QStringList&, QStringList& kept) {
+            auto* strip = app->findChild<AgeStrip*>();
+            strip->tell();
+            kept << (strip->isVisible() ? strip->findChild<QLabel*>("ageLabel")->text() : QString("hidden"));
         };
         keepers["line"] = [](const QStringList& words, QStringList& kept) {
             for (const QString& line : report().filter(words[0]))

@@ -1,0 +1,42 @@
+#include "engine/element_age.h"
+
+#include <algorithm>
+#include <cmath>
+#include <limits>
+
+#include "record/winp_data.h"
+
+namespace {
+
+constexpr double secondsPerDay = 86400.0;
+constexpr double plainGrowthSPerDay = 0.1;
+constexpr double deepRevPerDay = 6.4;  // slower ones feel Sun and Moon more than the air
+constexpr double doubtfulS = 5.0, doubtfulDays = 7.0;
+constexpr double staleS = 30.0, staleDays = 30.0;
+
+}  // namespace
+
+double errorAlongTrack(double days, double halfNdot, double revPerDay, double uncertainty)
+{
+    const double plain = plainGrowthSPerDay * std::abs(days);
+    if (!(revPerDay >= deepRevPerDay) || halfNdot == 0.0)
+        return plain;
+    const double motion = revPerDay + 2.0 * halfNdot * days;
+    if (!(motion > 0.0))
+        return std::numeric_limits<double>::infinity();
+    const double drag = secondsPerDay * uncertainty * std::abs(halfNdot) * days * days / motion;
+    return std::max(plain, drag);
+}
+
+ElementAge elementAge(const WinpData& in, int slot, double mjd, double uncertainty)
+{
+    const double days = mjd - in.mjdep[slot];
+    return {std::abs(days), errorAlongTrack(days, in.ndot[slot], in.n0[slot], uncertainty)};
+}
+
+Freshness freshnessOf(const ElementAge& age)
+{
+    if (!(age.seconds < staleS) || !(age.days < staleDays))
+        return Freshness::stale;
+    return age.seconds < doubtfulS && age.days < doubtfulDays ? Freshness::fresh : Freshness::doubtful;
+}
