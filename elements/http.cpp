@@ -178,8 +178,20 @@ bool Http::isCut() const
     return !isWhole(head, tail);
 }
 
+/// What the server leads to if it is less safe than its own address; empty if that is not why nothing came.
+QString Http::lessSafePlace() const
+{
+    constexpr qsizetype mostCharacters = 200;
+    const QNetworkReply::NetworkError error = reply->error();
+    if (error != QNetworkReply::InsecureRedirectError && error != QNetworkReply::ProtocolUnknownError)
+        return {};
+    return QString::fromUtf8(reply->rawHeader("Location").left(mostCharacters)).simplified();
+}
+
 QString Http::networkFailure() const
 {
+    if (const QString place = lessSafePlace(); !place.isEmpty())
+        return tr("The server leads to %1, which is less safe and was not followed").arg(place);
     const QString sentence = firstSentenceOf(refusal);
     return sentence.isEmpty() ? reply->errorString()
                               : tr("%1. The server says: \"%2\"").arg(reply->errorString(), sentence);

@@ -57,6 +57,7 @@ private:
     bool isCut() const;
     bool saysNo() const;
     void remember(const QByteArray& piece);
+    QString lessSafePlace() const;
     QString networkFailure() const;
     QString failure();
 

@@ -259,12 +259,12 @@ TEST_F(DownloadTest, FetchesByTlsAndLeavesItForNothingLessSafe)
         const HttpServer& from;
         const char* path;
         Ending ending;
-        bool refused;
+        QByteArray why;
     };
     for (const Road& road :
-         {Road{*safe, "/gp.php?GROUP=visual&FORMAT=csv", good, false}, Road{*safe, "/across", good, false},
-          Road{*server, "/up", good, false}, Road{*safe, "/down", failed, true}, Road{*safe, "/file", failed, true},
-          Road{*safe, "/none", failed, true}}) {
+         {Road{*safe, "/gp.php?GROUP=visual&FORMAT=csv", good, ""}, Road{*safe, "/across", good, ""},
+          Road{*server, "/up", good, ""}, Road{*safe, "/down", failed, "leads to " + place(*server, "http") + ","},
+          Road{*safe, "/file", failed, "leads to file:///etc/passwd,"}, Road{*safe, "/none", failed, "Not Found"}}) {
         ScratchDir::write("visual.txt", oldLines);
         Download download;
         const bool tls = &road.from == safe.get();
@@ -273,7 +273,8 @@ TEST_F(DownloadTest, FetchesByTlsAndLeavesItForNothingLessSafe)
             road.ending)
             << road.path << ' ' << download.errorString().toStdString();
         EXPECT_EQ(ScratchDir::read("visual.txt"), road.ending == good ? list.toStdString() : oldLines) << road.path;
-        EXPECT_EQ(download.isRefused(), road.refused) << road.path;
+        EXPECT_EQ(download.isRefused(), road.ending == failed) << road.path;
+        EXPECT_TRUE(download.errorString().contains(road.why)) << download.errorString().toStdString();
     }
     QSslConfiguration::setDefaultConfiguration({});
     Download stranger;  // nobody vouches for the certificate any more
