@@ -9,13 +9,15 @@
 TEST(ElementAge, GrowsWithDragAndAtLeastPlainly)
 {
     // a station of 15.5 revolutions a day and 0.0001 rev/day^2: 5 days are 86400 * 0.1 * 0.0001 * 25 / 15.501 s
-    EXPECT_NEAR(errorAlongTrack(5.0, 1e-4, 15.5, 0.1), 21.6 / 15.501, 1e-12);
-    EXPECT_NEAR(errorAlongTrack(-5.0, 1e-4, 15.5, 0.2), 43.2 / 15.499, 1e-12);
-    EXPECT_NEAR(errorAlongTrack(5.0, -1e-4, 15.5, 0.1), 21.6 / 15.499, 1e-12);  // a rising orbit is no surer
-    EXPECT_DOUBLE_EQ(errorAlongTrack(-4.0, 1e-6, 14.0, 0.1), 0.4);
-    EXPECT_DOUBLE_EQ(errorAlongTrack(4.0, 0.0, 14.0, 0.1), 0.4);
-    EXPECT_DOUBLE_EQ(errorAlongTrack(10.0, 1e-2, 2.0, 0.1), 1.0);  // deep
-    EXPECT_TRUE(std::isinf(errorAlongTrack(-1000.0, 1e-2, 15.5, 0.1)));
+    EXPECT_NEAR(errorAlongTrack(5.0, 1e-4, 15.5, 0.01, 0.1), 21.6 / 15.501, 1e-12);
+    EXPECT_NEAR(errorAlongTrack(-5.0, 1e-4, 15.5, 0.01, 0.2), 43.2 / 15.499, 1e-12);
+    EXPECT_NEAR(errorAlongTrack(5.0, -1e-4, 15.5, 0.01, 0.1), 21.6 / 15.499, 1e-12);  // a rising orbit is no surer
+    EXPECT_DOUBLE_EQ(errorAlongTrack(-4.0, 1e-6, 14.0, 0.01, 0.1), 0.4);
+    EXPECT_DOUBLE_EQ(errorAlongTrack(4.0, 0.0, 14.0, 0.01, 0.1), 0.4);
+    EXPECT_DOUBLE_EQ(errorAlongTrack(10.0, 1e-2, 2.0, 0.01, 0.1), 2.0);  // deep
+    EXPECT_DOUBLE_EQ(errorAlongTrack(10.0, 1e-2, 1.0, 0.01, 0.1), 8.0);
+    EXPECT_DOUBLE_EQ(errorAlongTrack(10.0, 1e-2, 2.0, 0.7, 0.1), 70.0);
+    EXPECT_TRUE(std::isinf(errorAlongTrack(-1000.0, 1e-2, 15.5, 0.01, 0.1)));
 }
 
 TEST(ElementAge, BecomesDoubtfulAndStaleAtItsLimits)
