@@ -1,7 +1,6 @@
 #include "app/age_strip.h"
 
 #include <QLabel>
-#include <QTimer>
 #include <algorithm>
 
 #include "view/vorlix_view.h"
@@ -49,18 +48,26 @@ AgeStrip::AgeStrip(const VorlixView* canvas, QWidget* parent) : QToolBar(tr("age
            "expected to be for that. Yellow from 5 seconds or 7 days on, red from 30 seconds or 30 "
            "days on. Of a list the worst line counts."));
     addWidget(label);
-    auto* clock = new QTimer(this);
-    connect(clock, &QTimer::timeout, this, [this] {
-        if (isVisible())
-            tell();
-    });
-    clock->start(intervalMs);
+    clock.setInterval(intervalMs);
+    connect(&clock, &QTimer::timeout, this, &AgeStrip::tell);
     hide();
+}
+
+void AgeStrip::showEvent(QShowEvent* event)
+{
+    QToolBar::showEvent(event);
+    clock.start();
+}
+
+void AgeStrip::hideEvent(QHideEvent* event)
+{
+    QToolBar::hideEvent(event);
+    clock.stop();
 }
 
 QString AgeStrip::sentence(const QString& name, const ElementAge& age)
 {
-    return tr("%1: elements %2 days old, %3").arg(name).arg(age.days, 0, 'f', 1).arg(secondsText(age.seconds));
+    return tr("%1: elements %2 days old, %3").arg(name, QString::number(age.days, 'f', 1), secondsText(age.seconds));
 }
 
 void AgeStrip::tell()

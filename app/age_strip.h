@@ -4,6 +4,7 @@
 #include "engine/element_age.h"
 
 #include <QString>
+#include <QTimer>
 #include <QToolBar>
 
 class QLabel;
@@ -23,7 +24,12 @@ public:
     /// "SEASAT 1: elements 3.2 days old, about +-1 s".
     static QString sentence(const QString& name, const ElementAge& age);
 
+protected:
+    void showEvent(QShowEvent* event) override;
+    void hideEvent(QHideEvent* event) override;
+
 private:
     const VorlixView* view;
     QLabel* label;
+    QTimer clock;
 };

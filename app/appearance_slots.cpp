@@ -51,17 +51,20 @@ void VorlixApp::showAges(bool on, double uncertainty)
     ageStrip->tell();
 }
 
-/// Asks how sure decay rates are when it is switched on.
+/// Asks how sure decay rates are when it is switched on; without an answer it stays off.
 void VorlixApp::slotViewAge(bool on)
 {
     showStatus(tr("Age of elements."));
     QSettings settings = openFurtherSettings();
     double uncertainty = settings.value(uncertaintyKey, usualDecayUncertainty).toDouble();
+    bool accepted = true;
     if (on)
         uncertainty = QInputDialog::getDouble(
             this, tr("Age of Elements"),
             tr("Uncertainty of the decay rate, a share of it (0.1 in quiet times, more while the Sun is active):"),
-            uncertainty, 0.01, 10.0, 2);
+            uncertainty, 0.01, 10.0, 2, &accepted);
+    on = on && accepted;
+    viewAge->setChecked(on);
     settings.setValue(ageKey, on);
     settings.setValue(uncertaintyKey, uncertainty);
     showAges(on, uncertainty);

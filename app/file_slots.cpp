@@ -41,14 +41,6 @@ QString elementSaveFilters()
 }
 
 constexpr double minutesPerDay = 1440.0;
-constexpr double secondsPerDay = 86400.0;
-constexpr double unixEpochMjd = 40587.0;
-
-double nowMjd()
-{
-    return unixEpochMjd + static_cast<double>(systemSeconds()) / secondsPerDay;
-}
-
 }  // namespace
 
 void VorlixApp::slotFileOpen()

@@ -14,7 +14,7 @@
 #include <QPushButton>
 #include <QTreeWidget>
 #include <QVBoxLayout>
-#include <array>
+#include <algorithm>
 #include <utility>
 
 namespace {
@@ -216,22 +216,21 @@ void StBrightestDialog::showList()
 {
     tree->setSortingEnabled(false);
     tree->clear();
-    BrightList& shown = list;
     std::vector<std::vector<std::size_t>> groups;
     if (joinBox->isChecked())
-        groups = launchGroups(shown.passes);
+        groups = launchGroups(list.passes);
     else
-        for (std::size_t k = 0; k < shown.passes.size(); ++k)
+        for (std::size_t k = 0; k < list.passes.size(); ++k)
             groups.push_back({k});
     QList<QTreeWidgetItem*> rows;
     for (const std::vector<std::size_t>& group : groups) {
         const auto brightest =
-            *std::ranges::min_element(group, {}, [&](std::size_t k) { return shown.passes[k].best.magnitude; });
+            *std::ranges::min_element(group, {}, [&](std::size_t k) { return list.passes[k].best.magnitude; });
         QTreeWidgetItem* head = rowOf(brightest);
         rows.append(head);
         if (group.size() == 1)
             continue;
-        head->setText(satellite, tr("%1 and %2 more").arg(head->text(satellite)).arg(group.size() - 1));
+        head->setText(satellite, tr("%1 and %2 more").arg(head->text(satellite), QString::number(group.size() - 1)));
         for (const std::size_t k : group)
             if (k != brightest)
                 head->addChild(rowOf(k));

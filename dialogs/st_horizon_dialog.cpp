@@ -107,8 +107,7 @@ QString StHorizonDialog::file() const
 
 void StHorizonDialog::browse()
 {
-    const QString name = QFileDialog::getOpenFileName(this, tr("File with the Horizon"), file(), QString(), nullptr,
-                                                      QFileDialog::DontUseNativeDialog);
+    const QString name = QFileDialog::getOpenFileName(this, tr("File with the Horizon"), file());
     if (!name.isEmpty())
         fileEdit->setText(name);
 }

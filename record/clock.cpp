@@ -19,6 +19,11 @@ std::time_t timeOfSystem()
 
 std::time_t (*systemSeconds)() = timeOfSystem;
 
+double nowMjd()
+{
+    return static_cast<double>(systemSeconds()) / secondsPerDay + mjdOf1970;
+}
+
 namespace {
 
 /// MJD of what the clocks of the system's zone show.

@@ -14,6 +14,9 @@ double systemZone();
 /// Where the clock takes its seconds since 1970 from; a test puts its own in place.
 extern std::time_t (*systemSeconds)();
 
+/// The system clock in whole seconds, MJD UTC.
+double nowMjd();
+
 /// System clock to the six date fields, in UTC, and to `GBL_timezone`. `second` may be 60.
 void DefTime(WinpData* in);
 

@@ -39,11 +39,10 @@ void VorlixView::warnOfOldElements()
         !(shown->age.seconds > transitLimitS))
         return;
     oldElementsTold = true;
-    inform(this, tr("Transits"),
-           tr("The elements of %1 are %2 days old. A transit may come %3 seconds earlier or later than told, or pass "
-              "the "
-              "place by. Fetch new elements before you go out for it.")
-               .arg(shown->name)
-               .arg(shown->age.days, 0, 'f', 1)
-               .arg(shown->age.seconds, 0, 'f', 1));
+    inform(
+        this, tr("Transits"),
+        tr("The elements of %1 are %2 days old. A transit may come %3 seconds earlier or later than told, or pass "
+           "the "
+           "place by. Fetch new elements before you go out for it.")
+            .arg(shown->name, QString::number(shown->age.days, 'f', 1), QString::number(shown->age.seconds, 'f', 1)));
 }

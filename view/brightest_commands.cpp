@@ -49,9 +49,7 @@ QString aboutList(const WinpData& in)
     const QString name = fieldQString(in.tlename);
     return VorlixView::tr("%1 of %2, %3 (latitude %4, longitude %5)")
         .arg(QFileInfo(name).fileName(), QFileInfo(name).lastModified().toString(Qt::ISODate),
-             fieldQString(in.geoname).trimmed())
-        .arg(in.lat)
-        .arg(in.lng);
+             fieldQString(in.geoname).trimmed(), QString::number(in.lat), QString::number(in.lng));
 }
 
 /// The slot of a selected satellite with these elements; -1 if there is none.
@@ -75,7 +73,6 @@ void VorlixView::vMagnitudes()
 
 std::optional<BrightList> VorlixView::searchBrightest(const StBrightestDialog::Values& values)
 {
-    keepValues(values);
     BrightRequest request{startMjd(indata), 0.0, values.faintest, values.sky, horizon.get(), uncertainty};
     request.to = request.from + clampedSpan(indata->dur);
     if (values.night) {
