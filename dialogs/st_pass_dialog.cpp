@@ -37,6 +37,12 @@ StPassDialog::StPassDialog(QWidget* parent) : QDialog(parent)
         {tr("The pass step by step: where the satellite stands at each time, and the apparent pole of its track.")});
     passEdit->setLineWrapMode(QTextEdit::NoWrap);
     auto* buttons = new QHBoxLayout;
+    chartButton =
+        form::addButton(buttons, "chartButton", tr("C&hart"), "Alt+H",
+                        {tr("Draws the pass over the sky of your place, with elevation, magnitude and range "
+                            "over time. The chart can be saved and printed."),
+                         tr("Draws the pass.")});
+    chartButton->hide();
     saveButton =
         form::addButton(buttons, "saveButton", tr("&Save"), "Alt+S",
                         {tr("The angles will be without the degree sign. Longitude and latitude are always in "
@@ -66,6 +72,12 @@ void StPassDialog::setParams(int size)
 {
     form::fillTextView(passEdit, listing(horizon.get()), size);  // proportional: the headings count on narrow blanks
     closeButton->setFocus();
+}
+
+void StPassDialog::offerChart(const std::function<void()>& show)
+{
+    chartButton->show();
+    connect(chartButton, &QPushButton::clicked, this, show);
 }
 
 void StPassDialog::saveSlot()

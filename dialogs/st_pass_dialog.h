@@ -2,6 +2,7 @@
 #pragma once
 
 #include <QDialog>
+#include <functional>
 #include <memory>
 #include <utility>
 
@@ -20,6 +21,9 @@ public:
     /// The line of the place that cuts the pass; before `setParams`. Null: none.
     void setHorizon(std::shared_ptr<const HorizonLine> line) { horizon = std::move(line); }
 
+    /// Shows a button for a chart of the pass, which does this.
+    void offerChart(const std::function<void()>& show);
+
 public Q_SLOTS:
     /// Lists the pass chosen in the table. `size` is the size of the text in points.
     virtual void setParams(int size);
@@ -37,4 +41,5 @@ private:
     QPushButton* closeButton = nullptr;
     QPushButton* saveButton = nullptr;
     QPushButton* gtrackButton = nullptr;
+    QPushButton* chartButton = nullptr;
 };

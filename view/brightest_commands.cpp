@@ -120,10 +120,8 @@ void VorlixView::showBrightDetails(const BrightPass& pass)
         in.aossel = 0;
         in.aostm[0] = pass.pass.tm[0];
         StPassDialog dialog(this);
-        dialog.setHorizon(horizon);
         dialog.setWindowTitle(dialog.windowTitle() + ": " + textQString(pass.name));
-        if (calculated([&] { dialog.setParams(fsz); }))
-            dialog.exec();
+        runPassDetails(dialog, horizon);
     }
     const int newsave = in.newsave;
     before->putBack(&in);

@@ -6,12 +6,15 @@
 
 #include <QMouseEvent>
 
+#include "dialogs/st_chart_dialog.h"
 #include "dialogs/st_local_dialog.h"
 #include "dialogs/st_pass_dialog.h"
+#include "engine/pass_search.h"
 #include "record/keep.h"
 #include "record/text.h"
 #include "reports/local_details.h"
 #include "view/calculation.h"
+#include "view/sky_lights.h"
 
 namespace {
 
@@ -105,7 +108,20 @@ void VorlixView::vLocalPass()
 void VorlixView::openPassDetails()
 {
     StPassDialog dialog(this);
-    dialog.setHorizon(listedHorizon);
+    runPassDetails(dialog, listedHorizon);
+}
+
+/// Of the row chosen in the record. Between two satellites there is nothing to be drawn on the observer's sky.
+void VorlixView::runPassDetails(StPassDialog& dialog, const std::shared_ptr<const HorizonLine>& line)
+{
+    dialog.setHorizon(line);
+    if (!relativeMode(*indata))
+        dialog.offerChart([&dialog, line] {
+            PassChart chart = chartOfPass(*indata, indata->aostm[indata->aossel]);
+            chart.horizon = line;
+            chart.lights = skyLights(chart.middle());
+            StChartDialog(chart, &dialog).exec();
+        });
     if (calculated([&] { dialog.setParams(fsz); }))
         dialog.exec();
 }

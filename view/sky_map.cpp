@@ -20,6 +20,7 @@
 #include "view/marks.h"
 #include "view/painting.h"
 #include "view/sky_geometry.h"
+#include "view/sky_lights.h"
 #include "view/star_data.h"
 
 namespace {
@@ -221,6 +222,23 @@ void drawBodies(QPainter& painter, const SkyFrame& sky, const SkyView& view, con
 }
 
 }  // namespace
+
+std::vector<SkyLight> skyLights(double mjd)
+{
+    static const StarVectors vectors = unitVectorsOfStars();
+    const SkyView view(mjd);
+    const Mat3 precession = pmatequ(starEpoch, julcent(view.mjd));
+    std::vector<SkyLight> lights;
+    const auto add = [&](const QString& name, const Horizontal& place, double magnitude) {
+        if (place.el > 0.0)
+            lights.push_back({name, place.az * degPerRad, place.el * degPerRad, magnitude});
+    };
+    for (std::size_t i = 0; i < vectors.size(); ++i)
+        add(QString(), view.direction(mxvct(precession, vectors[i])), brightStars[i].mag / 100.0);
+    for (const SkyBody& body : bodiesAt(view, {}))
+        add(VorlixView::tr(body.name), view.body(body.position), 0.0);
+    return lights;
+}
 
 SkyFrame VorlixView::skyFrame() const
 {

@@ -36,6 +36,7 @@
 class QImage;
 class QPagedPaintDevice;
 class QPainter;
+class StPassDialog;
 enum class ListForm : int;
 struct DiskFrame;
 struct ExposedPicture;
@@ -386,6 +387,7 @@ private:
     void announce();
     QRect rowOnShow(int row) const;
     void openPassDetails();
+    void runPassDetails(StPassDialog& dialog, const std::shared_ptr<const HorizonLine>& line);
 
     // searches and tables
     bool askDistance();
