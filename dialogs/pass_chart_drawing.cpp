@@ -19,7 +19,8 @@ constexpr double domeRadius = 225;
 constexpr QRectF graphs(70, 545, 545, 285);  // of three
 constexpr double graphGap = 12;
 constexpr double letterPixels = 12;
-constexpr int farAwayPixels = 40;  // between two labels
+constexpr int farAwayPixels = 40;           // between two labels
+constexpr double lowestMagnitudeDeg = 1.0;  // below it the air takes nobody knows how much
 
 QString tr(const char* text)
 {
@@ -104,7 +105,7 @@ void drawLights(QPainter& painter, const PassChart& chart, const ChartColours& c
     painter.setBrush(Qt::NoBrush);
 }
 
-/// Solid in sunlight, dotted in the shadow.
+/// Solid in sunlight, dotted in the shadow, between points that have a place.
 template <class Place>
 void drawCurve(QPainter& painter, const PassChart& chart, const ChartColours& colours, const Place& place)
 {
@@ -113,10 +114,12 @@ void drawCurve(QPainter& painter, const PassChart& chart, const ChartColours& co
         for (std::size_t i = 1; i < chart.points.size(); ++i) {
             if (chart.points[i - 1].sunlit != sunlit)
                 continue;
-            const QPointF from = place(chart.points[i - 1]);
-            if (curve.isEmpty() || curve.currentPosition() != from)
-                curve.moveTo(from);
-            curve.lineTo(place(chart.points[i]));
+            const std::optional<QPointF> from = place(chart.points[i - 1]), to = place(chart.points[i]);
+            if (!from || !to)
+                continue;
+            if (curve.isEmpty() || curve.currentPosition() != *from)
+                curve.moveTo(*from);
+            curve.lineTo(*to);
         }
         painter.setPen(QPen(colours.ink, sunlit ? 2.0 : 1.5, sunlit ? Qt::SolidLine : Qt::DotLine));
         painter.drawPath(curve);
@@ -267,7 +270,8 @@ void drawGraph(QPainter& painter, const PassChart& chart, const Graph& graph, co
                          QString::number(v, 'f', graph.decimals));
     }
     const auto place = [&](const Point& p) {
-        return QPointF(timeToX(chart, p.mjd), graph.y(graph.value(p).value_or(graph.low)));
+        const auto v = graph.value(p);
+        return v ? std::optional(QPointF(timeToX(chart, p.mjd), graph.y(*v))) : std::nullopt;
     };
     drawCurve(painter, chart, colours, place);
 }
@@ -282,7 +286,9 @@ std::array<Graph, 3> graphsOf(const PassChart& chart)
                      0,
                      1,
                      {},
-                     [](const Point& p) { return p.sunlit ? p.magnitude : std::optional<double>(); }},
+                     [](const Point& p) {
+                         return p.sunlit && p.el >= lowestMagnitudeDeg ? p.magnitude : std::optional<double>();
+                     }},
                     1),
             graphOf(chart, {tr("Range, km"), 0, 1, 0, {}, [](const Point& p) { return std::optional(p.range); }}, 2)};
 }
@@ -329,7 +335,7 @@ void drawPassChart(QPainter& painter, const PassChart& chart, const ChartColours
     drawLights(painter, chart, colours);
     if (chart.horizon)
         drawGround(painter, *chart.horizon, colours);
-    drawCurve(painter, chart, colours, [](const Point& p) { return domePoint(p); });
+    drawCurve(painter, chart, colours, [](const Point& p) { return std::optional(domePoint(p)); });
     drawMinutes(painter, chart, colours);
     drawShadow(painter, chart, colours);
     for (const Graph& graph : graphsOf(chart))

@@ -115,7 +115,7 @@ QString chartReading(const PassChart& chart, const PassChart::Point& point)
                        .arg(point.az, 0, 'f', 1)
                        .arg(point.el, 0, 'f', 1)
                        .arg(point.range, 0, 'f', 0);
-    if (point.magnitude && point.sunlit)
+    if (point.magnitude && point.sunlit && point.el >= 1.0)
         text += tr("   magnitude %1").arg(*point.magnitude, 0, 'f', 1);
     return text + (point.sunlit ? tr("   in sunlight") : tr("   in shadow"));
 }
