@@ -267,7 +267,7 @@ std::span<const VorlixApp::ActionRow> VorlixApp::actionRows()
         ActionRow{&App::fileSavePicture, "fileSavePicture", TEXT("Save Pict&ure..."), "", "",
             TEXT("Saves what is on the screen as a picture."),
             TEXT("Save Picture\n\nSaves the text, map, sky or picture on the screen as a PNG file, as large as it is "
-                 "drawn."),
+                 "drawn, or, if the name ends in .svg, as a drawing of lines and letters."),
             &App::slotFileSavePicture, nullptr},
         ActionRow{&App::filePrint, "filePrint", TEXT("P&rint..."), "", "",
             TEXT("Prints what is on the screen."),

@@ -11,9 +11,15 @@
 /// Asks for a name with this ending; empty, with a message, if there is none.
 QString VorlixApp::askForPictureName(const QString& caption, const QString& name, const QString& ending)
 {
-    const QString filter = QStringLiteral("%1 (*%2)").arg(ending.mid(1).toUpper(), ending);
-    const QString chosen = QFileDialog::getSaveFileName(this, caption, name + ending, filter);
-    const QString whole = chosen.isEmpty() ? QString() : withEnding(chosen, ending, caption);
+    const QString drawing = QStringLiteral(".svg");
+    const bool picture = ending == QLatin1String(".png");
+    const QString filter = QStringLiteral("%1 (*%2)").arg(ending.mid(1).toUpper(), ending) +
+                           (picture ? QStringLiteral(";;SVG (*.svg)") : QString());
+    QString form;
+    const QString chosen = QFileDialog::getSaveFileName(this, caption, name + ending, filter, &form);
+    const bool drawn =
+        picture && (chosen.endsWith(drawing, Qt::CaseInsensitive) || form.startsWith(QLatin1String("SVG")));
+    const QString whole = chosen.isEmpty() ? QString() : withEnding(chosen, drawn ? drawing : ending, caption);
     if (whole.isEmpty())
         showStatus(tr("*** File not selected ***"));
     return whole;

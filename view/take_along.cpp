@@ -5,6 +5,7 @@
 #include <algorithm>
 #include <string>
 
+#include <QBuffer>
 #include <QClipboard>
 #include <QGuiApplication>
 #include <QImage>
@@ -12,6 +13,7 @@
 #include <QPainter>
 #include <QPdfWriter>
 #include <QSaveFile>
+#include <QSvgGenerator>
 
 #include "exports/time_text.h"
 #include "record/text.h"
@@ -55,9 +57,39 @@ void VorlixView::vCopyPicture()
     QGuiApplication::clipboard()->setImage(picture);
 }
 
+/// Lines and letters as such, at 100 percent; a photograph as its pixels.
+QByteArray VorlixView::svgOnShow()
+{
+    const QSize size = indata->dspmd < 1 ? reportSize() : indata->picflg ? picSize : mapWithLegend;
+    QBuffer bytes;
+    QSvgGenerator svg;
+    svg.setOutputDevice(&bytes);
+    svg.setSize(size);
+    svg.setViewBox(QRect(QPoint(), size));
+    svg.setResolution(logicalDpiX());  // letters as large as on the screen
+    svg.setTitle(spokenName());
+    QPainter painter(&svg);
+    painter.setClipRect(QRect(QPoint(), size));
+    if (indata->dspmd < 1) {
+        painter.fillRect(QRect(QPoint(), size), Qt::white);
+        paintLines(painter, 0, shownReport.nlines);
+    } else {
+        drawPicture(painter, size);
+    }
+    painter.end();
+    return bytes.data();
+}
+
 bool VorlixView::vSavePicture(const QString& name)
 {
     QSaveFile file(name);
+    if (name.endsWith(QLatin1String(".svg"), Qt::CaseInsensitive)) {
+        const QByteArray svg = svgOnShow();
+        if (file.open(QIODevice::WriteOnly) && file.write(svg) == svg.size() && file.commit())
+            return true;
+        warn(this, tr("Save Picture"), nothingWritten(name, file.errorString()));
+        return false;
+    }
     QImage picture = pictureOnShow();
     picture.setDevicePixelRatio(1.0);
     if (file.open(QIODevice::WriteOnly) && picture.save(&file, "PNG") && file.commit())
@@ -145,6 +177,12 @@ void VorlixView::printPicture(QPainter& painter, const QRect& body)
     painter.translate(body.topLeft());
     painter.scale(fit, fit);
     painter.setClipRect(QRect(QPoint(), size));
+    drawPicture(painter, size);
+}
+
+/// Map, sky or photograph of this size.
+void VorlixView::drawPicture(QPainter& painter, const QSize& size)
+{
     if (indata->picflg) {
         painter.drawPixmap(0, 0, picDsp);
         return;

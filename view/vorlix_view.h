@@ -316,7 +316,7 @@ public:
     /// Text up to its last line, a map with its legend, or the loaded picture, in pixels of the screen.
     QImage pictureOnShow() const;
     void vCopyPicture();
-    /// As PNG. @return  false after a message
+    /// As SVG if the name ends so, else as PNG. @return  false after a message
     bool vSavePicture(const QString& name);
     /// @return  false after a message
     bool vPrintToPdf(const QString& name);
@@ -373,6 +373,8 @@ private:
     void printHeader(QPainter& painter) const;
     void printReport(QPainter& painter, QPagedPaintDevice& device, const QRect& body);
     void printPicture(QPainter& painter, const QRect& body);
+    void drawPicture(QPainter& painter, const QSize& size);
+    QByteArray svgOnShow();
     int lowestScroll() const;
 
     // settings

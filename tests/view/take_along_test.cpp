@@ -2,6 +2,8 @@
 
 #include <QClipboard>
 #include <QGuiApplication>
+#include <QPainter>
+#include <QSvgRenderer>
 #include <QTest>
 
 #include "record/wout_data.h"
@@ -51,6 +53,35 @@ private Q_SLOTS:
         QVERIFY(saved == shownImage().copy(saved.rect()).convertToFormat(QImage::Format_RGB32));
         view->vCopyPicture();
         QCOMPARE(QGuiApplication::clipboard()->image().convertToFormat(QImage::Format_RGB32), saved);
+    }
+
+    /// Block by block as dark as on the screen.
+    void aDrawingLooksLikeThePicture()
+    {
+        view->vCalcAOS();
+        for (const char* what : {"report", "map", "sky"}) {
+            indata->skymap = QString(what) == "sky";
+            if (QString(what) != "report")
+                view->vRefreshP();
+            const QString name = place->path(QString("%1.svg").arg(what));
+            QVERIFY(view->vSavePicture(name));
+            const QImage shown = view->pictureOnShow().convertToFormat(QImage::Format_RGB32);
+            QImage drawn(shown.size(), QImage::Format_RGB32);
+            QSvgRenderer svg(name);
+            QCOMPARE(svg.viewBox().size(), shown.size());
+            QPainter painter(&drawn);
+            svg.render(&painter);
+            painter.end();
+            constexpr int side = 20, close = 30;
+            for (int y = 0; y + side < shown.height(); y += side)
+                for (int x = 0; x + side < shown.width(); x += side) {
+                    const QRect block(x, y, side, side);
+                    const int a = qGray(shown.copy(block).scaled(1, 1, {}, Qt::SmoothTransformation).pixel(0, 0));
+                    const int b = qGray(drawn.copy(block).scaled(1, 1, {}, Qt::SmoothTransformation).pixel(0, 0));
+                    QVERIFY2(std::abs(a - b) < close,
+                             qPrintable(QString("%1 %2,%3: %4 %5").arg(what).arg(x).arg(y).arg(a).arg(b)));
+                }
+        }
     }
 
     void aFileThatCannotBeWrittenIsTold()
