@@ -92,7 +92,7 @@ void drawGround(QPainter& painter, const HorizonLine& line, const ChartColours& 
 void drawLights(QPainter& painter, const PassChart& chart, const ChartColours& colours)
 {
     constexpr double faintest = 5.0, bodyRadius = 5.0;
-    for (const SkyLight& light : chart.lights) {
+    for (const ChartLight& light : chart.lights) {
         const QPointF at = domePoint(light.az, light.el);
         painter.setPen(Qt::NoPen);
         painter.setBrush(mixed(colours, light.name.isEmpty() ? 0.55 : 0.8));

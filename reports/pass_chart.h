@@ -11,7 +11,7 @@ class HorizonLine;
 struct WinpData;
 
 /// A star, or a body with a name, above the horizon.
-struct SkyLight
+struct ChartLight
 {
     QString name;           // empty for a star
     double az = 0, el = 0;  // degrees
@@ -35,7 +35,7 @@ struct PassChart
     std::vector<Point> points;                   // evenly over time, from rise to set
     std::size_t highest = 0;                     // of these
     std::vector<Point> changes;                  // where it enters the shadow or leaves it: as it is from there on
-    std::vector<SkyLight> lights;                // in the middle of the pass
+    std::vector<ChartLight> lights;              // in the middle of the pass
     std::shared_ptr<const HorizonLine> horizon;  // of the place; null: a plain one
 
     double middle() const { return points.empty() ? 0.0 : points[points.size() / 2].mjd; }

@@ -7,4 +7,4 @@
 
 /// What stands above the horizon of the observer of the record at an MJD, UTC: the stars of the sky map, then Sun, Moon
 /// and planets with their names, whose magnitudes are not told.
-std::vector<SkyLight> skyLights(double mjd);
+std::vector<ChartLight> skyLights(double mjd);

@@ -223,12 +223,12 @@ void drawBodies(QPainter& painter, const SkyFrame& sky, const SkyView& view, con
 
 }  // namespace
 
-std::vector<SkyLight> skyLights(double mjd)
+std::vector<ChartLight> skyLights(double mjd)
 {
     static const StarVectors vectors = unitVectorsOfStars();
     const SkyView view(mjd);
     const Mat3 precession = pmatequ(starEpoch, julcent(view.mjd));
-    std::vector<SkyLight> lights;
+    std::vector<ChartLight> lights;
     const auto add = [&](const QString& name, const Horizontal& place, double magnitude) {
         if (place.el > 0.0)
             lights.push_back({name, place.az * degPerRad, place.el * degPerRad, magnitude});
