@@ -20,12 +20,13 @@
 #include "dialogs/st_adj_dialog.h"
 #include "dialogs/st_ast_dialog.h"
 #include "dialogs/st_brightest_dialog.h"
+#include "dialogs/st_chart_dialog.h"
 #include "dialogs/st_date_dialog.h"
 #include "dialogs/st_delta_dialog.h"
 #include "dialogs/st_edit_orb_dialog.h"
-#include "dialogs/st_follow_dialog.h"
 #include "dialogs/st_field_dialog.h"
 #include "dialogs/st_fit_dialog.h"
+#include "dialogs/st_follow_dialog.h"
 #include "dialogs/st_horizon_dialog.h"
 #include "dialogs/st_iers_dialog.h"
 #include "dialogs/st_iridium_dialog.h"
@@ -97,6 +98,7 @@ const DialogCase dialogCases[] = {
     {"Orbit Determination", make<StOrbDetDialog>, "", "okButton", "cancelButton"},
     {"Astrometry", make<StAstDialog>, "", "okButton", "cancelButton"},
     {"Pass Details", make<StPassDialog>, "", "closeButton", nullptr},
+    {"Chart", []() -> QDialog* { return new StChartDialog(PassChart()); }, "", "closeButton", nullptr},
     {"Horizon", make<StHorizonDialog>, "", "okButton", "cancelButton", "", "fileEdit"},
     {"Element Sources", make<StSourcesDialog>, "", "okButton", "cancelButton"},
     {"Brightest Passes", make<StBrightestDialog>, "", "mapButton", "closeButton"},
@@ -397,8 +399,8 @@ private Q_SLOTS:
 
     void okIsTheDefaultAndAcceptsAndCancelRejects()
     {
-        const QMap<QString, const char*> searches{{"Select Satellite", "findButton"}, {"Fit Elements", "fitButton"},
-                                                    {"Brightest Passes", "searchButton"}};
+        const QMap<QString, const char*> searches{
+            {"Select Satellite", "findButton"}, {"Fit Elements", "fitButton"}, {"Brightest Passes", "searchButton"}};
         for (const DialogCase& c : dialogCases) {
             const std::unique_ptr<QDialog> fresh(c.maker());
             const char* search = searches.value(c.title, nullptr);
