@@ -6,10 +6,10 @@
 #include "astro/angles.h"
 #include "astro/earth.h"
 #include "astro/time_scales.h"
+#include "orbit/sgp4.h"
 
 namespace {
 
-constexpr double eqeqSecondsPerRad = 13750.9870831;
 constexpr double earthRadPerDay = 1.00273790935 * twoPi;
 
 // Nutation moves by less than 0.3 arc seconds a day: 3e-9 radians within `goodDays`. The sidereal time of a date as a
@@ -21,7 +21,7 @@ constexpr double roundingsKm = 1e-6;
 
 NearSight::NearSight(const Scene& s)
     : anchor(s.mjd),
-      toTrue(s.nutation * zrot(-s.eqeq / eqeqSecondsPerRad)),
+      toTrue(s.nutation * analyticTurn(s.nutation, s.eqeq, s.models.corrections)),
       cosLat(std::cos(s.lat)),
       sinLat(std::sin(s.lat)),
       fromAxis(s.site.rho * earthRadiusKm),

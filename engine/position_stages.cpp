@@ -96,17 +96,6 @@ Vec3 occultationTarget(const Scene& s)
     return s.epochChosen ? mxvct(mxtrn(s.toEpoch), target) : target;
 }
 
-/// By the year of the date.
-double ttUtOf(double mjd, const EarthOrientation& earth)
-{
-    int day = 0;
-    int month = 0;
-    int year = 0;
-    double hour = 0;
-    caldat(mjd, day, month, year, hour);
-    return ttMinusUt(earth, year);
-}
-
 }  // namespace
 
 double wrapPi(double x)
@@ -124,7 +113,7 @@ void setTimes(Scene& s, double mjd)
     s.ut1 = clampedUt1(mjd, s.models.earth.iers, s.models.earth.ut1Utc);
     if (const double day = std::floor(s.mjd); day != s.ttUtDay) {
         s.ttUtDay = day;
-        s.ttUt = ttUtOf(s.mjd, s.models.earth);
+        s.ttUt = ttMinusUt(s.models.earth, s.mjd);
     }
     s.T = julcent(s.mjd + s.ttUt / 86400.0);
 }

@@ -11,7 +11,6 @@ namespace {
 
 constexpr double gmKm3PerDay2 = 2.9755364003e15;  // that of the two-body models here; others stand beside their users
 constexpr double secondsPerDay = 86400.0;
-constexpr double eqeqSecondsPerRad = 13750.9870831;
 
 // Squares and cubes of a state inside these limits are finite.
 constexpr double farthestKm = 1e15;
@@ -31,13 +30,14 @@ void replaceSenselessState(Vec3& r, Vec3& v)
     v.assign(0.0, 10.0, 0.0);
 }
 
-/// SGP4 counts right ascension from the mean equinox on the true equator.
+/// SGP4 counts right ascension from the mean equinox on the true equator. What comes out is taken for a state in the
+/// mean equator, and nutation applied to it once more, unless a correction brings it there.
 void analyticState(Scene& s)
 {
     const double days = s.mjd - s.in->mjdep[s.isat];
     if (!s.ahead || !s.ahead->find(days, s.r, s.v))
         Sgp4(s.in, days, s.isat, s.r, s.v);
-    const Mat3 turn = zrot(-s.eqeq / eqeqSecondsPerRad);
+    const Mat3 turn = analyticTurn(s.nutation, s.eqeq, s.models.corrections);
     s.r = mxvct(turn, s.r);
     s.v = mxvct(turn, s.v);
 }

@@ -49,11 +49,9 @@ double withoutRefraction(double seen)
 Sight::Sight(const EarthOrientation& earth, const SitedObservation& sited, double mjd, bool againstStars)
     : when(mjd), second(mxidn()), aberration(0, 0, 0)
 {
-    int day = 0, month = 0, year = 0;
-    double hour = 0, eqeq = 0;
-    caldat(mjd, day, month, year, hour);
+    double eqeq = 0;
     const double ut1 = mjd + (earth.iers ? earth.ut1Utc : 0.0) / secondsPerDay;
-    const double T = julcent(ut1 + ttMinusUt(earth, year) / secondsPerDay);
+    const double T = julcent(ut1 + ttMinusUt(earth, mjd) / secondsPerDay);
     const Mat3 nutation = nutmat(T, eqeq, true);
     const Mat3 toTrue = zrot(-eqeq * twoPi / secondsPerDay);
     const Site& site = sited.site;

@@ -235,10 +235,7 @@ void derivatives(double mjd, const double* y, const Forces& forces, const SunMoo
 
 SunMoon sunMoonAt(double mjd, const EarthOrientation& earth)
 {
-    int day, month, year;
-    double hour;
-    caldat(mjd, day, month, year, hour);
-    const double T = julcent(mjd + ttMinusUt(earth, year) / 86400.0);
+    const double T = julcent(mjd + ttMinusUt(earth, mjd) / 86400.0);
     Sun200 sun;
     Moon200 moon;
     return {aberrat(T, eclequ(T, sun.position(T))) * auM, eclequ(T, moon.position(T)) * earthRadiusM};

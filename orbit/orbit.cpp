@@ -1,8 +1,10 @@
 #include "orbit/orbit.h"
 
+#include "astro/calendar.h"
 #include "astro/time_scales.h"
 
 #include <algorithm>
+#include <cmath>
 #include <iterator>
 
 Orbit orbitOf(const WinpData& in, int slot)
@@ -84,12 +86,20 @@ Forces forcesOf(const WinpData& in, int slot)
 
 EarthOrientation earthOrientationOf(const WinpData& in)
 {
-    return {in.IERSflg, in.Ut1Utc, in.UtcTai, in.IERSxp, in.IERSyp};
+    return {in.IERSflg, in.Ut1Utc, in.UtcTai,
+            in.IERSxp,  in.IERSyp, in.models.publishedLeapSeconds ? &leapSeconds() : nullptr};
 }
 
-double ttMinusUt(const EarthOrientation& earth, int year)
+double ttMinusUt(const EarthOrientation& earth, double mjd)
 {
-    return earth.iers ? ttTaiSeconds - earth.utcTai : DefTdUt(year);
+    if (earth.iers)
+        return ttTaiSeconds - earth.utcTai;
+    if (earth.leapSeconds && mjd >= firstUtcMjd)
+        return ttTaiSeconds + taiMinusUtc(std::floor(mjd), *earth.leapSeconds);
+    int day = 0, month = 0, year = 0;
+    double hour = 0;
+    caldat(mjd, day, month, year, hour);
+    return DefTdUt(year);
 }
 
 void putCurrentState(const StateVector& state, WinpData& in, int slot)

@@ -5,6 +5,7 @@
 #pragma once
 
 #include "astro/vec3.h"
+#include "record/leap_table.h"
 #include "record/winp_data.h"
 
 /// How a satellite is moved from its epoch to a wanted time.
@@ -42,7 +43,7 @@ struct StateVector
 };
 
 /// How the Earth stands in space. Without the IERS values all but the polar motion counts as 0, and TT minus UT is
-/// the default of the year.
+/// the default of the year, or follows the leap seconds.
 struct EarthOrientation
 {
     bool iers = false;  // IERS values in force: they need the full nutation
@@ -50,6 +51,7 @@ struct EarthOrientation
     int utcTai = 0;     // UTC minus TAI, whole seconds (negative)
     double xp = 0;      // polar motion, arc seconds; in force with and without the others
     double yp = 0;
+    const LeapSeconds* leapSeconds = nullptr;  // TT follows this table without the IERS values; lives on
 };
 
 /// What the numeric propagator needs beyond a state. Gravity of the Earth always acts.
@@ -75,7 +77,7 @@ struct Forces
     Corrections corrections{};    // of the analytic model too
 };
 
-/// All that decides where a satellite is. Some 500 bytes without a pointer.
+/// All that decides where a satellite is. Some 500 bytes that own nothing.
 struct Orbit
 {
     char name[21] = {};  // NUL terminated
@@ -113,8 +115,9 @@ Forces forcesOf(const WinpData& in, int slot);
 /// The IERS values of the record, whether in force or not.
 EarthOrientation earthOrientationOf(const WinpData& in);
 
-/// TT minus UT in seconds: by the IERS values if they are in force, else the default of the calendar year.
-double ttMinusUt(const EarthOrientation& earth, int year);
+/// TT minus UT in seconds at an instant (MJD UTC): by the IERS values if they are in force, else by the leap seconds if
+/// there is a table and the instant is not before 1961, else the default of the calendar year. The same for a whole day.
+double ttMinusUt(const EarthOrientation& earth, double mjd);
 
 /// Makes a state the current one of a slot: `cstm`, `csr0` to `csv2`. Nothing else changes.
 void putCurrentState(const StateVector& state, WinpData& in, int slot);

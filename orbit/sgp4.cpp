@@ -264,6 +264,13 @@ void give(const Sgp4State& s, Vec3& r, Vec3& v)
 
 }  // namespace
 
+Mat3 analyticTurn(const Mat3& nutation, double eqeq, const Corrections& corrections)
+{
+    constexpr double eqeqSecondsPerRad = 13750.9870831;
+    const Mat3 turn = zrot(-eqeq / eqeqSecondsPerRad);
+    return corrections.nutationOnce ? mxtrn(nutation) * turn : turn;
+}
+
 void Sgp4(WinpData* in, double t, int k, Vec3& r, Vec3& v)
 {
     const gravconsttype whichconst = prepareSlot(in, k);

@@ -12,6 +12,7 @@
 #include <cstdint>
 #include <span>
 
+#include "astro/mat3.h"
 #include "astro/vec3.h"
 #include "record/corrections.h"
 #include "record/winp_data.h"
@@ -136,6 +137,13 @@ struct Sgp4State
 /// last place, see orbit/lane_functions.h.
 void sgp4Series(gravconsttype whichconst, elsetrec& sat, std::span<const double> tsince, std::span<Sgp4State> states,
                 ModelForm form = ModelForm::early);
+
+/// From the true equator and mean equinox, in which SGP4 works, to the frame in which its states are handed on: the
+/// true equator and equinox, which later stages take for the mean ones, or with the nutation once the mean ones.
+///
+/// @param nutation  mean to true equator of date
+/// @param eqeq      equation of the equinoxes, seconds of time
+Mat3 analyticTurn(const Mat3& nutation, double eqeq, const Corrections& corrections);
 
 /// Position (km) and velocity (km/s) of slot `k`, `t` days from its epoch.
 ///

@@ -2,6 +2,7 @@
 
 #include "astro/calendar.h"
 #include "astro/time_scales.h"
+#include "record/leap_table.h"
 
 #include <cmath>
 
@@ -101,7 +102,12 @@ double RT_MJD(WinpData* in)
 
 double SetTtUt(const WinpData* in, int year)
 {
-    return in->IERSflg ? ttTaiSeconds - in->UtcTai : DefTdUt(year);
+    if (in->IERSflg)
+        return ttTaiSeconds - in->UtcTai;
+    const double instant = year == in->year ? in->mjd : mjd(1, 1, year, 0.0);
+    if (in->models.publishedLeapSeconds && instant >= firstUtcMjd)
+        return ttTaiSeconds + taiMinusUtc(std::floor(instant), leapSeconds());
+    return DefTdUt(year);
 }
 
 int utcTaiOf(double ttut)

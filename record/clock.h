@@ -31,7 +31,8 @@ void setNewMjd(WinpData* in);
 /// unchanged, `GBL_timezone` is renewed.
 double RT_MJD(WinpData* in);
 
-/// TT minus UT in seconds: by `UtcTai` if the IERS values are in force, else the default of the calendar year.
+/// TT minus UT in seconds: by `UtcTai` if the IERS values are in force, else the default of the calendar year. With
+/// published leap seconds what these give at `mjd` of the record, or at the start of another year.
 double SetTtUt(const WinpData* in, int year);
 
 /// UTC minus TAI in whole seconds that a TT minus UT stands for: 65.184 gives -33.

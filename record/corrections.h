@@ -9,7 +9,9 @@
 /// What is computed as published in place of the way of this program. All off: every figure is as ever.
 struct Corrections
 {
-    bool deepSpacePublished = false;  // SGP4 and SDP4 as in AIAA 2006-6753, see `ModelForm`
+    bool nutationOnce = false;          // states of SGP4 come in the mean equator before nutation is applied
+    bool deepSpacePublished = false;    // SGP4 and SDP4 as in AIAA 2006-6753, see `ModelForm`
+    bool publishedLeapSeconds = false;  // TT follows the table of leap seconds
 
     bool operator==(const Corrections&) const = default;
 };
@@ -22,7 +24,9 @@ struct CorrectionName
 };
 
 inline constexpr std::array correctionNames{
+    CorrectionName{"nutation", &Corrections::nutationOnce},
     CorrectionName{"deep-space", &Corrections::deepSpacePublished},
+    CorrectionName{"leap-seconds", &Corrections::publishedLeapSeconds},
 };
 
 /// All of them.

@@ -196,7 +196,6 @@ struct WinpData
     int recflg = 0;          // selection: 1 = recent launches only
     int srcmd = 0;           // selection: 0 name, 1 NORAD number, 2 designator
     int paflg = 0;           // perigee/apogee entry in the element editor
-    Corrections models{};    // peculiarities of the models that are put right; all off after `setDefaults`
 
     // Per satellite. Entries at and above satn mean nothing; the work and the parked slot follow the selected ones.
     int norad[slotCount] = {};         // NORAD number
@@ -243,6 +242,8 @@ struct WinpData
     bool ionf[slotCount] = {};     // continuous thrust on
     bool suns[slotCount] = {};     // thrust needs sunshine
     bool epu[slotCount] = {};      // update the epoch state after each integration step
+
+    Corrections models{};  // peculiarities of the models that are put right; all off after `setDefaults`
 };
 
 /// Made before main, never freed.

@@ -174,6 +174,7 @@ void VorlixView::vModels()
     indata->models = dialog.values();
     storeCorrections(indata->models);
     indata->sgpsat = noSlot;
+    indata->ttut = SetTtUt(indata, indata->year);
 }
 
 void VorlixView::vSysConf()

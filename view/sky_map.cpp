@@ -14,6 +14,7 @@
 #include "astro/planets.h"
 #include "astro/sun_moon.h"
 #include "engine/clamped_values.h"
+#include "orbit/orbit.h"
 #include "record/clock.h"
 #include "view/constellation_data.h"
 #include "view/map_labels.h"
@@ -167,10 +168,7 @@ struct SkyBody
 std::array<SkyBody, 7> bodiesAt(const SkyView& view, const BodyColours& colours)
 {
     constexpr double earthRadiiPerAu = 23454.77992;
-    int day = 0, month = 0, year = 0;
-    double hours = 0;
-    caldat(view.mjd, day, month, year, hours);
-    const double T = julcent(view.mjd + SetTtUt(indata, year) / 86400.0);
+    const double T = julcent(view.mjd + ttMinusUt(earthOrientationOf(*indata), view.mjd) / 86400.0);
 
     Sun200 sunSeries;
     Moon200 moonSeries;

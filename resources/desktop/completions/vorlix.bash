@@ -29,7 +29,7 @@ _vorlix()
             --sort) words="time magnitude" ;;
             --kind) words="sun moon place flare iridium" ;;
             --frame) words="true-of-date mean-of-date j2000 earth-fixed" ;;
-            --models) words="modern" ;;
+            --models) words="modern nutation deep-space leap-seconds" ;;
             --from) words="now tonight" ;;
             --to) words="now" ;;
             --at) words="now" ;;
