@@ -8,6 +8,7 @@
 #include "engine/position.h"
 #include "orbit/attitude.h"
 #include "orbit/conversions.h"
+#include "orbit/mean_elements.h"
 #include "orbit/mean_motion.h"
 
 namespace {
@@ -67,7 +68,7 @@ void putHyperbola(WinpData* in, int slot, double perigeeTime)
     in->n0[slot] = in->ecc[slot] == 1.0 ? in->a[slot] : (1.0 - in->ecc[slot]) * in->a[slot];
 }
 
-void putEllipse(WinpData* in, int slot, const Flight& flight)
+void putEllipse(WinpData* in, int slot, double t, const Flight& flight)
 {
     if (!hasMeanElements(flight.r, flight.v))
         in->aflg[slot] = 0;
@@ -75,7 +76,9 @@ void putEllipse(WinpData* in, int slot, const Flight& flight)
         in->n0[slot] = getn0(in->a[slot], in->ecc[slot], in->inc[slot]);
         return;
     }
-    rv2el(flight.r, flight.v, in->inc[slot], in->ra[slot], in->ecc[slot], in->aper[slot], in->m0[slot], in->n0[slot]);
+    Elements e = elementsOf(*in, slot);
+    putMeanElements({t, flight.r, flight.v}, analyticModelOf(*in), e);
+    putElements(e, *in, slot);
     in->a[slot] = getsax(1, in->n0[slot], in->ecc[slot], in->inc[slot]);
 }
 
@@ -99,7 +102,7 @@ int applyImpulse(WinpData* in, double dv, double yaw, double pitch)
     const double perigeeTime = putOsculatingElements(in, slot, t, flight);
     in->sgpsat = noSlot;
     if (in->ecc[slot] < 1.0) {
-        putEllipse(in, slot, flight);
+        putEllipse(in, slot, t, flight);
         return 0;
     }
     putHyperbola(in, slot, perigeeTime);

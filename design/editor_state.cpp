@@ -35,14 +35,14 @@ bool hasSgp4Elements(const State& state)
     return hasMeanElements(metresPerKm * state.r, metresPerKm * state.v);
 }
 
-Elements elementsOf(const State& state, double epoch, bool sgp4)
+Elements elementsOf(const State& state, double epoch, bool sgp4, const AnalyticModel& model)
 {
     Elements e;
     double perigeeTime = 0;
     oscelm(gmKm3PerDay2, epoch, state.r, secondsPerDay * state.v, perigeeTime, e.m0, e.a, e.ecc, e.ra, e.aper, e.inc);
     e.epoch = e.ecc >= 1.0 ? perigeeTime : epoch;
     if (sgp4 && hasSgp4Elements(state))
-        rv2el(metresPerKm * state.r, metresPerKm * state.v, e.inc, e.ra, e.ecc, e.aper, e.m0, e.n0);
+        putMeanElements({epoch, metresPerKm * state.r, metresPerKm * state.v}, model, e);
     return e;
 }
 

@@ -2,6 +2,7 @@
 #pragma once
 
 #include "astro/vec3.h"
+#include "orbit/mean_elements.h"
 #include "orbit/orbit.h"
 
 namespace editor {
@@ -25,7 +26,9 @@ State stateOf(const Elements& elements);
 /// Without `sgp4` they are osculating, and `n0` is 0: it follows from the axis. With it an ellipse for which the
 /// analytic model has elements gets those, except for its axis. From an eccentricity of 1 on the epoch is the time of perigee. The rates
 /// and the drag term are 0.
-Elements elementsOf(const State& state, double epoch, bool sgp4);
+///
+/// @param model  what the analytic elements shall return the state by, if the inversion is to be exact
+Elements elementsOf(const State& state, double epoch, bool sgp4, const AnalyticModel& model = {});
 
 /// The elements of a satellite that stands above this longitude (degrees, east positive) at the epoch (UT1, MJD).
 Elements geostationary(double longitude, double epoch);

@@ -11,6 +11,7 @@
 #include "astro/vec3.h"
 #include "engine/epoch_state.h"
 #include "orbit/conversions.h"
+#include "orbit/mean_elements.h"
 #include "orbit/mean_motion.h"
 #include "orbit/orbit.h"
 
@@ -139,8 +140,11 @@ double launchDelay(const WinpData& in, int i)
     const double targetRate = targetNodeRate(in, j);
     const double apart = radPerDeg * (in.ra[i] - in.ra[j]) - (in.mjdep[i] - in.mjdep[j]) * targetRate;
     double delay = atan20(std::sin(apart), std::cos(apart)) / earthTurnRadPerDay;
-    if (in.rztime != 0.0)
-        delay = delay - (chaserNodeRate(in, i) - targetRate) * in.rztime / earthTurnRadPerDay - ascentDays(in);
+    if (in.rztime == 0.0)
+        return clampedShift(delay);
+    const double drift = (chaserNodeRate(in, i) - targetRate) * in.rztime / earthTurnRadPerDay;
+    // The planes meet after the drift if it is added; the node has the ascent in it already.
+    delay = in.models.rendezvousDrift ? delay + drift : delay - drift - ascentDays(in);
     return clampedShift(delay);
 }
 
@@ -160,7 +164,9 @@ void convertToSgp4(WinpData* in, int i)
         in->aflg[i] = 0;
         return;
     }
-    rv2el(state.r, state.v, in->inc[i], in->ra[i], in->ecc[i], in->aper[i], in->m0[i], in->n0[i]);
+    Elements e = elementsOf(*in, i);
+    putMeanElements(state, analyticModelOf(*in), e);
+    putElements(e, *in, i);
     in->a[i] = getsax(1, in->n0[i], in->ecc[i], in->inc[i]);
 }
 

@@ -324,7 +324,8 @@ void StEditOrbDialog::stateSlot()
 
 void StEditOrbDialog::takeState(const editor::State& state, const editor::YearDay& epoch)
 {
-    const Elements e = editor::elementsOf(state, editor::mjdOf(epoch), spg4Box->isChecked());
+    const Elements e =
+        editor::elementsOf(state, editor::mjdOf(epoch), spg4Box->isChecked(), analyticModelOf(*indata));
     const bool ellipse = e.ecc < 1.0;
     if (spg4Box->isChecked() && ellipse && !editor::hasSgp4Elements(state)) {
         spg4Box->setChecked(false);

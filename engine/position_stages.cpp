@@ -244,7 +244,8 @@ void findAzimuthElevation(Scene& s)
 
 void findBeta(Scene& s)
 {
-    const Vec3 n = vnorm(s.r) * vnorm(s.v);
+    const Vec3 product = vnorm(s.r) * vnorm(s.v);
+    const Vec3 n = s.models.corrections.betaOfPlane ? vnorm(product) : product;
     const double sine = std::clamp(dot(n, vnorm(s.sun)), -1.0, 1.0);
     s.sp->beta[s.isat] = std::asin(sine) * degPerRad;
 }

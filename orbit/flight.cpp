@@ -67,6 +67,7 @@ private:
     Vec3 place() const { return {y[0], y[1], y[2]}; }
     void step(double size, double& proposal);
     void keepFromVanishing();
+    void testAgain();
     void approach(bool refresh);
     void correct();
 
@@ -101,14 +102,19 @@ void Flight::step(double size, double& proposal)
 }
 
 /// A proposal that is too small is replaced, and the step taken without an error test. Every second time the test
-/// comes back; until then the steps that follow go untested too.
+/// comes back; until then the steps that follow go untested too, unless a correction brings it back at
+/// the first of them that needs no such help.
 void Flight::keepFromVanishing()
 {
     const double least = 0.1 * std::abs(hmax);
     const double size = std::abs(h);
     const int limit = forces.maxIterations;
-    if (size >= shortStepS || size >= least)
+    const bool measurable = std::abs(forces.tolerance) >= finestTolerance;
+    if (size >= shortStepS || size >= least) {
+        if (untested && measurable && forces.corrections.iterationLimit)
+            testAgain();
         return;
+    }
     if (limit == 0 && size >= vanishedStepS)
         return;
     // Without an iteration limit the tolerance cannot be met at all here, and steps of a tenth of a second would last
@@ -116,9 +122,15 @@ void Flight::keepFromVanishing()
     unreachable = unreachable || limit == 0;
     h = std::copysign(limit == 0 ? least : std::min(shortStepS, least), dt);
     // A tolerance below the resolution of a double is never met: testing for it again would only cost time.
-    const bool testAgain = untested && std::abs(forces.tolerance) >= finestTolerance;
-    untested = !testAgain;
-    integrator.SetMaxIter(testAgain ? limit : 1);
+    untested = !untested || !measurable;
+    integrator.SetMaxIter(untested ? 1 : limit);
+}
+
+/// The error test comes back.
+void Flight::testAgain()
+{
+    untested = false;
+    integrator.SetMaxIter(forces.maxIterations);
 }
 
 void Flight::approach(bool refresh)

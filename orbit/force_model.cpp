@@ -173,7 +173,7 @@ void addDrag(Evaluation& s, const Forces& f)
 {
     s.rt = mxvct(s.N, s.r);
     s.w = mxvct(s.N, s.v) - Vec3(0, 0, airRotationRadPerS) * s.rt;
-    const double rho = Jacc71(s.M, s.rt, s.bodies.sun, f.F107, f.FB107, f.Kp, s.h);
+    const double rho = Jacc71(s.M, s.rt, s.bodies.sun, f.F107, f.FB107, f.Kp, s.h, f.corrections);
     s.q = -0.5 * f.Cd * f.Am * rho * abs(s.w);
     s.a += mxvct(mxtrn(s.N), s.q * s.w);
 }

@@ -41,13 +41,14 @@ double geodeticHeightKm(const Vec3& r)
 }
 
 /// Temperature of the exosphere over the satellite: night-time minimum and diurnal bulge.
-double exosphericTemperature(const Vec3& place, const Vec3& sunPlace, double F107, double FB107)
+double exosphericTemperature(const Vec3& place, const Vec3& sunPlace, double F107, double FB107, bool reduced)
 {
     const double Tc = 379.0 + 3.24 * FB107 + 1.3 * (F107 - FB107);
     const double H = place[1] - sunPlace[1];
     const double dec = place[2];
     const double ds = sunPlace[2];
-    const double tau = H - 0.645772 + 0.10472 * std::sin(H + 0.750492);
+    const double bulge = H - 0.645772 + 0.10472 * std::sin(H + 0.750492);
+    const double tau = reduced ? std::remainder(bulge, twoPi) : bulge;  // the cube of its half's cosine has a sign
     const double c = std::cos(tau / 2.0);
     const double c3 = c * c * c;
     const double a1 = std::pow(0.5 * (1.0 - std::cos(dec + ds)), 1.1);
@@ -81,14 +82,25 @@ double polynomial(double z, double Tinf)
     return sum;
 }
 
-double semiAnnualTerm(const Air& air)
+/// The variation with the time of the year: g(t) of the report.
+double semiAnnualPhase(const Air& air)
 {
     const double tau2 = air.phase + 0.09544 * (std::pow(0.5 * std::sin(twoPi * air.phase + 6.035) + 0.5, 1.65) - 0.5);
+    return (0.17829 * std::sin(twoPi * tau2 + 4.137) + 0.3817) * std::sin(2.0 * twoPi * tau2 + 4.259) + 0.02835;
+}
+
+/// As the report has it, at any height.
+double publishedSemiAnnualTerm(const Air& air)
+{
+    const double f = (5.876e-7 * std::pow(air.z, 2.331) + 0.06328) * std::exp(-0.002868 * air.z);
+    return f * semiAnnualPhase(air);
+}
+
+double semiAnnualTerm(const Air& air)
+{
     const double zc = std::min(air.z, 300.0);
     const double f = 5.876e-7 * std::pow(zc, 2.331) + 0.06328 * std::exp(-0.002868 * zc);
-    const double g2 =
-        (0.17829 * std::sin(twoPi * tau2 + 4.137) + 0.3817) * std::sin(2.0 * twoPi * tau2 + 4.259) + 0.02835;
-    const double term = f * g2;
+    const double term = f * semiAnnualPhase(air);
     return air.z > 300.1 ? term * (400.0 - air.z) / 100.0 : term;
 }
 
@@ -100,19 +112,22 @@ double seasonalLatitudinalTerm(const Air& air)
     return 0.014 * dz * std::exp(-0.0013 * (dz * dz)) * sq * std::sin(twoPi * air.phase + 1.72);
 }
 
-double logDensity(const Air& air)
+double logDensity(const Air& air, bool published)
 {
     double L = polynomial(air.z, withGeomagneticEffect(air));
     if (air.z < 350.0)
         L += (0.012 * air.Kp + 1.2e-5 * air.expKp) * (1.0 - air.high);
-    if (air.z < 400.0)
+    if (published)
+        L += publishedSemiAnnualTerm(air);
+    else if (air.z < 400.0)
         L += semiAnnualTerm(air);
     return L + seasonalLatitudinalTerm(air);
 }
 
 }  // namespace
 
-double Jacc71(double mjd, const Vec3& r, const Vec3& sun, double F107, double FB107, double Kp, double& height)
+double Jacc71(double mjd, const Vec3& r, const Vec3& sun, double F107, double FB107, double Kp, double& height,
+              const Corrections& corrections)
 {
     const double R = abs(r);
     height = topKm;
@@ -129,11 +144,11 @@ double Jacc71(double mjd, const Vec3& r, const Vec3& sun, double F107, double FB
     air.Kp = Kp;
     air.expKp = std::exp(Kp);
     const Vec3 place = carpol(r);
-    air.temperature = exosphericTemperature(place, carpol(sun), F107, FB107);
+    air.temperature = exosphericTemperature(place, carpol(sun), F107, FB107, corrections.airHourAngle);
     air.declination = place[2];
     air.phase = (mjd - 36204.0) / 365.2422;
 
-    const double rho = std::pow(10.0, logDensity(air));
+    const double rho = std::pow(10.0, logDensity(air, corrections.airSemiAnnual));
     if (h < bottomKm && rho > 0)
         return rho * std::exp((bottomKm - h) * std::log(groundKgPerM3 / rho) / bottomKm);
     return rho;

@@ -2,6 +2,7 @@
 
 #include "astro/calendar.h"
 #include "astro/two_body.h"
+#include "orbit/mean_elements.h"
 
 #include <utility>
 
@@ -10,7 +11,14 @@ namespace {
 void meanElements(WinpData& in, double& inc, double& ra, double& e, double& aper, double& m0, double& n0)
 {
     const StateVector s = epochStateOf(in, in.prs);
-    rv2el(s.r, s.v, inc, ra, e, aper, m0, n0);
+    Elements found = elementsOf(in, in.prs);
+    putMeanElements(s, analyticModelOf(in), found);
+    inc = found.inc;
+    ra = found.ra;
+    e = found.ecc;
+    aper = found.aper;
+    m0 = found.m0;
+    n0 = found.n0;
     in.sgpsat = noSlot;
 }
 

@@ -3,7 +3,7 @@
 
 #include "orbit/conversions.h"
 
-/// `rv2el` of the epoch state. Sets `sgpsat` to `noSlot`.
+/// `putMeanElements` of the epoch state. Sets `sgpsat` to `noSlot`.
 void cvSGP4(double& inc, double& ra, double& e, double& aper, double& m0, double& n0);
 
 /// Osculating eccentricity of the epoch state, and its time of perigee (MJD).

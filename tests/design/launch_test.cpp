@@ -103,7 +103,7 @@ double angleOfPlanes(WinpData* in, double t)
 {
     const State target = stateAt(in, 0, t);
     const State chaser = stateAt(in, 1, t);
-    return degPerRad * std::acos(dot(vnorm(target.r * target.v), vnorm(chaser.r * chaser.v)));
+    return degPerRad * std::acos(std::min(dot(vnorm(target.r * target.v), vnorm(chaser.r * chaser.v)), 1.0));
 }
 
 struct Rendezvous
@@ -159,6 +159,10 @@ TEST(Launch, MeetsThePlaneOfATargetAtTheTimeWorkedByHand)
         EXPECT_EQ(in->ra[0], c.ra);
         // the shift for the drift suits a station some 180 km above the chaser and the default time
         EXPECT_LT(angleOfPlanes(in, in->mjd + in->rztime), c.days == 1.3 ? 0.3 : 10.0);
+        in->models.rendezvousDrift = true;
+        for (int pass = 0; pass < 3; ++pass)
+            LaunchOrb(in);
+        EXPECT_LT(angleOfPlanes(in, in->mjd + in->rztime), 0.001);
     }
 }
 

@@ -60,6 +60,28 @@ TEST(Corrections, BringDirectionsToHalfASecondOfArc)
     EXPECT_GT(largestWithout * secondsOfArc, 60.0);
 }
 
+// The plane of an orbit moves less than a degree a day among the stars, and the Sun less than a degree as well.
+TEST(Corrections, KeepBetaAlongAnEccentricOrbit)
+{
+    Orbit orbit;
+    orbit.elements = {
+        .epoch = 58138.0, .a = 26560.0, .ra = 40.0, .aper = 270.0, .inc = 63.4, .ecc = 0.74, .n0 = 2.006};
+    double spread[2] = {};
+    for (const bool on : {false, true}) {
+        Models models;
+        models.corrections.betaOfPlane = on;
+        double low = 90.0, high = -90.0;
+        for (double t = 58138.0; t < 58138.5; t += 0.01) {
+            const double beta = predictPosition(orbit, t, {}, models).beta;
+            low = std::min(low, beta);
+            high = std::max(high, beta);
+        }
+        spread[on] = high - low;
+    }
+    EXPECT_LT(spread[1], 0.6);
+    EXPECT_GT(spread[0], 10.0);
+}
+
 TEST(Corrections, LetTerrestrialTimeFollowTheLeapSeconds)
 {
     WinpData in = recordAt(vienna);

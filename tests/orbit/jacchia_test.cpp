@@ -7,6 +7,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <utility>
 
 namespace {
 
@@ -88,6 +89,31 @@ TEST(Jacchia, SeasonsMoveTheDensity)
     };
     EXPECT_NEAR(northOverSouth(winter), 0.25, 0.03);
     EXPECT_NEAR(northOverSouth(winter + 182), -0.25, 0.03);
+}
+
+// The bulge of the day follows the Sun all round, and the semi-annual term is
+//   (5.876e-7 z^2.331 + 0.06328) exp(-0.002868 z) (0.02835 + (0.3817 + 0.17829 sin(2 pi t + 4.137)) sin(4 pi t + 4.259))
+// (SAO Special Report 332); the figures of the two days were worked out apart from this code.
+TEST(Jacchia, PublishedFormsHoldAtAllHoursAndHeights)
+{
+    Corrections published;
+    published.airHourAngle = published.airSemiAnnual = true;
+    const auto at = [&](double day, double heightKm, double place, double sun, const Corrections& c) {
+        double height = 0;
+        return Jacc71(day, polcar(Vec3(equatorM + 1000.0 * heightKm, place, 0)), polcar(Vec3(au, sun, 0)), 150, 150,
+                      3, height, c);
+    };
+    // the same hour angle, once across the zero of right ascension
+    EXPECT_NEAR(at(quietDay, 400, 0.2, 6.1, published) / at(quietDay, 400, 2.2, 1.8168146928204138, published), 1,
+                1e-9);
+    EXPECT_LT(at(quietDay, 400, 0.2, 6.1, {}) / at(quietDay, 400, 2.2, 1.8168146928204138, {}), 0.7);
+
+    const std::pair<double, double> heights[] = {
+        {200, 0.1114}, {300, 0.1733}, {350, 0.2052}, {450, 0.2629}, {800, 0.3505}};
+    for (const auto& [heightKm, octoberOverJuly] : heights)
+        EXPECT_NEAR(std::log10(at(58055, heightKm, 3, 3, published) / at(57965, heightKm, 3, 3, published)),
+                    octoberOverJuly, 1e-4)
+            << heightKm;
 }
 
 /// Largest step of the density at a height over 600 to 1900 K of the exosphere, as a ratio to 1.

@@ -29,7 +29,7 @@ _vorlix()
             --sort) words="time magnitude" ;;
             --kind) words="sun moon place flare iridium" ;;
             --frame) words="true-of-date mean-of-date j2000 earth-fixed" ;;
-            --models) words="modern nutation deep-space leap-seconds" ;;
+            --models) words="modern nutation deep-space leap-seconds beta rendezvous hour-angle semi-annual inversion integrator" ;;
             --from) words="now tonight" ;;
             --to) words="now" ;;
             --at) words="now" ;;

@@ -51,7 +51,7 @@ complete -c vorlix -n '__fish_seen_subcommand_from passes contacts' -l min-durat
 complete -c vorlix -n '__fish_seen_subcommand_from passes' -l brighter -x -d 'only passes that become so bright, with the magnitude'
 complete -c vorlix -n '__fish_seen_subcommand_from passes' -l dark-sky -d 'with --brighter: only those that twilight and moonlight leave to the unaided eye'
 complete -c vorlix -n '__fish_seen_subcommand_from passes' -l sort -x -a 'time magnitude' -d 'time or magnitude, the brightest first'
-complete -c vorlix -n '__fish_seen_subcommand_from passes events contacts look track state match next now fit field identify' -l models -x -a 'modern nutation deep-space leap-seconds' -d 'computed as published: modern for all, or names of single corrections with commas between'
+complete -c vorlix -n '__fish_seen_subcommand_from passes events contacts look track state match next now fit field identify' -l models -x -a 'modern nutation deep-space leap-seconds beta rendezvous hour-angle semi-annual inversion integrator' -d 'computed as published: modern for all, or names of single corrections with commas between'
 complete -c vorlix -n '__fish_seen_subcommand_from passes events contacts look track state match convert next now report fit field identify' -l no-config -d 'as if no configuration were saved'
 complete -c vorlix -n '__fish_seen_subcommand_from passes events contacts look track state match convert next now report fit field identify' -l clock -x -a 'now' -d 'the instant that counts as now, for answers that can be repeated'
 complete -c vorlix -n '__fish_seen_subcommand_from passes events contacts look track state match convert next now report fit field identify' -l help -d 'this text'
