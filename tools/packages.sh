@@ -30,7 +30,7 @@ need_packages() {
 }
 
 # the last three are optional: CMake says what the program lacks without them
-build_packages=(g++ cmake ninja-build qt6-base-dev libqt6svg6-dev fonts-urw-base35 fontconfig libgtest-dev locales libeigen3-dev
+build_packages=(g++ cmake ninja-build qt6-base-dev qt6-svg-dev fonts-urw-base35 fontconfig libgtest-dev locales libeigen3-dev
                 libcfitsio-dev wcslib-dev libexiv2-dev)
 
 # What build_preset builds; without a name here, everything.
